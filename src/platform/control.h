@@ -10,13 +10,18 @@ namespace orb {
 /// Twips to a pixel at 96 dpi: positions and sizes of controls are given in twips.
 constexpr int twipsPerPixel = 15;
 
-constexpr int pixels(int twips) { return twips / twipsPerPixel; }
-constexpr int twips(int pixels) { return pixels * twipsPerPixel; }
+constexpr int pixels(int twips)
+{
+    return twips / twipsPerPixel;
+}
+constexpr int twips(int pixels)
+{
+    return pixels * twipsPerPixel;
+}
 
 /// What every control adds to its Qt widget: `visible` and `enabled` that read back the control's own setting whatever
 /// its container's is, a tag text, and its place in twips.
-template <typename Widget>
-class Control : public Widget {
+template <typename Widget> class Control : public Widget {
 public:
     using Widget::Widget;
 

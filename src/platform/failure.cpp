@@ -49,10 +49,8 @@ QString descriptionOf(int number)
 } // namespace
 
 RuntimeFailure::RuntimeFailure(int number, const QString& description)
-    : number_(number), description_(description),
-      what_(QStringLiteral("%1: %2").arg(number).arg(description).toUtf8())
-{
-}
+    : number_(number), description_(description), what_(QStringLiteral("%1: %2").arg(number).arg(description).toUtf8())
+{}
 
 RuntimeFailure::RuntimeFailure(int number) : RuntimeFailure(number, descriptionOf(number)) {}
 

@@ -28,6 +28,9 @@ std::int32_t toLong(double value);
 QString text(double value);
 QString text(float value);
 QString text(std::int64_t value);
-inline QString text(int value) { return text(static_cast<std::int64_t>(value)); }
+inline QString text(int value)
+{
+    return text(static_cast<std::int64_t>(value));
+}
 
 } // namespace orb

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "control.h"
+
+#include <QListWidget>
+
+namespace orb {
+
+/// A list of texts, of which at most one is selected. Indexes count from 0; -1 is no selection.
+class ListBox : public Control<QListWidget> {
+public:
+    /// Another line was selected, by the operator or by an assignment; or the operator clicked the selected one.
+    std::function<void()> onClick;
+    std::function<void()> onDblClick;
+
+    explicit ListBox(QWidget* parent = nullptr);
+
+    int listCount() const { return count(); }
+    int listIndex() const;
+    /// Runs `onClick` inside the assignment when the selection changes. Throws `RuntimeFailure` 380 below -1 and from
+    /// the count on.
+    void setListIndex(int index);
+
+    /// The text of a line. Throws 380 for an index that has none.
+    QString list(int index) const;
+    /// The text of the selected line, empty without one.
+    QString selectedText() const;
+
+    void addItem(const QString& text) { QListWidget::addItem(text); }
+    void addItems(const QStringList& texts) { QListWidget::addItems(texts); }
+    /// Throws 380 for an index below 0 or above the count. The selection stays on its line.
+    void insertItem(const QString& text, int index);
+    /// Throws 380 for an index that has no line. Removing the selected line leaves no selection.
+    void removeItem(int index);
+    /// Empties the list; no handler runs.
+    void clear();
+
+    /// All lines, in their order.
+    QStringList items() const;
+
+    void setBackColor(const QColor& color);
+    QColor backColor() const { return palette().color(QPalette::Base); }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void select(int index);
+    void demand(bool valid) const;
+};
+
+} // namespace orb

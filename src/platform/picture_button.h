@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "control.h"
+
+#include <QToolButton>
+
+namespace orb {
+
+/// A push button with a caption and, above it, a picture.
+class PictureButton : public Control<QToolButton> {
+public:
+    std::function<void()> onClick;
+
+    explicit PictureButton(const QString& caption = {}, QWidget* parent = nullptr);
+
+    QString caption() const { return text(); }
+    void setCaption(const QString& caption) { setText(caption); }
+
+    /// The path of the picture as it was set, empty while there is none.
+    const QString& picture() const { return picture_; }
+    /// Throws as `loadPicture` does; the button keeps its picture then. The empty path takes the picture away.
+    void setPicture(const QString& path);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QString picture_;
+};
+
+} // namespace orb

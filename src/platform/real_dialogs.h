@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "dialogs.h"
+#include "run.h"
+
+#include <QMessageBox>
+
+class QFileDialog;
+
+namespace orb {
+
+/// The dialogues that the operator sees, above the active window of the program.
+class RealDialogs final : public Dialogs {
+public:
+    /// `title` is the application's title, on every box that has none of its own.
+    explicit RealDialogs(const QString& title) : title_(title) {}
+
+    Answer message(const QString& text, Icon icon, Buttons buttons) override;
+    bool showOpen() override;
+    bool showSave() override;
+
+private:
+    void prepare(QFileDialog& dialog) const;
+    bool take(QFileDialog& dialog);
+
+    QString title_;
+};
+
+/// Tells a failure that nothing caught and ends the process, without running anything more.
+class RealEnding final : public Ending {
+public:
+    explicit RealEnding(Dialogs& dialogs) : dialogs_(dialogs) {}
+    [[noreturn]] void report(const RuntimeFailure& failure) override;
+    [[noreturn]] void exit() override;
+
+private:
+    Dialogs& dialogs_;
+};
+
+} // namespace orb

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFile>
+
+#include <string_view>
+
+namespace orb {
+
+/// A text file open for output, which replaces what stood there. Lines end in a carriage return and a line feed, the
+/// text is UTF-8. What was written stays, however the writing ends.
+class OutputFile {
+public:
+    /// Throws `RuntimeFailure` 76 where the folder does not exist, 75 where a folder stands in the place of the file,
+    /// 70 where the file can't be written, 52 for an empty name.
+    explicit OutputFile(const QString& literal);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Appends `text` and a line end. Throws `RuntimeFailure` 61 where the disk takes no more, 57 on other trouble.
+    void writeLine(std::string_view text);
+    void writeLine(const QString& text);
+    /// Appends `text` as it is. Fails as `writeLine` does.
+    void write(std::string_view text);
+    /// Throws as `writeLine` does where the rest can't be written. Closing twice does nothing.
+    void close();
+
+private:
+    void flush();
+
+    QFile file_;
+    std::string buffer_;
+};
+
+} // namespace orb
