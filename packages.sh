@@ -1,0 +1,69 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=bash disable=SC2034
+#
+# The Debian packages that the project needs, in one place, and how ./run and ./test get them. Sourced, not run.
+
+# What compiles and runs the program and its tests. Every find_package() of the top CMakeLists.txt has a line here.
+build_packages=(
+    g++                     # with it the runtimes of the address and undefined-behaviour sanitizers
+    cmake
+    ninja-build
+    ccache                  # a second build costs seconds
+    qt6-base-dev            # Core, Gui, Widgets, Network, PrintSupport; the X11 and the offscreen platform
+    qt6-serialport-dev
+    libqcustomplot-dev
+    libqcustomplot2.1-qt6   # QCustomPlot built for Qt 6
+    libsqlite3-dev
+    libsqlitecpp-dev
+    sqlite3                 # makes the database from its schema, and is the export's yardstick
+    libgtest-dev
+    libgmock-dev
+    libbenchmark-dev
+    fonts-dejavu-core       # Qt brings no font of its own
+)
+
+# What a session without an X server needs besides.
+wayland_packages=(qt6-wayland)
+
+# What ./test lint needs besides.
+lint_packages=(clang-format clang-tidy git shellcheck)
+
+say() { printf '\n== %s\n' "$*"; }
+fail() { printf '%s: %s\n' "${0##*/}" "$*" >&2; exit 1; }
+
+# missing_packages NAME...: those of the packages that are not installed, one a line.
+missing_packages()
+{
+    local name
+    for name in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}\n' "$name" 2>/dev/null | grep -qx installed || echo "$name"
+    done
+}
+
+# need_packages NAME...: says which packages are missing and installs them, as root or with sudo. Where it can't, it
+# names the command that will, and ends the script.
+need_packages()
+{
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        say "This is no Debian system, so nothing is installed. Needed, by their Debian names:"
+        echo "   $*"
+        return
+    fi
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]})) || return 0
+
+    say "Missing packages: ${missing[*]}"
+    local by_hand="apt-get install --no-install-recommends ${missing[*]}"
+    local as_root=()
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || fail "neither root nor sudo here. Please have this run as root: $by_hand"
+        as_root=(sudo)
+        [[ -t 0 ]] || as_root+=(--non-interactive)
+        "${as_root[@]}" true || fail "sudo is refused. Please have this run as root: $by_hand"
+    fi
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
+    "${apt[@]}" update || echo "Some package lists could not be renewed; going on with those that are there."
+    "${apt[@]}" install --yes --no-install-recommends "${missing[@]}" ||
+        fail "the packages could not be installed. Please try: $by_hand"
+}
