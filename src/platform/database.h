@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "recordset.h"
+
+#include <memory>
+
+namespace orb {
+
+class Connection;
+
+/// One open database file, made by a `Workspace`. A statement that changes rows is on the disk before the call returns.
+///
+/// Failures are `RuntimeFailure` with SQLite's own message: 3075 for a statement that SQLite refuses, 3022 for a key
+/// that is there already, 3260 where another program holds the file, 3027 where it can't be written, 61 for a full
+/// disk, 57 for a disk that fails, 3049 for a damaged file, 3420 once the database is closed.
+class Database {
+public:
+    explicit Database(std::shared_ptr<Connection> connection);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// The file, as an absolute path.
+    QString path() const;
+
+    /// Runs one statement that gives no rows. Text behind the statement, other than white space, comments and one
+    /// semicolon, is a failure, and then nothing is run.
+    void execute(const QString& sql);
+
+    /// Opens the rows that one statement gives, read from the file as the recordset moves. The recordset may outlive
+    /// this object; once the database is closed every use of it fails.
+    std::unique_ptr<Recordset> openRecordset(const QString& sql);
+
+    /// Closes it. A second call does nothing.
+    void close();
+    bool isOpen() const;
+
+    /// The connection below it, for the data control. Throws 3420 once closed.
+    const std::shared_ptr<Connection>& connection() const;
+
+private:
+    std::shared_ptr<Connection> connection_;
+    QString path_;
+};
+
+} // namespace orb
