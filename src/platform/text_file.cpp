@@ -26,8 +26,8 @@ int openFailure(const QString& path)
 
 OutputFile::OutputFile(const QString& literal) : file_(realPath(literal))
 {
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        throw RuntimeFailure(openFailure(file_.fileName()));
+    if (literal.isEmpty() || !file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        throw RuntimeFailure(openFailure(literal.isEmpty() ? literal : file_.fileName()));
     buffer_.reserve(bufferSize + 4096);
 }
 

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "orb_ctrl.h"
+
+#include <deque>
+#include <vector>
+
+namespace orb {
+
+/// An instrument control whose every answer a test writes down beforehand.
+class FakeORBCtrl final : public ORBCtrl {
+public:
+    bool connected = false;
+    /// What the next reads of `IsConnected` give, one each; `connected` when none is left.
+    std::deque<bool> connectedReads;
+    std::int16_t linkType = 0;
+    std::int16_t channelCount = 0;
+    bool screenGrabbed = false;
+
+    /// What the control makes of a line; its result is the reply from then on.
+    std::function<QString(const QString& command)> onCommand;
+    /// What the next reads of `Reply` give, one each; the last result of `onCommand` when none is left.
+    std::deque<QString> replies;
+    std::function<void()> onReconnect;
+
+    /// Every line sent, and every other member called, in order.
+    std::vector<QString> sent;
+    std::vector<QString> calls;
+
+    void SendCommand(const QString& command) override;
+    QString Reply() override;
+    bool IsConnected() override;
+    std::int16_t LinkType() override { return linkType; }
+    std::int16_t ChannelCount() override { return channelCount; }
+    void PanelActive(bool active) override { called(active ? "PanelActive True" : "PanelActive False"); }
+    void ShowControlPage() override { called("ShowControlPage"); }
+    void ShowConnectPage() override { called("ShowConnectPage"); }
+    void Reconnect() override;
+    bool GrabScreen() override;
+    void FetchSequenceFile() override { called("FetchSequenceFile"); }
+    void FetchProgramFile() override { called("FetchProgramFile"); }
+    void SendProgramFile() override { called("SendProgramFile"); }
+
+private:
+    void called(const char* member) { calls.push_back(QString::fromLatin1(member)); }
+
+    QString reply_;
+};
+
+} // namespace orb

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "form.h"
+#include "recorded_ending.h"
+#include "virtual_clock.h"
+
+#include <gmock/gmock.h>
+
+namespace orb {
+
+/// A form for controls to stand on, with a run that ends as a fact and a virtual clock.
+class FormTest : public testing::Test {
+protected:
+    /// Puts a control on the form.
+    template <typename Widget> Widget& put(Widget& control)
+    {
+        control.setParent(&form);
+        return control;
+    }
+
+    RecordedEnding ending;
+    orb::Run run{ending};
+    VirtualClock clock{run};
+    Form form{run};
+};
+
+} // namespace orb
