@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database.h"
+
+#include "connection.h"
+#include "failure.h"
+#include "query_recordset.h"
+#include "sql_dialect.h"
+
+namespace orb {
+
+Database::Database(std::shared_ptr<Connection> connection)
+    : connection_(std::move(connection)), path_(connection_->path())
+{}
+
+Database::~Database() = default;
+
+QString Database::path() const
+{
+    return path_;
+}
+
+void Database::execute(const QString& sql)
+{
+    connection()->execute(sql);
+}
+
+std::unique_ptr<Recordset> Database::openRecordset(const QString& sql)
+{
+    return std::make_unique<QueryRecordset>(*connection(), translateSql(sql.toStdString()).sql);
+}
+
+void Database::close()
+{
+    connection_.reset();
+}
+
+bool Database::isOpen() const
+{
+    return connection_ && connection_->isOpen();
+}
+
+const std::shared_ptr<Connection>& Database::connection() const
+{
+    if (!isOpen())
+        throw RuntimeFailure(failure::ObjectClosed);
+    return connection_;
+}
+
+} // namespace orb

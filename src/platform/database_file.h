@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+namespace SQLite {
+class Database;
+}
+
+namespace orb {
+
+/// Opens the database file at `path`, which must be absolute, for reading and writing beside other programs. A file
+/// that is refused keeps every byte; see `Workspace::openDatabase` for what is thrown.
+std::unique_ptr<SQLite::Database> openDatabaseFile(const QString& path);
+
+} // namespace orb

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "prepared_statement.h"
+
+#include "connection.h"
+#include "sqlite_failure.h"
+
+#include <sqlite3.h>
+
+namespace orb {
+
+PreparedStatement::PreparedStatement(Connection& connection, std::string_view sql) : connection_(&connection)
+{
+    sqlite3* database = connection.handle();
+    const char* rest = nullptr;
+    if (sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &handle_, &rest) != SQLITE_OK)
+        throw lastSqliteFailure(database);
+    if (!handle_ || rest != sql.data() + sql.size()) { // the dialect lets nothing of the kind come here
+        sqlite3_finalize(handle_);
+        throw RuntimeFailure(failure::StatementFailed, QStringLiteral("Not one single statement"));
+    }
+    connection.enroll(*this);
+}
+
+PreparedStatement::~PreparedStatement()
+{
+    if (connection_)
+        connection_->strikeOut(*this);
+    sqlite3_finalize(handle_);
+}
+
+void PreparedStatement::abandon()
+{
+    sqlite3_finalize(handle_);
+    handle_ = nullptr;
+    connection_ = nullptr;
+}
+
+Connection& PreparedStatement::connection() const
+{
+    handle();
+    return *connection_;
+}
+
+sqlite3_stmt* PreparedStatement::handle() const
+{
+    if (!handle_)
+        throw RuntimeFailure(failure::ObjectClosed);
+    return handle_;
+}
+
+void PreparedStatement::check(int code) const
+{
+    if (code != SQLITE_OK)
+        throw lastSqliteFailure(sqlite3_db_handle(handle_));
+}
+
+bool PreparedStatement::step()
+{
+    const int code = sqlite3_step(handle());
+    if (code == SQLITE_ROW)
+        return true;
+    if (code == SQLITE_DONE) {
+        sqlite3_reset(handle_);
+        return false;
+    }
+    const RuntimeFailure failure = lastSqliteFailure(sqlite3_db_handle(handle_));
+    sqlite3_reset(handle_);
+    throw failure;
+}
+
+void PreparedStatement::reset()
+{
+    sqlite3_reset(handle()); // says again what `step` has thrown already
+}
+
+void PreparedStatement::bind(int index, std::int64_t value)
+{
+    check(sqlite3_bind_int64(handle(), index, value));
+}
+
+void PreparedStatement::bind(int index, std::string_view text)
+{
+    check(sqlite3_bind_text64(handle(), index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+}
+
+void PreparedStatement::bindNull(int index)
+{
+    check(sqlite3_bind_null(handle(), index));
+}
+
+bool PreparedStatement::isReadOnly() const
+{
+    return sqlite3_stmt_readonly(handle()) != 0;
+}
+
+void PreparedStatement::refuseParameters() const
+{
+    if (sqlite3_bind_parameter_count(handle()) > 0)
+        throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The statement lacks the value of a parameter"));
+}
+
+int PreparedStatement::columnCount() const
+{
+    return sqlite3_column_count(handle());
+}
+
+QString PreparedStatement::columnName(int column) const
+{
+    return QString::fromUtf8(sqlite3_column_name(handle(), column));
+}
+
+FieldValue PreparedStatement::value(int column) const
+{
+    sqlite3_stmt* row = handle();
+    switch (sqlite3_column_type(row, column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return {FieldType::Integer, sqlite3_column_int64(row, column), 0, {}};
+    case SQLITE_FLOAT:
+        return {FieldType::Real, 0, sqlite3_column_double(row, column), {}};
+    default:
+        break;
+    }
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+    return {FieldType::Text, 0, 0, {bytes, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}};
+}
+
+std::int64_t PreparedStatement::integer(int column) const
+{
+    return sqlite3_column_int64(handle(), column);
+}
+
+} // namespace orb

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "recordset.h"
+
+#include <string_view>
+
+struct sqlite3_stmt;
+
+namespace orb {
+
+class Connection;
+
+/// One statement of a connection. When the connection closes, so does the statement; from then on every call throws
+/// `RuntimeFailure` 3420. What SQLite refuses is thrown with its own message.
+class PreparedStatement {
+public:
+    /// `sql` is one statement in SQLite's words.
+    PreparedStatement(Connection& connection, std::string_view sql);
+    ~PreparedStatement();
+    PreparedStatement(const PreparedStatement&) = delete;
+    PreparedStatement& operator=(const PreparedStatement&) = delete;
+
+    /// Runs on to the next row. False when the statement has done all it had to do, and is ready to begin anew.
+    bool step();
+    /// Back to the start.
+    void reset();
+
+    /// Gives the `index`th parameter, counted from 1, its value. Texts are copied.
+    void bind(int index, std::int64_t value);
+    void bind(int index, std::string_view text);
+    void bindNull(int index);
+
+    bool isReadOnly() const;
+    /// Throws 3075 where the text has parameters: a "?" that an instrument answered is no value.
+    void refuseParameters() const;
+    int columnCount() const;
+    QString columnName(int column) const;
+
+    /// Of the row that `step` stands on; a text is valid until the next `step` or `reset`.
+    FieldValue value(int column) const;
+    std::int64_t integer(int column) const;
+
+    Connection& connection() const;
+    bool isOpen() const { return handle_ != nullptr; }
+    /// Called by the connection when it closes.
+    void abandon();
+
+private:
+    sqlite3_stmt* handle() const;
+    void check(int code) const;
+
+    Connection* connection_;
+    sqlite3_stmt* handle_ = nullptr;
+};
+
+} // namespace orb

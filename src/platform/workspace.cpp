@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "workspace.h"
+
+#include "connection.h"
+
+#include <QFileInfo>
+
+namespace orb {
+
+Workspace::Workspace(std::function<QDateTime()> now) : now_(std::move(now)) {}
+
+Workspace::~Workspace() = default;
+
+std::unique_ptr<Database> Workspace::openDatabase(const QString& path)
+{
+    const QString file = QFileInfo(path).absoluteFilePath();
+    std::erase_if(connections_, [](const auto& connection) { return connection.expired(); });
+    for (const auto& known : connections_)
+        if (auto connection = known.lock(); connection && connection->isOpen() && connection->path() == file)
+            return std::make_unique<Database>(std::move(connection));
+    auto connection = std::make_shared<Connection>(file, now_);
+    connections_.push_back(connection);
+    return std::make_unique<Database>(std::move(connection));
+}
+
+void Workspace::close()
+{
+    for (const auto& known : connections_)
+        if (const auto connection = known.lock())
+            connection->close();
+    connections_.clear();
+}
+
+} // namespace orb
