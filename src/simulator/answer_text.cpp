@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "answer_text.h"
+
+#include <QByteArray>
+
+namespace orb {
+
+std::string decimalText(double value, int decimals)
+{
+    const std::string text = QByteArray::number(value, 'f', decimals).toStdString();
+    const bool isZero = text.find_first_of("123456789") == std::string::npos;
+    return isZero && text.starts_with('-') ? text.substr(1) : text;
+}
+
+} // namespace orb

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "command_call.h"
+
+#include "ascii.h"
+#include "instrument_error.h"
+#include "mnemonic.h"
+
+#include <cmath>
+
+namespace orb {
+
+namespace {
+
+struct Prefix {
+    std::string_view text;
+    double factor;
+};
+
+// MA is mega: M alone is milli. Behind it the unit's own letters follow, so that MA with A reads as milliampere.
+constexpr Prefix prefixes[] = {{"", 1}, {"N", 1e-9}, {"U", 1e-6}, {"M", 1e-3}, {"K", 1e3}, {"MA", 1e6}};
+
+[[noreturn]] void fail(ErrorNumber number)
+{
+    throw CommandFailure{number};
+}
+
+std::string_view nameOf(Unit unit)
+{
+    switch (unit) {
+    case Unit::Volt:
+        return "V";
+    case Unit::Ampere:
+        return "A";
+    case Unit::Ohm:
+        return "OHM";
+    case Unit::Watt:
+        return "W";
+    case Unit::Second:
+        return "S";
+    case Unit::AmperePerMicrosecond:
+        return "A/US";
+    default:
+        return "";
+    }
+}
+
+/// What the suffix behind a number multiplies it with.
+double factorOf(std::string_view suffix, Unit unit)
+{
+    if (suffix.empty())
+        return 1;
+    if (unit == Unit::None)
+        fail(ErrorNumber::SuffixNotAllowed);
+    const std::string_view name = nameOf(unit);
+    if (suffix.size() < name.size() || !ascii::sameText(suffix.substr(suffix.size() - name.size()), name))
+        fail(ErrorNumber::InvalidSuffix);
+    const std::string_view before = suffix.substr(0, suffix.size() - name.size());
+    // The one unit before which M has always meant mega.
+    if (unit == Unit::Ohm && ascii::sameText(before, "M"))
+        return 1e6;
+    for (const Prefix& prefix : prefixes) {
+        if (ascii::sameText(prefix.text, before))
+            return prefix.factor;
+    }
+    fail(ErrorNumber::InvalidSuffix);
+}
+
+double namedNumber(std::string_view word, const NumberLimits& limits)
+{
+    if (isMnemonic("MINimum", word))
+        return limits.lowest;
+    if (isMnemonic("MAXimum", word))
+        return limits.highest;
+    if (isMnemonic("DEFault", word))
+        return limits.fallback;
+    fail(ErrorNumber::IllegalParameterValue);
+}
+
+} // namespace
+
+int CommandCall::suffix(std::size_t slot, int otherwise, int lowest, int highest) const
+{
+    const int value = slot < suffixes_.size() ? suffixes_[slot].value_or(otherwise) : otherwise;
+    if (value < lowest || value > highest)
+        fail(ErrorNumber::HeaderSuffixOutOfRange);
+    return value;
+}
+
+double CommandCall::number(std::size_t index, Unit unit, const NumberLimits& limits) const
+{
+    const Parameter& parameter = parameters_[index];
+    if (parameter.kind == Parameter::Kind::Word)
+        return namedNumber(parameter.text, limits);
+    if (parameter.kind != Parameter::Kind::Number)
+        fail(ErrorNumber::DataTypeError);
+    const double value = parameter.number * factorOf(parameter.suffix, unit);
+    if (!(value >= limits.lowest && value <= limits.highest))
+        fail(ErrorNumber::DataOutOfRange);
+    return value;
+}
+
+double CommandCall::limit(std::size_t index, const NumberLimits& limits) const
+{
+    const Parameter& parameter = parameters_[index];
+    if (parameter.kind != Parameter::Kind::Word)
+        fail(ErrorNumber::DataTypeError);
+    return namedNumber(parameter.text, limits);
+}
+
+int CommandCall::integer(std::size_t index, const NumberLimits& limits) const
+{
+    const NumberLimits rounded{limits.lowest - 0.5, std::nextafter(limits.highest + 0.5, 0), limits.fallback};
+    const double value = number(index, Unit::None, rounded);
+    return static_cast<int>(std::round(std::clamp(value, limits.lowest, limits.highest)));
+}
+
+bool CommandCall::boolean(std::size_t index) const
+{
+    const Parameter& parameter = parameters_[index];
+    if (parameter.kind == Parameter::Kind::Word) {
+        constexpr std::string_view words[] = {"OFF", "ON"};
+        return choice(index, words) == 1;
+    }
+    constexpr double any = HUGE_VAL;
+    return std::round(number(index, Unit::None, {-any, any, 0})) != 0;
+}
+
+std::size_t CommandCall::choice(std::size_t index, std::span<const std::string_view> mnemonics) const
+{
+    const Parameter& parameter = parameters_[index];
+    if (parameter.kind == Parameter::Kind::String || parameter.kind == Parameter::Kind::Block)
+        fail(ErrorNumber::DataTypeError);
+    const std::string_view word = parameter.text;
+    const auto found = std::ranges::find_if(mnemonics, [&](std::string_view each) { return isMnemonic(each, word); });
+    if (found == mnemonics.end())
+        fail(ErrorNumber::IllegalParameterValue);
+    return static_cast<std::size_t>(found - mnemonics.begin());
+}
+
+} // namespace orb

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "load_module.h"
+
+namespace orb {
+
+/// What can be set on one channel and what a memory keeps of it. The state of the input is no setting.
+struct LoadSettings {
+    /// Two levels for each function and range; `level` says which of the two is in force.
+    using Levels = std::array<double, 2>;
+
+    LoadFunction function = LoadFunction::Current;
+    /// The range in force of each function, by `indexOf(LoadFunction)`.
+    std::array<LoadRange, 3> ranges{LoadRange::High, LoadRange::High, LoadRange::High};
+    std::array<std::array<Levels, 2>, 3> levels{};
+    /// Rise and fall, by the range of the current.
+    std::array<std::array<double, 2>, 2> slewRates{};
+    int level = 0;
+
+    LoadRange range(LoadFunction of) const { return ranges[indexOf(of)]; }
+    /// Both levels of a function in its range in force.
+    const Levels& levelsOf(LoadFunction of) const { return levels[indexOf(of)][indexOf(range(of))]; }
+    Levels& levelsOf(LoadFunction of) { return levels[indexOf(of)][indexOf(range(of))]; }
+    /// The value that the input holds when it is on.
+    double setValue() const { return levelsOf(function)[static_cast<std::size_t>(level)]; }
+
+    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates.
+    static LoadSettings afterReset(const LoadModule& module);
+};
+
+/// The name of the mode in force: CCL, CCH, CRL, CRH or CV.
+std::string_view modeName(const LoadSettings& settings);
+
+} // namespace orb

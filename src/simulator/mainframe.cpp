@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "mainframe.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+namespace orb {
+
+namespace {
+
+double inSeconds(std::chrono::nanoseconds time)
+{
+    return std::chrono::duration<double>(time).count();
+}
+
+const LoadModule& moduleNamed(const std::string& name)
+{
+    const LoadModule* module = findLoadModule(name);
+    if (module == nullptr)
+        throw std::invalid_argument("no load module is called " + name);
+    return *module;
+}
+
+LoadChannel channelFrom(const ChannelConfiguration& configuration, std::uint64_t noiseSeed)
+{
+    LoadChannel channel(moduleNamed(configuration.module), configuration.source, noiseSeed);
+    const ValueRange& values = channel.module().range(configuration.function, configuration.range);
+    if (!values.exists())
+        throw std::invalid_argument("the module " + configuration.module + " has no such range");
+    if (!std::isfinite(configuration.setValue))
+        throw std::invalid_argument("a set value is no number");
+    if (configuration.function == LoadFunction::Voltage)
+        channel.setVoltageRange(configuration.range);
+    channel.setMode(configuration.function, configuration.range);
+    channel.setLevel(configuration.function, 0, configuration.setValue);
+    return channel;
+}
+
+} // namespace
+
+Mainframe::Mainframe(const SimulatorConfiguration& configuration, SimulatorClock clock)
+    : clock_(std::move(clock)),
+      origin_(clock_()),
+      interval_(std::chrono::duration<double>(configuration.measurementInterval).count())
+{
+    if (configuration.channels.empty() || configuration.channels.size() > maxChannels)
+        throw std::invalid_argument("an instrument has 1 to 8 channels");
+    Noise seeds(configuration.seed);
+    for (const ChannelConfiguration& channel : configuration.channels)
+        channels_.push_back(channelFrom(channel, seeds.bits()));
+    measurements_.resize(channels_.size());
+}
+
+LoadChannel& Mainframe::change(int number)
+{
+    measurements_[indexOfChannel(number)].obsolete = true;
+    return channels_[indexOfChannel(number)];
+}
+
+void Mainframe::advance()
+{
+    // As numbers, since the difference of two times may be no time at all on a clock that jumps.
+    seconds_ = std::max(seconds_, inSeconds(clock_()) - inSeconds(origin_));
+    for (LoadChannel& channel : channels_)
+        channel.advanceTo(seconds_);
+}
+
+Reading Mainframe::fetch(int number)
+{
+    const Measurement& last = measurements_[indexOfChannel(number)];
+    const bool isNew = !last.obsolete && seconds_ - last.seconds < interval_;
+    return isNew ? last.reading : measure(number);
+}
+
+Reading Mainframe::measure(int number)
+{
+    const Reading reading = channels_[indexOfChannel(number)].measure();
+    measurements_[indexOfChannel(number)] = {reading, seconds_, false};
+    return reading;
+}
+
+void Mainframe::switchAllOff()
+{
+    for (int number = 1; number <= channelCount(); ++number)
+        change(number).switchOff();
+}
+
+void Mainframe::reset()
+{
+    for (int number = 1; number <= channelCount(); ++number) {
+        LoadChannel& channel = change(number);
+        channel.recall(LoadSettings::afterReset(channel.module()));
+        channel.clearTrips();
+    }
+    selected_ = 1;
+    displayed_ = 1;
+}
+
+void Mainframe::saveMemory(int number)
+{
+    Memory& memory = memories_[static_cast<std::size_t>(number - 1)];
+    memory.clear();
+    for (const LoadChannel& channel : channels_)
+        memory.push_back(channel.settings());
+}
+
+void Mainframe::recallMemory(int number)
+{
+    const Memory& memory = memories_[static_cast<std::size_t>(number - 1)];
+    for (int each = 1; each <= channelCount(); ++each) {
+        LoadChannel& channel = change(each);
+        const std::size_t index = indexOfChannel(each);
+        channel.recall(memory.empty() ? LoadSettings::afterReset(channel.module()) : memory[index]);
+    }
+}
+
+unsigned Mainframe::condition() const
+{
+    unsigned all = 0;
+    for (const LoadChannel& channel : channels_)
+        all |= channel.condition();
+    return all;
+}
+
+} // namespace orb

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "load_channel.h"
+#include "simulator_configuration.h"
+
+#include <array>
+#include <vector>
+
+namespace orb {
+
+/// Who may work the instrument: its front panel, the remote interface as well, or the remote interface alone.
+enum class ControlState { Local, Remote, RemoteWithLockout };
+
+/// The instrument without its language: the channels, the one that is selected, the memories, and their common time.
+/// Channels are counted from 1; a number must lie between 1 and `channelCount()`, a memory's between 1 and
+/// `memoryCount`.
+class Mainframe {
+public:
+    static constexpr int maxChannels = 8;
+    static constexpr int memoryCount = 120;
+
+    /// Throws `std::invalid_argument` where the configuration makes no instrument.
+    Mainframe(const SimulatorConfiguration& configuration, SimulatorClock clock);
+
+    int channelCount() const { return static_cast<int>(channels_.size()); }
+    const LoadChannel& channel(int number) const { return channels_[indexOfChannel(number)]; }
+    /// For a change. Whoever changes a channel makes its last reading obsolete.
+    LoadChannel& change(int number);
+
+    /// The channel that commands without a channel number mean.
+    int selectedChannel() const { return selected_; }
+    void selectChannel(int number) { selected_ = number; }
+    /// The channel that the screen shows large.
+    int displayedChannel() const { return displayed_; }
+    void displayChannel(int number) { displayed_ = number; }
+
+    ControlState controlState() const { return controlState_; }
+    void setControlState(ControlState state) { controlState_ = state; }
+    /// Whether remote commands are taken without drawing the screen for each.
+    bool fastRemote() const { return fastRemote_; }
+    void setFastRemote(bool fast) { fastRemote_ = fast; }
+
+    /// Moves all channels to the clock's time.
+    void advance();
+    /// The latest reading of a channel, made anew if it is older than the measurement interval or the channel was
+    /// changed since.
+    Reading fetch(int number);
+    /// A new reading of a channel.
+    Reading measure(int number);
+
+    void switchAllOff();
+    /// All inputs off, all settings as after a reset, channel 1 selected. Memories keep what they hold.
+    void reset();
+    /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
+    /// a reset. Recalling switches all inputs off.
+    void saveMemory(int number);
+    void recallMemory(int number);
+
+    /// The conditions of all channels together, bits of `LoadChannel::Condition`.
+    unsigned condition() const;
+
+private:
+    struct Measurement {
+        Reading reading;
+        double seconds = 0;
+        bool obsolete = true;
+    };
+    using Memory = std::vector<LoadSettings>;
+
+    static std::size_t indexOfChannel(int number) { return static_cast<std::size_t>(number - 1); }
+
+    SimulatorClock clock_;
+    std::chrono::nanoseconds origin_;
+    double interval_; // seconds
+    double seconds_ = 0;
+    std::vector<LoadChannel> channels_;
+    std::vector<Measurement> measurements_;
+    std::array<Memory, memoryCount> memories_;
+    int selected_ = 1;
+    int displayed_ = 1;
+    ControlState controlState_ = ControlState::Local;
+    bool fastRemote_ = false;
+};
+
+} // namespace orb
