@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "paths.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace orb {
