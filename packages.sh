@@ -62,8 +62,9 @@ need_packages()
         [[ -t 0 ]] || as_root+=(--non-interactive)
         "${as_root[@]}" true || fail "sudo is refused. Please have this run as root: $by_hand"
     fi
-    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
     "${apt[@]}" update || echo "Some package lists could not be renewed; going on with those that are there."
-    "${apt[@]}" install --yes --no-install-recommends "${missing[@]}" ||
+    echo "Installing them; on a fresh machine this takes a minute or two."
+    "${apt[@]}" install --yes --no-install-recommends "${missing[@]}" >/dev/null ||
         fail "the packages could not be installed. Please try: $by_hand"
 }
