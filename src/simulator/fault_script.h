@@ -30,8 +30,8 @@ struct Fault {
 
     Kind kind = Kind::None;
     std::chrono::milliseconds delay{0};
-    /// Where the script gives none for truncated and closed: half of the answer.
-    std::optional<std::size_t> count;
+    /// Where there is none: half of the answer for Truncated and Closed, 0 for Reset.
+    std::optional<std::uint64_t> count;
     std::string text;
 };
 
@@ -52,7 +52,7 @@ struct DeliveryStep {
     /// To wait before the step.
     std::chrono::milliseconds wait{0};
     /// To send in one write; nothing when empty.
-    std::string bytes;
+    std::string bytes{};
     /// To do after the bytes are sent.
     End end = End::None;
     /// With `End::Refuse`: how long nobody listens, 0 for good.
@@ -93,6 +93,9 @@ public:
 private:
     std::vector<FaultRule> rules_;
 };
+
+/// True when the client gets the right answer under the fault, however it comes.
+bool leavesWhole(const Fault& fault);
 
 /// The way of an answer under a fault. `answer` is without line end, and empty where the message asked nothing: then
 /// nothing is sent but what the fault itself sends. `garbageSeed` picks the bytes of `Garbage`.
