@@ -50,17 +50,22 @@ sqlite3* Connection::handle() const
 
 void Connection::execute(const QString& sql)
 {
-    sqlite3* database = handle();
     const SqlStatement translated = translateSql(sql.toStdString());
     PreparedStatement statement(*this, translated.sql);
     if (statement.columnCount() > 0)
         throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The statement gives rows"));
     statement.refuseParameters();
-    const std::int64_t before = sqlite3_total_changes64(database);
+    run(statement, translated);
+}
+
+std::int64_t Connection::run(PreparedStatement& statement, const SqlStatement& meaning)
+{
+    const std::int64_t before = sqlite3_total_changes64(handle());
     statement.step();
-    const std::int64_t changed = sqlite3_changes64(database);
-    const bool others = sqlite3_total_changes64(database) - before != changed; // a trigger went on from there
-    others ? tally_.forgetAll() : tally_.note(translated, changed);
+    const std::int64_t changed = sqlite3_changes64(handle());
+    const bool wentOn = sqlite3_total_changes64(handle()) - before != changed; // a trigger changed other tables
+    wentOn ? tally_.forgetAll() : tally_.note(meaning, changed);
+    return changed;
 }
 
 /// The number is another one when another program has committed since.

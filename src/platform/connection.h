@@ -36,6 +36,9 @@ public:
     /// Runs one statement of the dialect that gives no rows.
     void execute(const QString& sql);
 
+    /// Runs a statement of which it is known what it does to its table. Returns how many rows it has changed.
+    std::int64_t run(PreparedStatement& statement, const SqlStatement& meaning);
+
     /// What is known of a table, by its name without regard to case; all that this program and others have done to it
     /// is in it.
     TableState stateOf(const QString& table);

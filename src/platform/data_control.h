@@ -2,6 +2,7 @@
 #pragma once
 
 #include "control.h"
+#include "table_picture.h"
 #include "table_recordset.h"
 #include "workspace.h"
 
@@ -56,13 +57,14 @@ public:
 
     /// The rows of the picture. One object for the life of the data control. Throws 91 before the first refresh.
     TableRecordset& recordset();
-    bool hasRecordset() const;
+    bool hasRecordset() const { return picture_.isTaken(); }
 
     /// Rows of the picture, 0 before the first refresh.
-    std::int64_t rowCount() const;
+    std::int64_t rowCount() const { return picture_.rowCount(); }
     /// The column of that name, without regard to case; -1 where the table has none.
     int columnOf(const QString& field) const;
-    /// The value in row `row`, counted from 0, as it is shown: Null and a row that is no longer there as nothing.
+    /// The value in row `row`, counted from 0; Null where the row is no longer there. Valid until another row is read.
+    /// Throws 3021 and 3265 outside of the picture.
     FieldValue valueAt(std::int64_t row, int column);
     /// Writes `text` to the table at once, Null where it is empty. A column of numbers takes it as a number. Throws
     /// what `Database::execute` throws, 3021 where the row is no longer there.
@@ -70,17 +72,20 @@ public:
     /// Makes `row` the current one on behalf of the operator, and tells it by `onReposition`.
     void reposition(std::int64_t row);
 
-    /// Rows that have been read from the file since the start, for tests of the cost.
-    std::int64_t rowsRead() const;
+    /// The columns of the table, none before the first refresh.
+    std::vector<QString> columns() const { return hasRecordset() ? picture_.columns() : std::vector<QString>(); }
+
+    /// Rows that were read, scanned or counted in the file since the start: what the work has cost.
+    std::int64_t rowsRead() const { return picture_.rowsRead(); }
 
     /// An observer must take itself out before it goes.
     void addObserver(DataObserver& observer);
     void removeObserver(DataObserver& observer);
 
 private:
-    struct Bound;
-
-    QToolButton* addButton(const QString& name, const QString& arrow, std::function<void()> move);
+    QToolButton* makeButton(const QString& name, Qt::ArrowType arrow, std::function<std::int64_t()> target);
+    std::int64_t place() const;
+    void demandCell(std::int64_t row, int column) const;
     void tellMoved();
     void tellChanged();
 
@@ -89,7 +94,8 @@ private:
     QString databaseName_;
     QString recordSource_;
     QLabel* label_;
-    std::unique_ptr<Bound> bound_;
+    TablePicture picture_;
+    TableRecordset recordset_;
     std::vector<DataObserver*> observers_;
 };
 

@@ -131,4 +131,9 @@ std::int64_t PreparedStatement::integer(int column) const
     return sqlite3_column_int64(handle(), column);
 }
 
+std::int64_t PreparedStatement::rowsScanned() const
+{
+    return sqlite3_stmt_status(handle(), SQLITE_STMTSTATUS_FULLSCAN_STEP, 0);
+}
+
 } // namespace orb

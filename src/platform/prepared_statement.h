@@ -41,6 +41,9 @@ public:
     FieldValue value(int column) const;
     std::int64_t integer(int column) const;
 
+    /// Rows that were scanned one by one to find those that it gave.
+    std::int64_t rowsScanned() const;
+
     Connection& connection() const;
     bool isOpen() const { return handle_ != nullptr; }
     /// Called by the connection when it closes.

@@ -9,6 +9,7 @@ namespace orb {
 /// What a statement does to the rows of its table, as far as its text tells.
 enum class RowEffect {
     Unknown,   ///< anything, or nothing at all
+    Keeps,     ///< each changed row stays where it is
     Adds,      ///< each changed row is a new one
     Removes,   ///< each changed row is gone
     RemovesAll ///< no row is left

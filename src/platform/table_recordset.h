@@ -44,12 +44,16 @@ public:
     void restart();
 
 private:
+    void demandOpen() const;
+    void demandRow() const;
+    void demandColumn(int column) const;
     void moveTo(std::int64_t position);
 
     TablePicture& picture_;
     std::function<void()> moved_;
     std::int64_t position_ = 0;
     bool noMatch_ = false;
+    bool closed_ = false;
 };
 
 } // namespace orb

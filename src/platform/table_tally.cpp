@@ -9,6 +9,8 @@ void TableTally::note(const SqlStatement& statement, std::int64_t rows)
         forgetAll();
         return;
     }
+    if (statement.effect == RowEffect::Keeps)
+        return;
     TableState& table = tables_[statement.table];
     if (statement.effect == RowEffect::Adds) {
         if (table.rows)
