@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "session.h"
+
+#include <algorithm>
+
+namespace orb {
+
+namespace {
+constexpr int mostReadsInALook = 32;  // so that a peer that never stops talking can't keep a look from ending
+constexpr qint64 quietAfterLossMs = 100;
+} // namespace
+
+bool isQuery(const QByteArray& line)
+{
+    char quote = 0;
+    for (const char c : line) {
+        if (quote != 0)
+            quote = c == quote ? '\0' : quote;
+        else if (c == '"' || c == '\'')
+            quote = c;
+        else if (c == '?')
+            return true;
+    }
+    return false;
+}
+
+Session::Session(Clock& clock, Transport& transport)
+    : clock_(clock), transport_(transport), lastEmptyLook_(clock.elapsed()), lastBytesAt_(lastEmptyLook_)
+{}
+
+bool Session::send(Voice voice, const QByteArray& line)
+{
+    if (line.size() > longestLine)
+        return false;
+    look(); // what is there by now answers earlier queries
+    if (isQuery(line)) {
+        book_.asked(voice, line, clock_.elapsed());
+        begunBefore_ = framer_.isMidAnswer();
+    }
+    return transport_.write(line + '\n');
+}
+
+bool Session::sendBlock(const QByteArray& line, const QByteArray& data, int limitMs)
+{
+    look();
+    return transport_.write(line + asBlock(data) + '\n') && transport_.flush(limitMs);
+}
+
+void Session::look()
+{
+    for (int i = 0; i < mostReadsInALook; ++i) {
+        const QByteArray bytes = transport_.read();
+        if (!bytes.isEmpty())
+            takeIn(bytes);
+        if (bytes.size() < Transport::longestRead) {
+            lastEmptyLook_ = clock_.elapsed();
+            break;
+        }
+    }
+    dropStalledPart(clock_.elapsed());
+    book_.pass(clock_.elapsed());
+}
+
+void Session::takeIn(const QByteArray& bytes)
+{
+    const qint64 now = clock_.elapsed();
+    lastBytesAt_ = now;
+    framer_.take(bytes);
+    while (const auto answer = framer_.next()) {
+        book_.answered(*answer, now, lastEmptyLook_, begunBefore_);
+        begunBefore_ = false;
+    }
+}
+
+void Session::dropStalledPart(qint64 now)
+{
+    const qint64 limit = framer_.isLost() ? quietAfterLossMs : stalledPartMs;
+    if ((framer_.isMidAnswer() || framer_.isLost()) && now - lastBytesAt_ >= limit) {
+        framer_.forget();
+        begunBefore_ = false;
+    }
+}
+
+/// Until when it is worth waiting for the voice's answer.
+qint64 Session::underWayUntil(Voice voice, int limitMs) const
+{
+    if (!book_.awaits(voice))
+        return 0;
+    qint64 until = book_.askedAt(voice) + limitMs;
+    if (framer_.isMidAnswer())
+        until = std::max(until, lastBytesAt_ + limitMs);
+    return std::max(until, book_.settlesAt().value_or(0));
+}
+
+const std::optional<QByteArray>& Session::answerUnderWay(Voice voice, int limitMs)
+{
+    look();
+    const qint64 end = clock_.elapsed() + limitMs;
+    while (book_.awaits(voice)) {
+        const qint64 now = clock_.elapsed();
+        const qint64 until = std::min(end, underWayUntil(voice, limitMs));
+        if (now >= until)
+            break;
+        // An answer that is held back comes out without a byte arriving, so the wait ends there at the latest.
+        const qint64 wake = std::min(until, book_.settlesAt().value_or(until));
+        if (!transport_.waitReadable(static_cast<int>(wake - now)) && transport_.state() != Transport::State::Open)
+            break;
+        look();
+    }
+    return book_.answer(voice);
+}
+
+std::optional<QByteArray> Session::ask(Voice voice, const QByteArray& query, int limitMs)
+{
+    if (!send(voice, query))
+        return std::nullopt;
+    const qint64 end = clock_.elapsed() + limitMs;
+    for (qint64 now = clock_.elapsed(); now < end && book_.awaits(voice); now = clock_.elapsed()) {
+        const qint64 wake = std::min(end, book_.settlesAt().value_or(end));
+        if (!transport_.waitReadable(static_cast<int>(std::max<qint64>(wake - now, 1))) &&
+            transport_.state() != Transport::State::Open)
+            break;
+        look();
+    }
+    look();
+    if (!book_.answer(voice))
+        book_.abandon(voice);
+    return book_.answer(voice);
+}
+
+} // namespace orb

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host_lookup.h"
+#include "tcp_address.h"
+#include "transport.h"
+
+#include <QTcpSocket>
+
+#include <optional>
+
+namespace orb {
+
+/// A link over TCP. Small lines leave at once, and a peer that vanished without a word is noticed by the system's
+/// keepalive within some ten seconds.
+class TcpTransport final : public Transport {
+public:
+    explicit TcpTransport(TcpAddress address);
+
+    void begin() override;
+    bool open(int limitMs) override;
+    void close() override;
+    State state() override;
+    LinkError error() const override { return error_; }
+    QString errorText() const override { return errorText_; }
+    bool write(const QByteArray& bytes) override;
+    bool flush(int limitMs) override;
+    QByteArray read() override;
+    bool waitReadable(int limitMs) override;
+
+private:
+    void lookedUp();
+    void connectNext();
+    void connected();
+    void attemptFailed();
+    void fail(LinkError error, const QString& text = {});
+    void lookAtOpening();
+    void lookAtLink();
+
+    TcpAddress address_;
+    QTcpSocket socket_;
+    std::optional<HostLookup> lookup_;
+    QList<QHostAddress> untried_;
+    State state_ = State::Closed;
+    LinkError error_ = LinkError::None;
+    QString errorText_;
+};
+
+} // namespace orb
