@@ -42,9 +42,8 @@ void AnswerBook::answered(const QByteArray& answer, qint64 now, qint64 earliest,
         return extra(answer, now);
 
     const Query last = open_.back();
-    const bool certain = !begunBefore && std::ranges::all_of(open_, [&](const Query& query) {
-        return query.question == last.question;
-    });
+    const bool certain =
+        !begunBefore && std::ranges::all_of(open_, [&](const Query& query) { return query.question == last.question; });
     open_.pop_front();
     if (open_.empty())
         settleDebt();

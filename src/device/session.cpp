@@ -6,7 +6,7 @@
 namespace orb {
 
 namespace {
-constexpr int mostReadsInALook = 32;  // so that a peer that never stops talking can't keep a look from ending
+constexpr int mostReadsInALook = 32; // so that a peer that never stops talking can't keep a look from ending
 constexpr qint64 quietAfterLossMs = 100;
 } // namespace
 

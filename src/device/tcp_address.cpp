@@ -30,8 +30,9 @@ bool isHost(const QString& host)
 
 std::optional<quint16> readPort(const QString& text)
 {
-    const bool digits = !text.isEmpty() && text.size() <= 5 &&
-                        std::ranges::all_of(text, [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+    const bool digits = !text.isEmpty() && text.size() <= 5 && std::ranges::all_of(text, [](QChar c) {
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    });
     const uint port = digits ? text.toUInt() : 0;
     if (port < 1 || port > 65535)
         return std::nullopt;

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "connection.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace orb {
+
+namespace {
+
+constexpr int blockingStepMs = 20;
+constexpr int identifyAttempts = 2;
+
+/// A plain number, or a list of readings with a field for each channel.
+int channelsIn(const QByteArray& answer, bool isList)
+{
+    bool isNumber = false;
+    const int count = isList ? static_cast<int>(listFields(answer).size()) : answer.trimmed().toInt(&isNumber);
+    return isList || isNumber ? count : 0;
+}
+
+const std::array sizingQueries{QByteArrayLiteral(":CHAN:COUN?"), QByteArrayLiteral(":FETC:ALLC?")};
+
+} // namespace
+
+void Connection::prepare(std::unique_ptr<Transport> transport)
+{
+    drop();
+    session_.reset();
+    transport_ = std::move(transport);
+    error_ = LinkError::None;
+    errorText_.clear();
+    said_.clear();
+    enterStage(Stage::Connecting);
+}
+
+void Connection::start(std::unique_ptr<Transport> transport)
+{
+    prepare(std::move(transport));
+    transport_->begin();
+}
+
+bool Connection::startAndWait(std::unique_ptr<Transport> transport)
+{
+    prepare(std::move(transport));
+    transport_->open(limits_.connect);
+    for (step(true); isConnecting(); step(true))
+        transport_->waitReadable(blockingStepMs);
+    return stage_ == Stage::Up;
+}
+
+void Connection::step(bool maySend)
+{
+    while (stepOnce(maySend)) {
+    }
+}
+
+/// True when another stage began, which may get on at once.
+bool Connection::stepOnce(bool maySend)
+{
+    switch (stage_) {
+    case Stage::Connecting:
+        return stepConnecting();
+    case Stage::Identifying:
+        return stepIdentifying(maySend);
+    case Stage::Sizing:
+        return stepSizing(maySend);
+    case Stage::Down:
+    case Stage::Up:
+        break;
+    }
+    return false;
+}
+
+bool Connection::stepConnecting()
+{
+    const auto state = transport_->state();
+    if (state == Transport::State::Open) {
+        session_.emplace(clock_, *transport_);
+        enterStage(Stage::Identifying);
+        return true;
+    }
+    if (state == Transport::State::Closed) {
+        lose();
+    } else if (isOver(limits_.connect)) {
+        error_ = LinkError::TimedOut;
+        goDown(End::Failed);
+    }
+    return false;
+}
+
+bool Connection::ask(const QByteArray& query, bool maySend)
+{
+    if (!asked_) {
+        if (!maySend)
+            return false;
+        asked_ = true;
+        since_ = clock_.elapsed();
+        session_->send(Voice::Control, query);
+    }
+    session_->look();
+    return true;
+}
+
+bool Connection::stepIdentifying(bool maySend)
+{
+    if (!ask(QByteArrayLiteral("*IDN?"), maySend)) {
+        loseIfClosed();
+        return false;
+    }
+    if (const auto& answer = session_->answer(Voice::Control)) {
+        if (const auto identity = readIdentity(*answer)) {
+            identity_ = *identity;
+            enterStage(Stage::Sizing);
+            return true;
+        }
+        if (said_.isEmpty())
+            said_ = shownText(*answer);
+        // A greeting may have come before the answer; a second question tells.
+        if (++attempt_ < identifyAttempts && !isClosed()) {
+            asked_ = false;
+            return true;
+        }
+        goDown(End::NoInstrument);
+    } else if (isClosed()) {
+        lose();
+    } else if (isOver(limits_.identify)) {
+        if (said_.isEmpty())
+            said_ = shownText(session_->part());
+        goDown(said_.isEmpty() ? End::Silent : End::NoInstrument);
+    }
+    return false;
+}
+
+bool Connection::stepSizing(bool maySend)
+{
+    const auto query = static_cast<std::size_t>(attempt_);
+    if (!ask(sizingQueries[query], maySend)) {
+        loseIfClosed();
+        return false;
+    }
+    const auto& answer = session_->answer(Voice::Control);
+    const int channels = answer ? channelsIn(*answer, attempt_ == 1) : 0;
+    if (channels >= 1 && (attempt_ == 1 || channels <= mostChannels)) {
+        goUp(std::min(channels, mostChannels));
+    } else if (isClosed()) {
+        lose();
+    } else if (answer || isOver(limits_.size)) {
+        asked_ = false;
+        if (++attempt_ < static_cast<int>(sizingQueries.size()))
+            return true;
+        goUp(1);
+    }
+    return false;
+}
+
+void Connection::enterStage(Stage stage)
+{
+    stage_ = stage;
+    since_ = clock_.elapsed();
+    asked_ = false;
+    attempt_ = 0;
+}
+
+void Connection::goUp(int channels)
+{
+    channelCount_ = channels;
+    enterStage(Stage::Up);
+}
+
+bool Connection::isUp()
+{
+    if (stage_ != Stage::Up)
+        return false;
+    session_->look();
+    loseIfClosed();
+    return stage_ == Stage::Up;
+}
+
+bool Connection::isClosed()
+{
+    return transport_->state() == Transport::State::Closed;
+}
+
+/// The transport went down by itself.
+void Connection::lose()
+{
+    error_ = transport_->error();
+    errorText_ = transport_->errorText();
+    goDown(stage_ == Stage::Up ? End::Lost : End::Failed);
+}
+
+void Connection::loseIfClosed()
+{
+    if (isClosed())
+        lose();
+}
+
+void Connection::drop()
+{
+    if (stage_ != Stage::Down)
+        goDown(stage_ == Stage::Up ? End::Disconnected : End::Cancelled);
+}
+
+void Connection::goDown(End end)
+{
+    transport_->close(); // the session stays, so that its last answer can be read again
+    identity_ = {};
+    channelCount_ = 0;
+    end_ = end;
+    enterStage(Stage::Down);
+}
+
+} // namespace orb

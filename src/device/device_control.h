@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connect_page.h"
+#include "control_page.h"
+#include "orb_ctrl.h"
+#include "timer.h"
+
+namespace orb {
+
+/// The instrument control itself: the link to a real or simulated instrument, and its own Control and Connect pages.
+/// A link is made only by the operator; a load input is switched only by the operator. While the control is off the
+/// screen, or `PanelActive` is false, it sends nothing of its own.
+class DeviceControl final : public ORBCtrl {
+public:
+    /// The kinds of link of the real program, and the settings of its user. `clock` must outlive the control.
+    explicit DeviceControl(Clock& clock, QWidget* parent = nullptr);
+    /// `kinds`: at least one, the first the choice of a first start. The recent links are kept in `settingsFile`.
+    DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QString& settingsFile, ConnectLimits limits = {},
+                  QWidget* parent = nullptr);
+
+private:
+    // In front of the pages, which refer to them.
+    Clock& clock_;
+    std::vector<LinkKind> kinds_;
+    LinkSettings settings_;
+
+public:
+    /// How the link stands, on both pages.
+    StatusLabel lblLink;
+    /// Switches all inputs off at once, on both pages and whatever else is going on.
+    PictureButton cmdAllOff{QStringLiteral("ALL OFF")};
+    ControlPage controlPage;
+    ConnectPage connectPage;
+
+    void SendCommand(const QString& command) override;
+    /// Waits up to 50 ms for an answer that is under way, and never when none is.
+    QString Reply() override;
+    bool IsConnected() override;
+    /// 0 for the simulated instrument and without a link, 1 for a serial line, 2 for TCP, 3 for USB.
+    std::int16_t LinkType() override;
+    std::int16_t ChannelCount() override;
+    void PanelActive(bool active) override;
+    void ShowControlPage() override;
+    void ShowConnectPage() override;
+    void Reconnect() override;
+    bool GrabScreen() override;
+    void FetchSequenceFile() override;
+    void FetchProgramFile() override;
+    void SendProgramFile() override;
+
+    void cmdAllOffClick();
+
+private:
+    void layOut();
+    void connectTo(const QString& resourceName);
+    std::unique_ptr<Transport> makeTransport() const;
+    void connectTick();
+    void wentUp();
+    void pageTick();
+    bool isOnScreen() const;
+    void pollChannels();
+    bool pollOnce(Session& session);
+    void switchLoad(int channel, bool on);
+    void display();
+    void showPage(QWidget& page);
+    void becomeActive();
+    void leaveLinkToApplication();
+    Session* sessionForTransfer();
+
+    Connection connection_;
+    QString resourceName_; // of the link that was tried last
+    ChannelPoll poll_;
+    Timer timerConnect_;
+    Timer timerPage_;
+    bool active_ = false;
+    bool unanswerable_ = false;      // the last query met no link
+    std::optional<qint64> polledAt_; // when the query of the Control page went out that is under way
+    std::optional<qint64> roundAt_;  // when its last round began
+    std::optional<std::pair<Connection::Stage, Connection::End>> displayed_;
+};
+
+} // namespace orb

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "clock.h"
+#include "transport.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace orb {
+
+/// A kind of link, as the Connect page offers it. All that there is to a kind stands in its row of the table.
+struct LinkKind {
+    /// "Network (TCP)", in the list of the Connect page.
+    QString title;
+    /// The number by which the application tells links apart: 1 is the serial line, the slow one.
+    std::int16_t linkType = 0;
+    /// An address of this kind, to be read beside the address field. Empty where a link has no address.
+    QString example;
+    /// The resource name for what the operator typed, a whole resource name of this kind among it; nothing where it
+    /// is no address of this kind. The text is empty where a link has no address.
+    std::function<std::optional<QString>(const QString& typed)> resourceName;
+    /// A resource name of this kind as the operator would type it.
+    std::function<QString(const QString& resourceName)> typed;
+    /// What a message calls the other end.
+    std::function<QString(const QString& resourceName)> peer;
+    /// A transport for a resource name of this kind, not open yet.
+    std::function<std::unique_ptr<Transport>(const QString& resourceName)> transport;
+};
+
+/// Every kind of link that the program knows, the simulated instrument first. The simulated instrument lives as long
+/// as the table or any of its transports. `clock` must outlive them.
+std::vector<LinkKind> standardLinkKinds(Clock& clock);
+
+/// The kind that a resource name belongs to; null where it belongs to none.
+const LinkKind* kindOf(const std::vector<LinkKind>& kinds, const QString& resourceName);
+
+} // namespace orb

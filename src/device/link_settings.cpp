@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link_settings.h"
+
+#include <QFileInfo>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace orb {
+
+namespace {
+
+constexpr qint64 longestFile = 64 * 1024; // a larger one is none of ours
+
+const QString lastKey = QStringLiteral("link/last");
+const QString recentKey = QStringLiteral("link/recent");
+
+} // namespace
+
+LinkSettings::LinkSettings(const QString& file) : file_(file)
+{
+    if (QFileInfo(file).size() > longestFile)
+        return;
+    const QSettings settings(file, QSettings::IniFormat);
+    last_ = settings.value(lastKey).toString().left(longestName);
+    const QStringList names = settings.value(recentKey).toStringList();
+    for (auto name = names.rbegin(); name != names.rend(); ++name)
+        remember(*name);
+}
+
+QString LinkSettings::userFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/orb/link.ini");
+}
+
+void LinkSettings::remember(const QString& resourceName)
+{
+    if (resourceName.isEmpty() || resourceName.size() > longestName)
+        return;
+    recent_.removeAll(resourceName);
+    recent_.prepend(resourceName);
+    while (recent_.size() > mostRecent)
+        recent_.removeLast();
+}
+
+void LinkSettings::use(const QString& resourceName)
+{
+    last_ = resourceName;
+    remember(resourceName);
+    QSettings settings(file_, QSettings::IniFormat);
+    settings.setValue(lastKey, last_);
+    settings.setValue(recentKey, recent_);
+}
+
+} // namespace orb

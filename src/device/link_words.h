@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "connection.h"
+
+namespace orb {
+
+/// How a status line is coloured.
+enum class Tone { Neutral, Busy, Good, Bad };
+
+struct StatusLine {
+    QString text;
+    Tone tone = Tone::Neutral;
+
+    bool operator==(const StatusLine&) const = default;
+};
+
+/// What the Connect page says of a link to `peer`, which is what a message calls the other end.
+StatusLine linkStatus(const Connection& connection, const QString& peer);
+
+} // namespace orb
