@@ -7,7 +7,8 @@ ComboBox::ComboBox(Kind kind, QWidget* parent) : Control<QComboBox>(parent)
 {
     setEditable(kind == Kind::DropDown);
     setInsertPolicy(QComboBox::NoInsert);
-    setCompleter(nullptr);
+    if (isEditable())
+        setCompleter(nullptr); // what is typed stays as it is typed
     QObject::connect(this, &QComboBox::activated, this, [this] { enter(onClick); });
     QObject::connect(this, &QComboBox::editTextChanged, this, [this] { enter(onChange); });
 }
@@ -69,6 +70,12 @@ void ComboBox::addItem(const QString& text)
         if (isEditable())
             setEditText(typed);
     }
+}
+
+void ComboBox::addItems(const QStringList& texts)
+{
+    for (const QString& text : texts)
+        addItem(text);
 }
 
 void ComboBox::removeItem(int index)

@@ -37,6 +37,7 @@ public:
     void setText(const QString& text);
 
     void addItem(const QString& text);
+    void addItems(const QStringList& texts);
     void removeItem(int index);
     /// Empties list and text; no handler runs.
     void clear();

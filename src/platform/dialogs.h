@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "printer.h"
+
 #include <QString>
 
 namespace orb {
@@ -33,6 +35,11 @@ public:
     /// `CommonDialog1` in its open and in its save form. False on Cancel.
     virtual bool showOpen() = 0;
     virtual bool showSave() = 0;
+    /// The system's printer dialogue, which sets up `printer`. False on Cancel, which leaves the printer as it was.
+    virtual bool showPrinter() = 0;
+
+    /// The printer, as the dialogue last set it up.
+    virtual Printer& printer() = 0;
 };
 
 } // namespace orb

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPrintDialog>
 
 #include <cstdio>
 #include <cstdlib>
@@ -100,6 +101,20 @@ bool RealDialogs::showSave()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(defaultSuffix(CommonDialog1.filter));
     return take(dialog);
+}
+
+Printer& RealDialogs::printer()
+{
+    if (!printer_)
+        printer_ = std::make_unique<RealPrinter>();
+    return *printer_;
+}
+
+bool RealDialogs::showPrinter()
+{
+    printer();
+    QPrintDialog dialog(&printer_->device(), QApplication::activeWindow());
+    return dialog.exec() == QDialog::Accepted;
 }
 
 void RealEnding::report(const RuntimeFailure& failure)

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "dialogs.h"
+#include "real_printer.h"
 #include "run.h"
 
 #include <QMessageBox>
+
+#include <memory>
 
 class QFileDialog;
 
@@ -19,12 +22,15 @@ public:
     Answer message(const QString& text, Icon icon, Buttons buttons) override;
     bool showOpen() override;
     bool showSave() override;
+    bool showPrinter() override;
+    Printer& printer() override;
 
 private:
     void prepare(QFileDialog& dialog) const;
     bool take(QFileDialog& dialog);
 
     QString title_;
+    std::unique_ptr<RealPrinter> printer_; ///< made at its first use: looking for printers takes its time
 };
 
 /// Tells a failure that nothing caught and ends the process, without running anything more.

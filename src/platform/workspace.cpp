@@ -2,6 +2,7 @@
 #include "workspace.h"
 
 #include "connection.h"
+#include "paths.h"
 
 #include <QFileInfo>
 
@@ -13,7 +14,7 @@ Workspace::~Workspace() = default;
 
 std::unique_ptr<Database> Workspace::openDatabase(const QString& path)
 {
-    const QString file = QFileInfo(path).absoluteFilePath();
+    const QString file = QFileInfo(realPath(path)).absoluteFilePath();
     std::erase_if(connections_, [](const auto& connection) { return connection.expired(); });
     for (const auto& known : connections_)
         if (auto connection = known.lock(); connection && connection->isOpen() && connection->path() == file)

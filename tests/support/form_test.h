@@ -2,6 +2,7 @@
 #pragma once
 
 #include "form.h"
+#include "printing.h"
 #include "recorded_ending.h"
 #include "virtual_clock.h"
 

@@ -5,6 +5,7 @@
 #include "form.h"
 #include "paths.h"
 #include "press.h"
+#include "printing.h"
 #include "recorded_ending.h"
 #include "scripted_dialogs.h"
 #include "virtual_clock.h"

@@ -29,4 +29,12 @@ bool ScriptedDialogs::showFile(const QString& mode)
     return file.has_value();
 }
 
+bool ScriptedDialogs::showPrinter()
+{
+    ++printerDialogs;
+    if (onPrinterDialog)
+        onPrinterDialog();
+    return printerAccepted;
+}
+
 } // namespace orb

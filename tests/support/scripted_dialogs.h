@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs.h"
+#include "recorded_printer.h"
 
 #include <deque>
 #include <functional>
@@ -41,12 +42,19 @@ public:
     std::deque<std::optional<QString>> files;
     std::vector<Shown> shown;
     std::vector<ShownFileDialog> fileDialogs;
+    int printerDialogs = 0;
+    bool printerAccepted = true;
+    RecordedPrinter recordedPrinter;
+    /// Called while the printer dialogue is up.
+    std::function<void()> onPrinterDialog;
     /// Called while a message box is up, before it is answered.
     std::function<void(const Shown&)> onMessage;
 
     Answer message(const QString& text, Icon icon, Buttons buttons) override;
     bool showOpen() override { return showFile(QStringLiteral("open")); }
     bool showSave() override { return showFile(QStringLiteral("save")); }
+    bool showPrinter() override;
+    Printer& printer() override { return recordedPrinter; }
 
 private:
     bool showFile(const QString& mode);

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "real_printer.h"
+
+#include "failure.h"
+
+namespace orb {
+
+RealPrinter::RealPrinter() = default;
+
+RealPrinter::~RealPrinter()
+{
+    if (painter_.isActive())
+        painter_.end();
+}
+
+void RealPrinter::setOrientation(Orientation orientation)
+{
+    if (!printer_.setPageOrientation(orientation == Landscape ? QPageLayout::Landscape : QPageLayout::Portrait))
+        throw RuntimeFailure(failure::PrinterError);
+}
+
+double RealPrinter::width()
+{
+    return printer_.pageRect(QPrinter::DevicePixel).width();
+}
+
+double RealPrinter::height()
+{
+    return printer_.pageRect(QPrinter::DevicePixel).height();
+}
+
+void RealPrinter::begin()
+{
+    if (!painter_.isActive() && !painter_.begin(&printer_))
+        throw RuntimeFailure(failure::PrinterError);
+}
+
+void RealPrinter::setFontSize(int points)
+{
+    begin();
+    QFont font = painter_.font();
+    font.setPointSize(points);
+    painter_.setFont(font);
+}
+
+void RealPrinter::paintPicture(const QImage& picture, double x, double y, double width, double height)
+{
+    begin();
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.drawImage(QRectF(x, y, width, height), picture);
+}
+
+void RealPrinter::endDoc()
+{
+    begin(); // a document in which nothing was drawn is an empty page
+    if (!painter_.end())
+        throw RuntimeFailure(failure::PrinterError);
+}
+
+} // namespace orb

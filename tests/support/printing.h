@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+
+#include <ostream>
+
+/// Lets a failed expectation show texts as texts. QString stands in no namespace, and so does this.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QStringList& texts, std::ostream* out)
+{
+    *out << '"' << texts.join(QStringLiteral("\", \"")).toStdString() << '"';
+}
