@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "csv_export.h"
+
+#include "failure.h"
+#include "recordset.h"
+#include "text_file.h"
+
+#include <array>
+#include <charconv>
+
+namespace orb {
+
+namespace {
+
+/// A line under way. It keeps its memory from row to row.
+class Line {
+public:
+    void begin(std::int64_t number)
+    {
+        std::array<char, 24> digits{};
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+        text_.assign(digits.data(), end);
+    }
+
+    /// Joins a text. Nothing is joined for Null, and a number can't be.
+    void add(const FieldValue& value)
+    {
+        if (value.type == FieldType::Integer || value.type == FieldType::Real)
+            throw RuntimeFailure(failure::TypeMismatch);
+        text_ += ',';
+        if (value.type == FieldType::Text)
+            text_ += value.text;
+    }
+
+    std::string_view text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+} // namespace
+
+QString csvHeader(int channels)
+{
+    QString header = QStringLiteral("No.,Time");
+    for (int i = 1; i <= channels; ++i)
+        header += QStringLiteral(",Ch%1V,Ch%1A").arg(i);
+    return header;
+}
+
+QString csvSelect(int channels)
+{
+    QString columns;
+    for (int i = 1; i <= channels; ++i)
+        columns += QStringLiteral(",PVal%1,SVal%1").arg(i);
+    return QStringLiteral("select SeqNo ,RecTime") + columns + QStringLiteral(",timetick from DataMeasure");
+}
+
+void writeCsvRows(Recordset& rows, int channels, OutputFile& file)
+{
+    Line line;
+    const int lastColumn = 1 + 2 * channels;
+    for (; !rows.isEof(); rows.moveNext()) {
+        if (channels < 1)
+            rows.field(QStringLiteral("PVal1"));
+        line.begin(rows.value(0).integer);
+        for (int column = 1; column <= lastColumn; ++column)
+            line.add(rows.value(column));
+        file.writeLine(line.text());
+    }
+}
+
+} // namespace orb

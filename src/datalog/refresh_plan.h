@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace orb {
+
+/// One column that a refresh reads, and the series, from 0, that it fills.
+struct SeriesColumn {
+    QString column;
+    int series;
+
+    bool operator==(const SeriesColumn&) const = default;
+};
+
+/// The columns that a refresh reads for a log of so many channels, in their order. It has gaps on purpose: seven
+/// channels miss `PVal7`, eight read nothing at all.
+std::vector<SeriesColumn> refreshColumns(int channels);
+
+/// The statement that asks for the highest and lowest `PVal` and `SVal` of each channel.
+QString extremesSelect(int channels);
+
+/// The end of a value axis that starts at zero: the first of the decades from 0.000001 up that is not less than
+/// `highest`. The decades are made by repeated multiplication.
+double decadeAbove(double highest);
+
+} // namespace orb

@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_log_test.h"
+
+using namespace orb;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const Shown notConnectedAtStart{"Please Connect Device first, and then try again!", Icon::Critical, Buttons::Ok};
+const Shown linkLost{"Please Setup Device first, and then try again!", Icon::Critical, Buttons::Ok};
+const Shown busy{"Device is Busy or Device is not connected\r\nWait or not?", Icon::None, Buttons::YesNo};
+const Shown stillNothing{"Device is not connected.\r\nPlease reconnect device and try again!", Icon::Critical,
+                         Buttons::Ok};
+const Shown missingList{"9:Subscript out of range", Icon::Critical, Buttons::Ok};
+
+class AcquisitionTest : public DataLogTest {
+protected:
+    QString samples() const { return table("select SeqNo,RecTime,PVal1,SVal1 from DataMeasure"); }
+    bool isIdle() const { return page.logStart.enabled() && !page.logStop.enabled() && !page.bLogRunning; }
+};
+
+TEST_F(AcquisitionTest, ASampleASecondGoesToTheTableTheGridAndTheCurves)
+{
+    record(3);
+
+    EXPECT_EQ(samples(), "0|2024/01/31 10:15:00|1.1000|12.1000\n"
+                         "1|2024/01/31 10:15:01|1.1000|12.1000\n"
+                         "2|2024/01/31 10:15:02|1.1000|12.1000\n");
+    EXPECT_THAT(gridColumn("SeqNo"), ElementsAre("0", "1", "2"));
+    EXPECT_THAT(gridColumn("CH1 A"), ElementsAre("1.1000", "1.1000", "1.1000"));
+    EXPECT_THAT(gridColumn("CV4 V"), ElementsAre("12.4000", "12.4000", "12.4000"));
+    EXPECT_THAT(plotted(1), ElementsAre(12.1, 12.1, 12.1));
+    EXPECT_THAT(plotted(2), ElementsAre(1.1, 1.1, 1.1));
+    EXPECT_THAT(plotted(8), ElementsAre(4.1, 4.1, 4.1));
+    EXPECT_THAT(plotted(9), IsEmpty());
+    EXPECT_NEAR(page.graphLog.plot(1).point(2).x * 86400, 2, 1e-6);
+    EXPECT_EQ(page.lLogRecNo, 3);
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, ACycleSendsBothQueriesAndSleepsOutTheRestOfItsSecond)
+{
+    record(1);
+
+    EXPECT_THAT(instrument.sent, ElementsAre(":FETC:ALLC?", ":FETC:ALLV?"));
+    ASSERT_EQ(clock.sleeps.size(), 3);
+    EXPECT_EQ(clock.sleeps[0], 100);
+    EXPECT_EQ(clock.sleeps[1], 100);
+    EXPECT_NEAR(clock.sleeps[2], 799, 5); // single-precision seconds have a grain of 4 ms at this hour
+}
+
+TEST_F(AcquisitionTest, ACycleOfASecondOrMoreDoesNotSleep)
+{
+    instrument.onCommand = [this](const QString& query) {
+        clock.advance(600);
+        return query == ":FETC:ALLC?" ? currents : voltages;
+    };
+
+    record(1);
+
+    EXPECT_THAT(clock.sleeps, ElementsAre(100, 100));
+}
+
+TEST_F(AcquisitionTest, WithoutALinkTheLogDoesNotStart)
+{
+    instrument.connected = false;
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(notConnectedAtStart));
+    EXPECT_THAT(instrument.sent, IsEmpty());
+    EXPECT_FALSE(page.logStop.enabled());
+    EXPECT_FALSE(page.bLogStarted);
+}
+
+TEST_F(AcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
+{
+    clock.at(1500, [&] {
+        EXPECT_FALSE(page.logStart.enabled());
+        EXPECT_TRUE(page.logStop.enabled());
+        EXPECT_EQ(page.logStop.picture(), paths.inApplication("\\ICON\\B4STOP-A.JPG"));
+        EXPECT_TRUE(page.bLogStarted);
+    });
+
+    record(3);
+
+    EXPECT_TRUE(isIdle());
+    EXPECT_EQ(page.logStop.picture(), paths.inApplication("\\ICON\\B4STOP.JPG"));
+    EXPECT_TRUE(page.bLogStarted);
+}
+
+TEST_F(AcquisitionTest, TheBoxesOfTheInstrumentsChannelsAreEnabledAndChecked)
+{
+    record(1);
+
+    for (std::size_t i = 0; i < 16; ++i) {
+        EXPECT_EQ(page.cbPlot[i].enabled(), i < 8) << i;
+        EXPECT_EQ(page.cbPlot[i].value(), i < 8 ? CheckBox::Checked : CheckBox::Unchecked) << i;
+        EXPECT_EQ(page.graphLog.plot(static_cast<int>(i) + 1).visible(), i < 8) << i;
+    }
+    EXPECT_EQ(page.iLogChannels, 4);
+}
+
+TEST_F(AcquisitionTest, TheRangesThatTheCombosSetStayInARecording)
+{
+    pick(page.cmbXLength, "1 Hr");
+    pick(page.cmbYVoltage, "15V");
+
+    record(2);
+
+    EXPECT_NEAR(page.graphLog.axis(1).maximum(), 1.0 / 24, 1e-9);
+    EXPECT_EQ(page.graphLog.axis(2).maximum(), 15);
+}
+
+TEST_F(AcquisitionTest, TheLastFieldOfAReplyIsNeverUsed)
+{
+    currents = "1,2,3,4";
+
+    record(1);
+
+    EXPECT_EQ(table("select PVal3,PVal4,SVal4 from DataMeasure"), "3|-|-\n");
+    EXPECT_THAT(plotted(7), IsEmpty());
+}
+
+TEST_F(AcquisitionTest, ARecordingThatPassesMidnightSleepsForAboutADay)
+{
+    clock.allow(2 * 86'400'000LL);
+    clock.setNow(QDateTime({2024, 1, 31}, {23, 59, 59, 0}));
+    clock.at(86'400'000, [&] { press(page.logStop); });
+
+    press(page.logStart);
+
+    EXPECT_EQ(table("select SeqNo,RecTime from DataMeasure"), "0|2024/01/31 23:59:59\n"
+                                                              "1|2024/02/01 00:00:00\n"
+                                                              "2|2024/02/02 00:00:01\n");
+    const auto longest = *std::max_element(clock.sleeps.begin(), clock.sleeps.end());
+    EXPECT_NEAR(longest, 86'400'000, 2000);
+}
+
+TEST_F(AcquisitionTest, AReplyWithASingleFieldLogsNothingAndStopsTheLog)
+{
+    currents = "1.1000";
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"5:Invalid procedure call or argument", critical, Buttons::Ok}));
+    EXPECT_EQ(samples(), "");
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, AReplyOnTheThirdPollCostsOneHundredMillisecondsAPollAndNoMessage)
+{
+    clock.at(1, [&] { press(page.logStop); });
+    instrument.replies = {"", "", "", currents, voltages};
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_THAT(instrument.sent, ElementsAre(":FETC:ALLC?", ":FETC:ALLV?"));
+    ASSERT_EQ(clock.sleeps.size(), 6);
+    EXPECT_THAT(std::vector<int>(clock.sleeps.begin(), clock.sleeps.begin() + 5), ElementsAre(100, 100, 100, 100, 100));
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
+}
+
+TEST_F(AcquisitionTest, AYesAndAReplyContinueTheCycleWithNoGapInTheNumbers)
+{
+    clock.at(1000, [&] { instrument.replies = {"", "", "", "", currents, voltages}; });
+    clock.at(2000, [&] { press(page.logStop); });
+    dialogs.answers = {Answer::Yes};
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(busy));
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n1\n2\n");
+}
+
+TEST_F(AcquisitionTest, ANoStopsTheLogStillSendsTheOtherQueryAndThenReportsTheMissingList)
+{
+    clock.at(1000, [&] { currents.clear(); });
+    dialogs.answers = {Answer::No};
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(busy, missingList));
+    EXPECT_EQ(instrument.sent.back(), ":FETC:ALLV?");
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n");
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConnectedAndThenTheMissingList)
+{
+    currents.clear();
+    dialogs.answers = {Answer::Yes};
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(busy, stillNothing, missingList));
+    EXPECT_THAT(instrument.sent, ElementsAre(":FETC:ALLC?", ":FETC:ALLC?", ":FETC:ALLV?"));
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, AMissingVoltageListTakesTheSameRoadAsAMissingCurrentList)
+{
+    voltages.clear();
+    dialogs.answers = {Answer::Yes};
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(busy, stillNothing, missingList));
+    EXPECT_THAT(instrument.sent, ElementsAre(":FETC:ALLC?", ":FETC:ALLV?", ":FETC:ALLV?"));
+    EXPECT_EQ(samples(), "");
+}
+
+TEST_F(AcquisitionTest, AVoltageListShorterThanTheCurrentListStopsTheLogAndWritesNoRow)
+{
+    clock.at(1000, [&] { voltages = "12.1,12.2"; });
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(missingList));
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
+    EXPECT_THAT(plotted(1), ElementsAre(12.1, 12.1)) << "the channels before the missing one have their point";
+}
+
+TEST_F(AcquisitionTest, ALinkLostInTheRecordingIsToldTwiceAndStopsTheLog)
+{
+    clock.at(1000, [&] { instrument.connected = false; });
+
+    press(page.logStart);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(linkLost, Shown{"91:Object variable not set", critical, Buttons::Ok}));
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, AFieldThatIsNoNumberFailsInTheStatementAndStopsTheLog)
+{
+    currents = "1.1,garbage,3.1,4.1,";
+
+    press(page.logStart);
+
+    ASSERT_EQ(dialogs.shown.size(), 1);
+    EXPECT_TRUE(dialogs.shown[0].text.startsWith("3075:")) << dialogs.shown[0].text.toStdString();
+    EXPECT_EQ(dialogs.shown[0].icon, Icon::Critical);
+    EXPECT_EQ(samples(), "");
+    EXPECT_TRUE(isIdle());
+}
+
+TEST_F(AcquisitionTest, AFieldThatIsAStatementIsNeverRun)
+{
+    currents = "1.1);delete from DataMeasureM;--,2.1,";
+    alterDatabase("insert into DataMeasureM (LogID,LogDate) values('20240131001','2024-01-31 10:00:00')");
+
+    press(page.logStart);
+
+    EXPECT_EQ(dialogs.shown.size(), 1);
+    EXPECT_EQ(table("select count(*) from DataMeasureM"), "1\n");
+}
+
+TEST_F(AcquisitionTest, ASecondStartEmptiesTheTableAgainAndAStopDoesNot)
+{
+    record(3);
+    EXPECT_EQ(page.lLogRecNo, 3);
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "3\n");
+
+    record(1);
+
+    EXPECT_EQ(page.lLogRecNo, 1);
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n");
+    EXPECT_EQ(plotted(1).size(), 1);
+}
+
+TEST_F(AcquisitionTest, TheCycleInProgressRunsToItsEndAfterAStop)
+{
+    clock.at(1, [&] { press(page.logStop); });
+
+    press(page.logStart);
+
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
+}
+
+TEST_F(AcquisitionTest, TheGridFollowsTheNewestSample)
+{
+    record(60);
+
+    EXPECT_EQ(page.DataLog.recordset().field("SeqNo").asText(), "59");
+    EXPECT_EQ(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 60);
+}
+
+TEST_F(AcquisitionTest, TextThatBeginsWithNoNumberCountsAsZeroInTheCurves)
+{
+    voltages = "'over',12.2,12.3,12.4,";
+
+    record(1);
+
+    EXPECT_THAT(plotted(1), ElementsAre(0));
+    EXPECT_EQ(table("select SVal1 from DataMeasure"), "over\n");
+}
+
+TEST_F(AcquisitionTest, TheStatementIsJoinedToTheLetter)
+{
+    const auto nothing = [](int, const QString&, const QString&) {};
+    EXPECT_EQ(sampleStatement(7, QDateTime({2024, 1, 31}, {10, 15, 9}), QStringList{"1.1", "2.1", ""},
+                              QStringList{"12.1", "12.2", ""}, nothing),
+              "insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1,PVal2,SVal2)  values(7,'2024/01/31 "
+              "10:15:09',1.1,12.1,2.1,12.2)");
+}
+
+TEST_F(AcquisitionTest, TheDataLogTimerNeverTicks)
+{
+    EXPECT_EQ(page.TimerDataLog.interval(), 0);
+    instrument.connectedReads = {true};
+    clock.advance(5000);
+    EXPECT_EQ(instrument.connectedReads.size(), 1);
+}
+
+} // namespace

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "data_log_page.h"
+#include "page_test.h"
+
+namespace orb {
+
+/// The data log page on a form, set up as after the start, beside an instrument of four channels that answers at once.
+class DataLogTest : public PageTest {
+protected:
+    DataLogTest()
+    {
+        page.setParent(&form);
+        instrument.connected = true;
+        instrument.channelCount = 4;
+        instrument.onCommand = [this](const QString& query) { return query == ":FETC:ALLC?" ? currents : voltages; };
+        dbMain = wsMain.openDatabase(databasePath());
+        run.enter([this] { page.InitDataLog(); });
+        EXPECT_THAT(ending.reports, testing::IsEmpty());
+    }
+
+    /// Records from now on; the operator stops in the yield before the sample behind the last of so many.
+    void record(int samples)
+    {
+        const qint64 lastYield = clock.elapsed() + 1000 * (samples - 1);
+        clock.at(lastYield, [this] { press(page.logStop); });
+        press(page.logStart);
+    }
+
+    /// What the grid shows of a column, a line a row.
+    QStringList gridColumn(const QString& caption)
+    {
+        QStringList cells;
+        for (int column = 0; column < page.DBGrid1.columnCount(); ++column)
+            if (page.DBGrid1.column(column).caption == caption)
+                for (std::int64_t row = 0; row < page.DataLog.rowCount(); ++row)
+                    cells << page.DBGrid1.cellText(row, column);
+        return cells;
+    }
+
+    /// The y values of a plot.
+    std::vector<double> plotted(int plot)
+    {
+        std::vector<double> values;
+        for (std::size_t i = 0; i < page.graphLog.plot(plot).pointCount(); ++i)
+            values.push_back(page.graphLog.plot(plot).point(i).y);
+        return values;
+    }
+
+    QString currents = "1.1000,2.1000,3.1000,4.1000,";
+    QString voltages = "12.1000,12.2000,12.3000,12.4000,";
+    Form form{run};
+    Workspace wsMain{[this] { return clock.now(); }};
+    std::unique_ptr<Database> dbMain;
+    DataLogPage page{clock, dialogs, paths, instrument, wsMain, dbMain};
+};
+
+} // namespace orb

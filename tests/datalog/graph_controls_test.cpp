@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_log_test.h"
+
+#include "graph_log.h"
+
+using namespace orb;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class GraphControlsTest : public DataLogTest {
+protected:
+    /// The operator drags cursor 1 to that many seconds of the time axis.
+    void moveCursor(double seconds, double y = 12.5)
+    {
+        run.enter([&] { page.graphLog.onCursorChange(seconds / 86400, y); });
+    }
+
+    void recordedRows(int rows)
+    {
+        for (int i = 0; i < rows; ++i)
+            dbMain->execute(
+                QStringLiteral("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(%1,'t',1,12)").arg(i));
+        page.iLogChannels = 1;
+        press(page.logRefresh);
+        press(page.optGraphMode[2]);
+    }
+
+    QString currentRow() { return page.DataLog.recordset().field("SeqNo").asText(); }
+
+    QString checkedBoxes() const
+    {
+        QStringList checked;
+        for (const CheckBox& box : page.cbPlot)
+            if (box.value() == CheckBox::Checked)
+                checked << box.caption();
+        return checked.join(", ");
+    }
+};
+
+TEST_F(GraphControlsTest, EachTimeRangeSetsCaptionFormatDivisionsAndRange)
+{
+    const auto axisAfter = [&](const QString& text) {
+        page.cmbXLength.addItem(text); // the last three are in the handler and not in the list
+        run.enter([&] { page.cmbXLength.setText(text); });
+        const GraphAxis& axis = page.graphLog.axis(1);
+        return QStringLiteral("%1 | %2 | %3 | %4 s")
+            .arg(axis.caption(), axis.FormatString())
+            .arg(axis.MajorDivisions())
+            .arg(std::llround((axis.maximum() - axis.minimum()) * 86400));
+    };
+    EXPECT_EQ(axisAfter("10m"), "Elapsed Time [Sec] | h:n:ss | 5 | 600 s");
+    EXPECT_EQ(axisAfter("5m"), "Elapsed Time [Sec] | h:n:ss | 5 | 300 s");
+    EXPECT_EQ(axisAfter("20m"), "Elapsed Time [Sec] | h:n:ss | 5 | 1200 s");
+    EXPECT_EQ(axisAfter("30m"), "Elapsed Time [Sec] | h:n:ss | 5 | 1800 s");
+    EXPECT_EQ(axisAfter("60m"), "Elapsed Time [Sec] | h:n:ss | 6 | 3600 s");
+    EXPECT_EQ(axisAfter("1 Hr"), "Elapsed Time [min] | h:nn | 6 | 3600 s");
+    EXPECT_EQ(axisAfter("3 Hr"), "Elapsed Time [min] | h:nn | 6 | 10800 s");
+    EXPECT_EQ(axisAfter("6 Hr"), "Elapsed Time [Min] | h:nn | 6 | 21600 s");
+    EXPECT_EQ(axisAfter("12Hr"), "Elapsed Time [Min] | h:nn | 6 | 43200 s");
+    EXPECT_EQ(axisAfter("1Day"), "Elapsed Time [Min] | hh:nn | 6 | 86340 s");
+    EXPECT_EQ(axisAfter("2Day"), QStringLiteral("Elapsed Time [Min] | dd h:nn | 6 | %1 s").arg(2880LL * 86400));
+    EXPECT_EQ(axisAfter("3Day"), QStringLiteral("Elapsed Time [Min] | dd h:n | 6 | %1 s").arg(4320LL * 86400));
+    EXPECT_EQ(axisAfter("4Day"), QStringLiteral("Elapsed Time [Min] | dd h:n | 6 | %1 s").arg(5760LL * 86400));
+    EXPECT_EQ(axisAfter("5Day"), QStringLiteral("Elapsed Time [Min] | dd h:n | 6 | %1 s").arg(5760LL * 86400))
+        << "a text that matches no row changes nothing";
+}
+
+TEST_F(GraphControlsTest, ValueRangesReadTheNumberAtTheHeadOfTheText)
+{
+    const auto maximum = [&](ComboBox& combo, const QString& text, int axis) {
+        pick(combo, text);
+        return page.graphLog.axis(axis).maximum();
+    };
+    EXPECT_EQ(maximum(page.cmbYVoltage, "105V", 2), 105);
+    EXPECT_EQ(maximum(page.cmbYVoltage, "1 V", 2), 1);
+    EXPECT_EQ(maximum(page.cmbYCurrent, "0.1 A", 3), 0.1);
+    EXPECT_EQ(maximum(page.cmbYCurrent, "4.5A", 3), 4.5);
+    EXPECT_EQ(page.graphLog.axis(3).minimum(), 0);
+}
+
+TEST_F(GraphControlsTest, SelectingDefaultGoesToFiftyUntilTheNextRefresh)
+{
+    recordedRows(2);
+    pick(page.cmbYVoltage, "5V");
+
+    pick(page.cmbYVoltage, "Default");
+    EXPECT_EQ(page.graphLog.axis(2).maximum(), 50);
+
+    press(page.logRefresh);
+    EXPECT_NEAR(page.graphLog.axis(2).maximum(), 1, 1e-9);
+}
+
+TEST_F(GraphControlsTest, NoSelectionOfARangeChangesNothing)
+{
+    pick(page.cmbYVoltage, "5V");
+    run.enter([&] { page.cmbYVoltage.setListIndex(-1); });
+    EXPECT_EQ(page.graphLog.axis(2).maximum(), 5);
+}
+
+TEST_F(GraphControlsTest, ABoxShowsAndHidesItsPlot)
+{
+    record(1);
+    press(page.cbPlot[2]);
+    EXPECT_FALSE(page.graphLog.plot(3).visible());
+    press(page.cbPlot[2]);
+    EXPECT_TRUE(page.graphLog.plot(3).visible());
+}
+
+TEST_F(GraphControlsTest, WithoutALogTheModeChangesAndNoCursorAndNoBoxIsTouched)
+{
+    page.cbPlot[3].setValue(CheckBox::Checked);
+    page.graphLog.cursor(2).setVisible(true);
+
+    press(page.optGraphMode[2]);
+    EXPECT_EQ(page.graphLog.TrackMode(), 2);
+    EXPECT_TRUE(page.FrameCursor.visible());
+    EXPECT_EQ(checkedBoxes(), "Ch2 A");
+    EXPECT_TRUE(page.graphLog.cursor(2).visible());
+
+    press(page.optGraphMode[1]);
+    EXPECT_EQ(page.graphLog.TrackMode(), 3);
+    EXPECT_FALSE(page.FrameCursor.visible());
+    press(page.optGraphMode[0]);
+    EXPECT_EQ(page.graphLog.TrackMode(), 6);
+    EXPECT_EQ(checkedBoxes(), "Ch2 A");
+}
+
+TEST_F(GraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked)
+{
+    record(2);
+
+    press(page.optGraphMode[2]);
+    EXPECT_EQ(checkedBoxes(), "");
+    EXPECT_FALSE(page.graphLog.plot(1).visible());
+    EXPECT_FALSE(page.graphLog.cursor(1).visible());
+
+    press(page.cbPlot[0]);
+    press(page.cbPlot[3]);
+    EXPECT_EQ(checkedBoxes(), "Ch2 A");
+    const GraphCursor& cursor = page.graphLog.cursor(1);
+    EXPECT_TRUE(cursor.visible());
+    EXPECT_EQ(cursor.plot(), &page.graphLog.plot(4));
+    EXPECT_EQ(cursor.colour(), QColor(0, 0, 255));
+    EXPECT_EQ(cursor.yPosition(), 25);
+}
+
+TEST_F(GraphControlsTest, LeavingCursorModeHidesItsFrameAndItsCursors)
+{
+    record(2);
+    press(page.optGraphMode[2]);
+    press(page.cbPlot[0]);
+
+    press(page.optGraphMode[0]);
+
+    EXPECT_FALSE(page.FrameCursor.visible());
+    EXPECT_FALSE(page.graphLog.cursor(1).visible());
+    EXPECT_EQ(page.graphLog.TrackMode(), 6);
+}
+
+TEST_F(GraphControlsTest, ARefreshInCursorModeLeavesOnlyTheLastBoxChecked)
+{
+    record(2);
+    press(page.optGraphMode[2]);
+
+    press(page.logRefresh);
+
+    EXPECT_EQ(checkedBoxes(), "Ch4 A");
+    EXPECT_TRUE(page.optGraphMode[0].value());
+}
+
+TEST_F(GraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
+{
+    recordedRows(100);
+
+    moveCursor(42, 12.3456);
+
+    EXPECT_EQ(page.XPosition.text(), "00:00:42");
+    EXPECT_EQ(page.YPosition.text(), "12.3456");
+    EXPECT_EQ(currentRow(), "42");
+    EXPECT_GT(page.DBGrid1.firstVisibleRow(), 0);
+    EXPECT_LE(page.DBGrid1.firstVisibleRow(), 42);
+    EXPECT_GT(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 42);
+}
+
+TEST_F(GraphControlsTest, ACursorAtZeroSearchesForNothing)
+{
+    recordedRows(10);
+    moveCursor(5);
+    moveCursor(0);
+    EXPECT_EQ(page.XPosition.text(), "00:00:00");
+    EXPECT_EQ(currentRow(), "5");
+}
+
+TEST_F(GraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneBehindItStaysWhereItWas)
+{
+    recordedRows(10);
+    moveCursor(9);
+    EXPECT_EQ(currentRow(), "9");
+    moveCursor(3);
+    moveCursor(10);
+    EXPECT_EQ(currentRow(), "3") << "no row has the number of the rows";
+    moveCursor(11);
+    EXPECT_EQ(currentRow(), "3");
+}
+
+TEST_F(GraphControlsTest, HoursCountSixtySecondsSoThatTheGridLagsBeyondTheFirstHour)
+{
+    recordedRows(100);
+
+    moveCursor(3610);
+
+    EXPECT_EQ(page.XPosition.text(), "01:00:10");
+    EXPECT_EQ(currentRow(), "70");
+}
+
+TEST_F(GraphControlsTest, OutsideOfCursorModeACursorIsNotReadOff)
+{
+    recordedRows(10);
+    press(page.optGraphMode[0]);
+    moveCursor(5);
+    EXPECT_EQ(page.XPosition.text(), "");
+}
+
+TEST_F(GraphControlsTest, TheGraphHasItsAxesPlotsAndCursors)
+{
+    DataLogPage fresh(clock, dialogs, paths, instrument, wsMain, dbMain);
+    const Graph& graph = fresh.graphLog;
+    const auto axis = [&](int number) {
+        const GraphAxis& a = graph.axis(number);
+        return QStringLiteral("%1, %2, %3...%4, %5")
+            .arg(a.name(), a.caption())
+            .arg(a.minimum())
+            .arg(std::llround(a.maximum() * 24))
+            .arg(a.FormatString());
+    };
+    EXPECT_EQ(axis(1), "X-Axis, Elapsed Time, 0...1, h:nn");
+    EXPECT_EQ(axis(2), "Y-Axis, Voltage, 0...720, ");
+    EXPECT_EQ(axis(3), "YAxis-A, Amp, 0...720, ");
+    EXPECT_EQ(graph.plotCount(), 16);
+    EXPECT_EQ(graph.cursorCount(), 16);
+    EXPECT_EQ(&graph.plot(15).valueAxis(), &graph.axis(2));
+    EXPECT_EQ(&graph.plot(16).valueAxis(), &graph.axis(3));
+    EXPECT_EQ(graph.plot(13).lineColour(), QColor(128, 0, 0));
+    EXPECT_EQ(graph.plot(14).lineColour(), QColor(128, 0, 0));
+    EXPECT_EQ(graph.plot(16).name(), "Plot-16");
+}
+
+} // namespace

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_log_test.h"
+
+#include "refresh_plan.h"
+
+using namespace orb;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class RefreshTest : public DataLogTest {
+protected:
+    /// Rows of so many channels in the live table: in row r channel n has the current n+r/10 and the voltage 10n+r.
+    void fill(int rows, int channels)
+    {
+        for (int r = 0; r < rows; ++r) {
+            QString columns, values;
+            for (int n = 1; n <= channels; ++n) {
+                columns += QStringLiteral(",PVal%1,SVal%1").arg(n);
+                values += QStringLiteral(",%1.%2,%3").arg(n).arg(r).arg(10 * n + r);
+            }
+            dbMain->execute(
+                QStringLiteral("insert into DataMeasure (SeqNo,RecTime%1) values(%2,'2024/01/31 10:15:0%2'%3)")
+                    .arg(columns)
+                    .arg(r)
+                    .arg(values));
+        }
+    }
+
+    /// Fills the table, and refreshes a log of so many channels.
+    void refreshLog(int channels, int rows = 2)
+    {
+        fill(rows, channels);
+        page.iLogChannels = static_cast<std::int16_t>(channels);
+        press(page.logRefresh);
+    }
+
+    QString maxima() const
+    {
+        return QStringLiteral("%1 %2").arg(page.graphLog.axis(2).maximum()).arg(page.graphLog.axis(3).maximum());
+    }
+};
+
+TEST_F(RefreshTest, AnEmptyTableDrawsEveryPlotWithOnePointAtZeroAndTheSmallestDecade)
+{
+    refreshLog(4, 0);
+
+    for (int plot = 1; plot <= 8; ++plot)
+        EXPECT_THAT(plotted(plot), ElementsAre(0)) << plot;
+    EXPECT_THAT(plotted(9), IsEmpty());
+    EXPECT_EQ(maxima(), "1e-06 1e-06");
+    EXPECT_THAT(ending.reports, IsEmpty());
+}
+
+TEST_F(RefreshTest, ARefreshDrawsPValOnTheOddPlotsAndSValOnTheEvenOnesAndEndsInAFallToZero)
+{
+    refreshLog(2);
+
+    EXPECT_THAT(plotted(1), ElementsAre(1.0, 1.1, 0));
+    EXPECT_THAT(plotted(2), ElementsAre(10, 11, 0));
+    EXPECT_THAT(plotted(3), ElementsAre(2.0, 2.1, 0));
+    EXPECT_THAT(plotted(4), ElementsAre(20, 21, 0));
+    EXPECT_NEAR(page.graphLog.plot(1).point(2).x * 86400, 2, 1e-6);
+}
+
+TEST_F(RefreshTest, ThePairOfAChannelChangesPlacesBetweenTheLiveAndTheRefreshedView)
+{
+    record(1);
+    EXPECT_THAT(plotted(1), ElementsAre(12.1));
+    EXPECT_THAT(plotted(2), ElementsAre(1.1));
+
+    press(page.logRefresh);
+
+    EXPECT_THAT(plotted(1), ElementsAre(1.1, 0));
+    EXPECT_THAT(plotted(2), ElementsAre(12.1, 0));
+    EXPECT_THAT(gridColumn("CH1 A"), ElementsAre("1.1000"));
+}
+
+TEST_F(RefreshTest, TheColumnsReadForEachChannelCountHaveTheirGaps)
+{
+    const auto plan = [](int channels) {
+        QStringList columns;
+        for (const auto& column : refreshColumns(channels))
+            columns << QStringLiteral("%1>%2").arg(column.column).arg(column.series);
+        return columns.join(' ');
+    };
+    EXPECT_EQ(plan(1), "PVal1>0 SVal1>1");
+    EXPECT_EQ(plan(2), "PVal1>0 PVal2>2 SVal1>1 SVal2>3");
+    EXPECT_EQ(plan(3), "PVal1>0 PVal2>2 PVal3>4 SVal1>1 SVal2>3 SVal3>5");
+    EXPECT_EQ(plan(4), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 SVal1>1 SVal2>3 SVal3>5 SVal4>7");
+    EXPECT_EQ(plan(5), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9");
+    EXPECT_EQ(plan(6), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
+                       "SVal6>11 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 SVal6>11");
+    EXPECT_EQ(plan(7), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
+                       "SVal6>11 SVal7>13 SVal8>15");
+    for (int none : {-1, 0, 8, 9})
+        EXPECT_EQ(plan(none), "") << none;
+}
+
+TEST_F(RefreshTest, WithSevenChannelsThePlotOfTheSeventhCurrentStaysAtZero)
+{
+    refreshLog(7);
+
+    EXPECT_THAT(plotted(11), ElementsAre(6.0, 6.1, 0));
+    EXPECT_THAT(plotted(13), ElementsAre(0, 0, 0));
+    EXPECT_THAT(plotted(14), ElementsAre(70, 71, 0));
+    EXPECT_THAT(plotted(16), IsEmpty());
+    EXPECT_THAT(ending.reports, IsEmpty()) << "the eighth voltage, which no row has, is read";
+}
+
+TEST_F(RefreshTest, WithEightChannelsEveryCurveIsFlatAtZero)
+{
+    refreshLog(8, 3);
+
+    for (int plot = 1; plot <= 16; ++plot)
+        EXPECT_THAT(plotted(plot), ElementsAre(0, 0, 0, 0)) << plot;
+    EXPECT_EQ(page.lLogRecNo, 3);
+}
+
+TEST_F(RefreshTest, ARefreshWithoutAChannelCountPlotsNothingChecksNoBoxAndLeavesSeven)
+{
+    refreshLog(0);
+    fill(2, 2);
+    page.iLogChannels = 0;
+    press(page.logRefresh);
+
+    for (int plot = 1; plot <= 16; ++plot)
+        EXPECT_THAT(plotted(plot), IsEmpty()) << plot;
+    for (const CheckBox& box : page.cbPlot)
+        EXPECT_EQ(box.value(), CheckBox::Unchecked);
+    EXPECT_EQ(page.iLogChannels, 7);
+}
+
+TEST_F(RefreshTest, AHighestValueThatIsAPowerOfTenTakesTheDecadeOfTheRepeatedMultiplication)
+{
+    double decade = 0.000001;
+    for (int i = 0; i < 7; ++i)
+        decade *= 10;
+    const double expected = decade < 10 ? decade * 10 : decade; // a decade just under 10 takes one more step
+    EXPECT_EQ(decadeAbove(10), expected);
+    EXPECT_EQ(decadeAbove(0), 0.000001);
+    EXPECT_EQ(decadeAbove(-1000000000), 0.000001);
+    EXPECT_NEAR(decadeAbove(10.5), 100, 1e-9);
+}
+
+TEST_F(RefreshTest, TheHighestOfTheTextColumnIsTheHighestText)
+{
+    alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','9.5','1'),(1,'t','10.2','1')");
+    page.iLogChannels = 1;
+
+    press(page.logRefresh);
+
+    EXPECT_NEAR(page.graphLog.axis(2).maximum(), 10, 1e-9) << "9.5 sorts above 10.2";
+    EXPECT_NEAR(page.graphLog.axis(3).maximum(), 1, 1e-9);
+}
+
+TEST_F(RefreshTest, AFixedRangeIsLeftAloneByARefresh)
+{
+    pick(page.cmbYVoltage, "105V");
+
+    refreshLog(2);
+
+    EXPECT_EQ(page.graphLog.axis(2).maximum(), 105);
+    EXPECT_NEAR(page.graphLog.axis(3).maximum(), 100, 1e-9);
+}
+
+TEST_F(RefreshTest, ARefreshTakesTheRowCountChecksTheBoxesOfTheLogAndSelectsZoom)
+{
+    press(page.optGraphMode[1]);
+
+    refreshLog(2, 3);
+
+    EXPECT_EQ(page.lLogRecNo, 3);
+    for (std::size_t i = 0; i < 16; ++i) {
+        EXPECT_EQ(page.cbPlot[i].enabled(), i < 4) << i;
+        EXPECT_EQ(page.cbPlot[i].value(), i < 4 ? CheckBox::Checked : CheckBox::Unchecked) << i;
+    }
+    EXPECT_TRUE(page.optGraphMode[0].value());
+    EXPECT_EQ(page.graphLog.TrackMode(), 6);
+}
+
+TEST_F(RefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)
+{
+    alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','1','over')");
+    page.iLogChannels = 1;
+
+    press(page.logRefresh);
+
+    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '13':\n\nType mismatch"));
+    EXPECT_THAT(plotted(1), IsEmpty());
+    EXPECT_EQ(page.adLogSeries[0][0], 1) << "the series stay as far as they were filled";
+}
+
+TEST_F(RefreshTest, ARefreshInARecordingReplacesTheCurvesAndTheNextCycleAppends)
+{
+    clock.at(1500, [&] { press(page.logRefresh); });
+    clock.at(2500, [&] { press(page.logStop); });
+
+    press(page.logStart);
+
+    EXPECT_THAT(plotted(1), ElementsAre(1.1, 1.1, 0, 12.1, 12.1));
+    EXPECT_THAT(table("select SeqNo from DataMeasure"), "0\n1\n2\n3\n");
+}
+
+TEST_F(RefreshTest, TheStatementOfTheExtremesNamesFourFieldsAChannel)
+{
+    EXPECT_EQ(extremesSelect(1), "Select max(PVal1),min(PVal1),max(SVal1),min(SVal1) FROM DataMeasure");
+    EXPECT_EQ(extremesSelect(2), "Select max(PVal1),min(PVal1),max(SVal1),min(SVal1),max(PVal2),min(PVal2),max(SVal2),"
+                                 "min(SVal2) FROM DataMeasure");
+}
+
+} // namespace

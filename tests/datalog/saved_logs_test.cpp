@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_log_test.h"
+
+using namespace orb;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const Shown noRows{"Please Retrieve Sample Data from ORB Device first!", Icon::Information, Buttons::Ok};
+const Shown deleted{"Delete Data Log OK!", Icon::Information, Buttons::Ok};
+
+Shown savedAs(const QString& identifier)
+{
+    return {"Data Log Saved OK(Rec ID:" + identifier + ")!", Icon::Information, Buttons::Ok};
+}
+
+Shown askToDelete(const QString& identifier)
+{
+    return {"Do you want to delete this Data Logfile(" + identifier + ")?", Icon::None, Buttons::YesNo};
+}
+
+class SavedLogsTest : public DataLogTest {
+protected:
+    DataFileDialogue& dialogue() { return page.FrameDataFileOperate; }
+
+    void recordAndSave(int samples)
+    {
+        record(samples);
+        press(page.logSave);
+    }
+
+    void deleteLog(const QString& line)
+    {
+        press(page.logDelete);
+        pick(dialogue().listLogDel, line);
+        dialogs.answers = {Answer::Yes};
+        press(dialogue().cmdOKDataLogFile);
+    }
+
+    QString masters() const { return table("select LogID,CHNum,RecNum from DataMeasureM order by LogID"); }
+    QString details() const { return table("select LogID,count(*) from DataMeasureD group by LogID"); }
+
+    /// Makes every insert into or delete from a table fail with these words.
+    void breakStatement(const QString& verb, const QString& tableName, const QString& words)
+    {
+        alterDatabase(QStringLiteral("create trigger broken before %1 on %2 begin select raise(fail, '%3'); end")
+                          .arg(verb, tableName, words));
+    }
+};
+
+TEST_F(SavedLogsTest, TheFirstSaveOfADayIsNumberOneTheNextNumberTwoAndTheDayChangesThePrefix)
+{
+    recordAndSave(2);
+    press(page.logSave);
+    clock.setNow(QDateTime({2024, 2, 1}, {9, 0, 0}));
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(savedAs("20240131001"), savedAs("20240131002"), savedAs("20240201001")));
+    EXPECT_EQ(masters(), "20240131001|4|2\n20240131002|4|2\n20240201001|4|2\n");
+    EXPECT_EQ(details(), "20240131001|2\n20240131002|2\n20240201001|2\n");
+}
+
+TEST_F(SavedLogsTest, ADeleteEarlierInTheDayMakesTheNextSaveRepeatAnIdentifierAndFail)
+{
+    recordAndSave(1);
+    press(page.logSave);
+    press(page.logSave);
+    deleteLog("20240131002, 2024/01/31 10:15:01, 4");
+    dialogs.shown.clear();
+
+    press(page.logSave);
+
+    ASSERT_EQ(dialogs.shown.size(), 1);
+    EXPECT_TRUE(dialogs.shown[0].text.startsWith("Data Log Saved Failed! Caused by:UNIQUE constraint failed"))
+        << dialogs.shown[0].text.toStdString();
+    EXPECT_EQ(dialogs.shown[0].icon, Icon::Critical);
+    EXPECT_EQ(details(), "20240131001|1\n20240131003|1\n") << "nothing is mixed";
+}
+
+TEST_F(SavedLogsTest, TheThousandthSaveOfADayHasTheDigitsZero)
+{
+    record(1);
+    alterDatabase("insert into DataMeasureM (LogID,LogDate) with recursive n(i) as (select 1 union all select i+1 from "
+                  "n where i<999) select '20240131'||printf('%03d',i),'2024-01-31 09:00:00' from n");
+
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(savedAs("20240131000")));
+}
+
+TEST_F(SavedLogsTest, ASaveWithoutRowsSavesNothing)
+{
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(noRows));
+    EXPECT_EQ(masters(), "");
+}
+
+TEST_F(SavedLogsTest, TheChannelCountIsWhatTheInstrumentSaysAtTheSaveAndALaterOpenPlotsByIt)
+{
+    record(2);
+    instrument.channelCount = 2;
+    press(page.logSave);
+
+    press(page.logOpen);
+    pick(dialogue().lstLogMain, "20240131001, 2024/01/31 10:15:02, 2, 2");
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_EQ(page.iLogChannels, 2);
+    EXPECT_THAT(plotted(3), ElementsAre(2.1, 2.1, 0));
+    EXPECT_FALSE(page.cbPlot[4].enabled());
+}
+
+TEST_F(SavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpen)
+{
+    record(1);
+    alterDatabase("update DataMeasure set Reason3='r', Comment='c', TimeTick='7', DiffLastTime='1.5'");
+    press(page.logSave);
+    record(1);
+
+    press(page.logOpen);
+    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_EQ(table("select Reason3,Comment,TimeTick,DiffLastTime from DataMeasure"), "r|c|7|1.5\n");
+}
+
+TEST_F(SavedLogsTest, AnOpenedLogIsTheLogInHand)
+{
+    recordAndSave(3);
+    record(1);
+
+    press(page.logOpen);
+    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_EQ(page.lLogRecNo, 3);
+    EXPECT_THAT(gridColumn("SeqNo"), ElementsAre("0", "1", "2"));
+    EXPECT_EQ(plotted(1).size(), 4);
+    EXPECT_FALSE(dialogue().visible());
+}
+
+TEST_F(SavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
+{
+    recordAndSave(2);
+    clock.setNow(QDateTime({2024, 2, 1}, {9, 0, 0}));
+    press(page.logSave);
+
+    press(page.logOpen);
+    EXPECT_THAT(dialogue().lstLogMain.items(),
+                ElementsAre("20240201001, 2024/02/01 09:00:00, 4, 2", "20240131001, 2024/01/31 10:15:02, 4, 2"));
+    EXPECT_EQ(dialogue().lblLogTitle.caption(), "Please Select a Data Log File and Open this File");
+    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "OPENDATALOG");
+    EXPECT_EQ(dialogue().lstLogMain.backColor(), QColor(255, 192, 192));
+
+    press(page.logDelete);
+    EXPECT_THAT(dialogue().listLogDel.items(),
+                ElementsAre("20240201001, 2024/02/01 09:00:00, 4", "20240131001, 2024/01/31 10:15:02, 4"));
+    EXPECT_EQ(dialogue().lblLogTitle.caption(), "Please Select a Data Log File and Ready to Delete this File");
+    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "DELETEDATALOG");
+    EXPECT_EQ(dialogue().listLogDel.backColor(), QColor(192, 255, 255));
+}
+
+TEST_F(SavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothing)
+{
+    recordAndSave(2);
+    press(page.logOpen);
+
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_FALSE(dialogue().visible());
+    EXPECT_EQ(page.lLogRecNo, 2);
+    EXPECT_EQ(plotted(1).size(), 2) << "no refresh was made";
+}
+
+TEST_F(SavedLogsTest, OkWithoutASelectionInDeleteModeStillSaysThatTheDeleteIsOk)
+{
+    recordAndSave(2);
+    dialogs.shown.clear();
+    press(page.logDelete);
+
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(deleted));
+    EXPECT_EQ(masters(), "20240131001|4|2\n");
+}
+
+TEST_F(SavedLogsTest, ADeletedLogIsGoneFromBothTables)
+{
+    recordAndSave(2);
+    dialogs.shown.clear();
+
+    deleteLog("20240131001, 2024/01/31 10:15:02, 4");
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001"), deleted));
+    EXPECT_EQ(masters() + details(), "");
+    EXPECT_FALSE(dialogue().visible());
+}
+
+TEST_F(SavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
+{
+    recordAndSave(2);
+    dialogs.shown.clear();
+    press(page.logDelete);
+    pick(dialogue().listLogDel, dialogue().listLogDel.list(0));
+    dialogs.answers = {Answer::No};
+
+    press(dialogue().cmdOKDataLogFile);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001")));
+    EXPECT_EQ(masters(), "20240131001|4|2\n");
+    EXPECT_FALSE(dialogue().visible());
+}
+
+TEST_F(SavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
+{
+    recordAndSave(1);
+    press(page.logOpen);
+
+    press(dialogue().cmdCancelDataLogFile);
+
+    EXPECT_FALSE(dialogue().visible());
+    EXPECT_FALSE(dialogue().lstLogMain.visible());
+    EXPECT_FALSE(dialogue().listLogDel.visible());
+    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "OPENDATALOG");
+}
+
+TEST_F(SavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHidesTheFrame)
+{
+    int applied = 0;
+    page.ApplyProgramHistory = [&] { ++applied; };
+    for (const char* tag : {"PROCROGRAM", "SOMETHING"}) {
+        dialogue().setVisible(true);
+        dialogue().cmdOKDataLogFile.setTag(tag);
+        press(dialogue().cmdOKDataLogFile);
+        EXPECT_FALSE(dialogue().visible());
+    }
+    EXPECT_EQ(applied, 1);
+}
+
+TEST_F(SavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
+{
+    record(2);
+    alterDatabase("alter table DataMeasureM rename to Gone");
+
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"Data Log Saved Failed! Caused by:no such table: DataMeasureM",
+                                                 critical, Buttons::Ok}));
+    EXPECT_EQ(details(), "");
+}
+
+TEST_F(SavedLogsTest, AFailureOfTheFirstInsertIsToldAndNothingIsSaved)
+{
+    record(2);
+    breakStatement("insert", "DataMeasureM", "no more logs");
+
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown,
+                ElementsAre(Shown{"Data Log Saved Failed! Caused by:no more logs", critical, Buttons::Ok}));
+    EXPECT_EQ(masters() + details(), "");
+}
+
+TEST_F(SavedLogsTest, AFailureOfTheSecondInsertLeavesTheRowOfTheFirst)
+{
+    record(2);
+    breakStatement("insert", "DataMeasureD", "disk full");
+
+    press(page.logSave);
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"Data Log Saved Failed! Caused by:disk full", critical, Buttons::Ok}));
+    EXPECT_EQ(masters(), "20240131001|4|2\n");
+    EXPECT_EQ(table("select count(*) from DataMeasure"), "2\n");
+}
+
+TEST_F(SavedLogsTest, AFailureOfTheFirstDeleteIsToldAndEverythingStands)
+{
+    recordAndSave(2);
+    breakStatement("delete", "DataMeasureM", "kept");
+    dialogs.shown.clear();
+
+    deleteLog("20240131001, 2024/01/31 10:15:02, 4");
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001"),
+                                           Shown{"Delete Data Log Failed, Caused by:kept", critical, Buttons::Ok}));
+    EXPECT_EQ(masters(), "20240131001|4|2\n");
+    EXPECT_EQ(details(), "20240131001|2\n");
+}
+
+TEST_F(SavedLogsTest, AFailureOfTheSecondDeleteLeavesTheRowsStanding)
+{
+    recordAndSave(2);
+    breakStatement("delete", "DataMeasureD", "kept");
+    dialogs.shown.clear();
+
+    deleteLog("20240131001, 2024/01/31 10:15:02, 4");
+
+    EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001"),
+                                           Shown{"Delete Data Log Failed, Caused by:kept", critical, Buttons::Ok}));
+    EXPECT_EQ(masters(), "");
+    EXPECT_EQ(details(), "20240131001|2\n");
+}
+
+TEST_F(SavedLogsTest, ASaveInARecordingSavesTheRowsSoFar)
+{
+    clock.at(2500, [&] { press(page.logSave); });
+    clock.at(4500, [&] { press(page.logStop); });
+
+    press(page.logStart);
+
+    EXPECT_EQ(details(), "20240131001|3\n");
+    EXPECT_EQ(page.lLogRecNo, 6);
+}
+
+TEST_F(SavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsBehindItsRows)
+{
+    recordAndSave(2);
+    press(page.logOpen);
+    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
+    const qint64 start = clock.elapsed();
+    clock.at(start + 3500, [&] { press(dialogue().cmdOKDataLogFile); });
+    clock.at(start + 3600, [&] { press(page.logStop); });
+
+    press(page.logStart);
+
+    // The refresh of the opening takes the row count for the record number, as it does without a recording.
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n1\n2\n");
+    EXPECT_EQ(page.lLogRecNo, 3);
+}
+
+} // namespace
