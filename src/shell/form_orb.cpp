@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "form_orb.h"
+
+namespace orb {
+
+namespace {
+
+constexpr int pageButtonWidth = 1005;
+constexpr int pageButtonHeight = 975;
+constexpr int groupLeft = 120;
+constexpr QSize usualGroupSize(619, 489);
+
+} // namespace
+
+FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB)
+    : Form(clock.run()),
+      wsMain([&clock] { return clock.now(); }),
+      fraDisplay(clock, dialogs, paths, CORB),
+      fraCommand(paths, CORB),
+      frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
+      supervisor(clock, paths, CORB, *this, pageControl, pageDisplay, pageCommand),
+      clock_(clock),
+      dialogs_(dialogs),
+      paths_(paths),
+      CORB_(CORB)
+{
+    setCaption(ConnectionSupervisor::disconnectedTitle());
+    arrangePageButtons();
+    arrangeGroups();
+    wire();
+}
+
+/// The instrument control is not the form's own.
+FormORB::~FormORB()
+{
+    CORB_.setParent(nullptr);
+}
+
+void FormORB::arrangePageButtons()
+{
+    const std::array<std::pair<PictureButton*, const char*>, 9> row{{{&pageConnect, "\\ICON\\PageConnect.png"},
+                                                                     {&pageControl, "\\ICON\\A3RMTCTRLSTOP.JPG"},
+                                                                     {&pageCommand, "\\ICON\\PageCommand.png"},
+                                                                     {&pageWave, "\\ICON\\PageDataLog.png"},
+                                                                     {&pageSequence, "\\ICON\\PageSequence.png"},
+                                                                     {&PageProgram, "\\ICON\\PageProgram.png"},
+                                                                     {&pageAbout, "\\ICON\\PageAbout.png"},
+                                                                     {&pageExit, "\\ICON\\PageExit.png"},
+                                                                     {&pageDisplay, "\\ICON\\PageDisplay.png"}}};
+    int left = groupLeft;
+    for (const auto& [button, picture] : row) {
+        button->setParent(this);
+        button->setIconSize({32, 32});
+        button->setPicture(paths_.inApplication(QLatin1String(picture)));
+        button->moveTwips(left, 0);
+        button->resizeTwips(pageButtonWidth, pageButtonHeight);
+        left += pageButtonWidth;
+    }
+    pageDisplay.setVisible(false); // and nothing ever shows it
+}
+
+void FormORB::arrangeGroups()
+{
+    for (Frame* empty : {&fraSequence, &fraProgram, &Frame1})
+        empty->resize(usualGroupSize);
+    for (QWidget* group : groups()) {
+        group->setParent(this);
+        group->setVisible(false);
+        designSizes_[group] = group->size();
+    }
+    fraDisplay.setMouseTracking(true);
+}
+
+void FormORB::wire()
+{
+    pageConnect.onClick = [this] { pageConnectClick(); };
+    pageControl.onClick = [this] { pageControlClick(); };
+    pageCommand.onClick = [this] { pageCommandClick(); };
+    pageWave.onClick = [this] { pageWaveClick(); };
+    pageSequence.onClick = [this] { pageSequenceClick(); };
+    PageProgram.onClick = [this] { PageProgramClick(); };
+    pageAbout.onClick = [this] { pageAboutClick(); };
+    pageExit.onClick = [this] { pageExitClick(); };
+    pageDisplay.onClick = [this] { pageDisplayClick(); };
+    fraDisplay.onMouseMove = [this] { setCursor(Qt::ArrowCursor); };
+    onActivate = [this] { bFullScrMode = false; };
+    onResize = [this] { growShownGroup(); };
+    onUnload = [this] { unload(); };
+}
+
+void FormORB::FormLoad()
+{
+    dbMain = wsMain.openDatabase(paths_.inApplication(QStringLiteral("\\orb.mdb")));
+    sPendingSeqFile.clear();
+    bFullScrMode = false;
+    frmDatalog.InitDataLog();
+    pageControlClick();
+}
+
+/// Closing the form by its frame. Running activities are not stopped first: their loops end at their next yield.
+void FormORB::unload()
+{
+    if (dbMain)
+        dbMain->close();
+    wsMain.close();
+    run().endAtNextYield();
+}
+
+/// Ends the process on the spot: nothing is stopped, and the database is not closed.
+void FormORB::pageExitClick()
+{
+    run().end();
+}
+
+std::vector<QWidget*> FormORB::groups()
+{
+    return {&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence, &fraProgram, &Frame1};
+}
+
+} // namespace orb
