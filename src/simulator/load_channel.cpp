@@ -17,8 +17,8 @@ double counted(double value, double count, double rangeEnd)
 
 } // namespace
 
-LoadChannel::LoadChannel(const LoadModule& module, const Source& source, std::uint64_t noiseSeed)
-    : module_(&module), settings_(LoadSettings::afterReset(module)), noise_(noiseSeed)
+LoadChannel::LoadChannel(const LoadModule& module, const Source& source, std::uint64_t noiseSeed, double meterNoise)
+    : module_(&module), settings_(LoadSettings::afterReset(module)), noise_(noiseSeed), meterNoise_(meterNoise)
 {
     connectSource(source);
 }
@@ -134,7 +134,7 @@ void LoadChannel::settle()
 Reading LoadChannel::measure()
 {
     const double volts = std::max(source_.voltage(seconds_, drained_) + source_.noise * noise_.normal(), 0.0);
-    const double meterNoise = noise_.normal();
+    const double meterNoise = meterNoise_ * noise_.normal();
     const OperatingPoint point = pointAt(volts);
 
     const LoadRange voltageRange = settings_.range(LoadFunction::Voltage);

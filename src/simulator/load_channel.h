@@ -31,7 +31,8 @@ public:
     static constexpr double meterSpan = 1.05;
 
     /// The input is off and everything as after a reset. Throws `std::invalid_argument` for a source that is none.
-    LoadChannel(const LoadModule& module, const Source& source, std::uint64_t noiseSeed);
+    /// `meterNoise`: of the current meter, in counts rms.
+    LoadChannel(const LoadModule& module, const Source& source, std::uint64_t noiseSeed, double meterNoise);
 
     const LoadModule& module() const { return *module_; }
     const Source& source() const { return source_; }
@@ -76,6 +77,7 @@ private:
     Source source_;
     LoadSettings settings_;
     Noise noise_;
+    double meterNoise_;
     OperatingPoint operatingPoint_;
     double seconds_ = 0;
     double drained_ = 0; // ampere-hours

@@ -22,9 +22,9 @@ const LoadModule& moduleNamed(const std::string& name)
     return *module;
 }
 
-LoadChannel channelFrom(const ChannelConfiguration& configuration, std::uint64_t noiseSeed)
+LoadChannel channelFrom(const ChannelConfiguration& configuration, std::uint64_t noiseSeed, double meterNoise)
 {
-    LoadChannel channel(moduleNamed(configuration.module), configuration.source, noiseSeed);
+    LoadChannel channel(moduleNamed(configuration.module), configuration.source, noiseSeed, meterNoise);
     const ValueRange& values = channel.module().range(configuration.function, configuration.range);
     if (!values.exists())
         throw std::invalid_argument("the module " + configuration.module + " has no such range");
@@ -46,9 +46,11 @@ Mainframe::Mainframe(const SimulatorConfiguration& configuration, SimulatorClock
 {
     if (configuration.channels.empty() || configuration.channels.size() > maxChannels)
         throw std::invalid_argument("an instrument has 1 to 8 channels");
+    if (!std::isfinite(configuration.meterNoise) || configuration.meterNoise < 0)
+        throw std::invalid_argument("the noise of the meters is no number from 0 up");
     Noise seeds(configuration.seed);
     for (const ChannelConfiguration& channel : configuration.channels)
-        channels_.push_back(channelFrom(channel, seeds.bits()));
+        channels_.push_back(channelFrom(channel, seeds.bits(), configuration.meterNoise));
     measurements_.resize(channels_.size());
 }
 

@@ -34,27 +34,44 @@ std::size_t endOfString(std::string_view text, std::size_t position)
     return close == std::string_view::npos ? text.size() : close + 1;
 }
 
-/// The first `separator` from `position` on that stands outside of strings and blocks, or the end.
-std::size_t findOutside(std::string_view text, char separator, std::size_t position)
+/// A part of a text between two separators, without white space around it; white space that ends a block stays.
+struct Piece {
+    std::string_view text;
+    /// Where the next piece begins; behind the end of the text after the last one.
+    std::size_t next;
+};
+
+/// The piece from `begin` to the first `separator` that stands outside of strings and blocks.
+Piece pieceFrom(std::string_view text, char separator, std::size_t begin)
 {
+    std::size_t position = begin;
+    std::size_t solid = begin; // behind the last block
     while (position < text.size() && text[position] != separator) {
-        if (isQuote(text[position]))
+        if (isQuote(text[position])) {
             position = endOfString(text, position);
-        else
-            position = std::min(endOfBlock(text, position).value_or(position + 1), text.size());
+        } else if (const std::optional<std::size_t> end = endOfBlock(text, position)) {
+            position = solid = std::min(*end, text.size());
+        } else {
+            ++position;
+        }
     }
-    return position;
+    std::size_t end = position;
+    while (end > solid && ascii::isSpace(text[end - 1]))
+        --end;
+    while (begin < end && ascii::isSpace(text[begin]))
+        ++begin;
+    return {text.substr(begin, end - begin), position + 1};
 }
 
 std::vector<std::string_view> splitOutside(std::string_view text, char separator)
 {
-    std::vector<std::string_view> parts;
+    std::vector<std::string_view> pieces;
     for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = findOutside(text, separator, begin);
-        parts.push_back(ascii::trimmed(text.substr(begin, end - begin)));
-        begin = end + 1;
+        const Piece piece = pieceFrom(text, separator, begin);
+        pieces.push_back(piece.text);
+        begin = piece.next;
     }
-    return parts;
+    return pieces;
 }
 
 [[noreturn]] void fail(ErrorNumber number)
@@ -207,11 +224,11 @@ ProgramUnit readUnit(std::string_view text)
     unit.query = rest.starts_with('?');
     if (unit.query)
         rest.remove_prefix(1);
-    if (rest.empty())
+    if (ascii::trimmed(rest).empty())
         return unit;
     if (!ascii::isSpace(rest.front()))
         fail(isPrintable(rest.front()) ? ErrorNumber::HeaderSeparatorError : ErrorNumber::InvalidCharacter);
-    for (const std::string_view parameter : splitOutside(ascii::trimmed(rest), ','))
+    for (const std::string_view parameter : splitOutside(rest, ','))
         unit.parameters.push_back(readParameter(parameter));
     return unit;
 }

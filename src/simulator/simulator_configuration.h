@@ -36,6 +36,8 @@ struct SimulatorConfiguration {
     std::vector<ChannelConfiguration> channels;
     /// Of all noise: the same seed, the same commands at the same times, the same answers.
     std::uint64_t seed = 1;
+    /// Of the current meters, in counts rms.
+    double meterNoise = 1;
     /// How often the instrument measures by itself; a fetched reading is not older than that.
     std::chrono::milliseconds measurementInterval{20};
 };

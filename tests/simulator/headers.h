@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orb {
+
+/// The ways to write the header of a row: its long form with all optional nodes, its short form without any, and the
+/// short form in small letters with a colon before it and a number behind every node that can have one.
+std::vector<std::string> waysToWrite(std::string_view header);
+
+} // namespace orb
