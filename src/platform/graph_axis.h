@@ -3,6 +3,7 @@
 
 #include "graph_plan.h"
 
+#include <QSharedPointer>
 #include <QStringList>
 
 #include <memory>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "like.h"
 
+#include <QList>
+
 #include <algorithm>
 
 namespace orb {

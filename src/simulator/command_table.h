@@ -29,16 +29,16 @@ using CommandQuery = std::string (*)(CommandContext&, const CommandCall&);
 struct Command {
     /// The header: capital letters are the short form, a node in brackets may be left out, a node with # may have a
     /// number behind it. "CURRent#[:STATic][:L#]".
-    std::string_view header = "";
+    std::string_view header = {};
     /// The parameters of the set form as the manual shows them, separated by commas; those in brackets may be left
     /// out. Empty where it takes none.
-    std::string_view parameters = "";
+    std::string_view parameters = {};
     /// The parameters of the query form, in the same way.
-    std::string_view queryParameters = "";
+    std::string_view queryParameters = {};
     /// Parameters with which the set form works on the default instrument.
-    std::string_view example = "";
+    std::string_view example = {};
     /// What it does, in one sentence, for the manual.
-    std::string_view summary = "";
+    std::string_view summary = {};
     /// Null where there is no such form.
     CommandAction set = nullptr;
     CommandQuery query = nullptr;

@@ -40,7 +40,7 @@ using RangePair = std::array<ValueRange, 2>;
 
 /// The data sheet of one kind of load module. Volts, amperes, ohms, watts; slew rates in amperes per microsecond.
 struct LoadModule {
-    std::string_view name = "";
+    std::string_view name = {};
     double maxPower = 0;
     /// The resistance of the input when it is driven fully on: no current beyond what this lets through.
     double onResistance = 0;
