@@ -31,8 +31,8 @@ struct Fault {
     Kind kind = Kind::None;
     std::chrono::milliseconds delay{0};
     /// Where there is none: half of the answer for Truncated and Closed, 0 for Reset.
-    std::optional<std::uint64_t> count;
-    std::string text;
+    std::optional<std::uint64_t> count{};
+    std::string text{};
 };
 
 /// A script that can't be read. `what()` begins with "line N: ".

@@ -54,7 +54,7 @@ CommandSection systemCommands()
              .summary = "Gives the front panel back.",
              .set = setControl<ControlState::Local>},
             {.header = "SYSTem:REMote",
-             .summary = "Takes the instrument under remote control; the front panel's LOCAL key stays in force.",
+             .summary = "Takes the instrument under remote control; the front panel can take it back.",
              .set = setControl<ControlState::Remote>},
             {.header = "SYSTem:RWLock",
              .summary = "Takes the instrument under remote control and locks the whole front panel.",
