@@ -42,7 +42,7 @@ QColor edgeFor(const QColor& line, const QColor& ground)
 {
     if (contrast(line, ground) >= enoughForALine)
         return {};
-    return mixed(line, textOn(ground), 0.5);
+    return mixed(line, textOn(ground), 0.6);
 }
 
 QColor mixed(const QColor& one, const QColor& other, double share)

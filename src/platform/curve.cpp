@@ -98,9 +98,23 @@ Extent Curve::extent(std::size_t first, std::size_t end) const
 Extent Curve::bruteExtent(std::size_t first, std::size_t end) const
 {
     Extent result;
-    for (std::size_t i = first; i < end; ++i)
-        result.add(y(i));
+    while (first < end) {
+        std::span<const double> values = valuesFrom(first);
+        values = values.first(std::min(values.size(), end - first));
+        for (const double value : values)
+            result.add(value);
+        first += values.size();
+    }
     return result;
+}
+
+std::span<const double> Curve::valuesFrom(std::size_t index) const
+{
+    if (index < adopted_.size())
+        return std::span(adopted_).subspan(index);
+    const std::size_t behind = index - adopted_.size();
+    const std::size_t place = behind % chunkSize;
+    return {&chunks_[behind / chunkSize][place], std::min(chunkSize - place, size_ - index)};
 }
 
 Extent Curve::summaryExtent(std::size_t level, std::size_t first, std::size_t end) const

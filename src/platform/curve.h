@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace orb {
@@ -24,8 +26,8 @@ struct Extent {
     }
     void add(const Extent& other)
     {
-        add(other.lowest);
-        add(other.highest);
+        lowest = std::min(lowest, other.lowest);
+        highest = std::max(highest, other.highest);
     }
     bool operator==(const Extent&) const = default;
 };
@@ -48,7 +50,9 @@ public:
         std::size_t first;
         double start;
         double increment;
-        double x(std::size_t index) const { return start + static_cast<double>(index - first) * increment; }
+        /// The values from `index` on that stand side by side in memory: one at least.
+    std::span<const double> valuesFrom(std::size_t index) const;
+    double x(std::size_t index) const { return start + static_cast<double>(index - first) * increment; }
     };
 
     void clear();
@@ -66,6 +70,8 @@ public:
         index -= adopted_.size();
         return chunks_[index / chunkSize][index % chunkSize];
     }
+    /// The values from `index` on that stand side by side in memory: one at least.
+    std::span<const double> valuesFrom(std::size_t index) const;
     double x(std::size_t index) const { return runOf(index).x(index); }
     Point point(std::size_t index) const { return {x(index), y(index)}; }
 

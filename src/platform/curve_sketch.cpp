@@ -167,16 +167,16 @@ public:
         last_ = point;
     }
 
-    /// Many points in one column that lead from `first` to `last`.
-    void add(double x, const Extent& values, double first, double last)
+    /// Many points in one column that lead from `first` to `last` and have `values` between them.
+    void add(const Curve::Point& first, const Extent& values, const Curve::Point& last)
     {
-        add(x, first);
+        add(first.x, first.y);
         if (!values.isEmpty()) {
-            cover(x, area_.y.pixel(values.lowest));
-            cover(x, area_.y.pixel(values.highest));
+            cover(first.x, area_.y.pixel(values.lowest));
+            cover(first.x, area_.y.pixel(values.highest));
         }
-        open_ = !std::isnan(last);
-        last_ = {x, area_.y.pixel(last)};
+        open_ = !std::isnan(last.y);
+        last_ = {last.x, area_.y.pixel(last.y)};
     }
 
     SketchColumns take() { return std::move(columns_); }
@@ -227,7 +227,7 @@ void addDense(ColumnMaker& maker, const Curve& curve, const Curve::Run& run, con
         if (pixels.increment != 0)
             next = run.first + pixels.firstFrom(edge, next - run.first);
         next = std::clamp(next, i + 1, stretch.end);
-        maker.add(x, curve.extent(i, next), curve.y(i), curve.y(next - 1));
+        maker.add({x, curve.y(i)}, curve.extent(i, next), {pixels.at(next - 1 - run.first), curve.y(next - 1)});
         i = next;
     }
 }

@@ -2,6 +2,7 @@
 #include "graph.h"
 
 #include "contrast.h"
+#include "curve_layer.h"
 #include "failure.h"
 #include "graph_items.h"
 #include "graph_mouse.h"
@@ -54,6 +55,7 @@ struct Graph::Parts {
     QCustomPlot drawing; // stands before what is drawn in it
     QCPAxisRect& area = *drawing.axisRect();
     RepaintQueue repaints{[this](bool everything) { repaint(everything); }};
+    CurveLayer& curves = *new CurveLayer(*drawing.xAxis); // the drawing owns what stands in it
     GraphMouse::Axes axes;
     std::vector<std::unique_ptr<GraphPlot>> plots;
     GraphMouse::Cursors cursors;
@@ -83,6 +85,7 @@ void Graph::Parts::addAxes(const GraphPlan& plan)
     for (const GraphAxisPlan& axis : plan.axes) {
         QCPAxis& drawn = drawnAxis(area, axis.side);
         drawn.setVisible(true);
+        drawn.setTickLabelPadding(axis.side == AxisSide::Bottom ? 8 : 5);
         axes.push_back(std::make_unique<GraphAxis>(drawn, axis, repaints));
         axes.back()->setGridColour(startGridColour);
         drawn.grid()->setVisible(axes.size() <= 2);
@@ -105,7 +108,7 @@ void Graph::Parts::addPlots(const GraphPlan& plan)
 {
     for (const GraphPlotPlan& plot : plan.plots) {
         GraphAxis& valueAxis = numbered(axes, plot.valueAxis);
-        plots.push_back(std::make_unique<GraphPlot>(*axes[0], valueAxis, plot, repaints, [this] { fitAxes(); }));
+        plots.push_back(std::make_unique<GraphPlot>(curves, valueAxis, plot, repaints, [this] { fitAxes(); }));
     }
 }
 
@@ -271,6 +274,11 @@ QImage Graph::ControlImage() const
     QImage image = parts_->drawing.toPixmap(size.width(), size.height(), scale).toImage();
     image.setDevicePixelRatio(scale);
     return image;
+}
+
+void Graph::repaintNow()
+{
+    parts_->repaints.paintNow();
 }
 
 int Graph::repaintCount() const

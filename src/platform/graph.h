@@ -63,6 +63,8 @@ public:
     /// screen's 96 dpi at least, so that it is fit for paper.
     QImage ControlImage() const;
 
+    /// Paints at once, whatever is queued, if the graph is on the screen.
+    void repaintNow();
     /// How often the curves were painted on the screen.
     int repaintCount() const;
     /// The part of the widget in which the curves are drawn.

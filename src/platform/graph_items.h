@@ -33,7 +33,7 @@ class ZoomRectangle : public QCPLayerable {
 public:
     explicit ZoomRectangle(QCPAxisRect& area);
 
-    QRect rectangle;
+    QRectF rectangle;
 
 protected:
     void applyDefaultAntialiasingHint(QCPPainter* painter) const override { painter->setAntialiasing(false); }

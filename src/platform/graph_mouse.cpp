@@ -21,7 +21,7 @@ bool isAcross(const GraphAxis& axis)
     return axis.drawn().orientation() == Qt::Horizontal;
 }
 
-double coordinate(const GraphAxis& axis, const QPoint& at)
+double coordinate(const GraphAxis& axis, const QPointF& at)
 {
     return axis.drawn().pixelToCoord(isAcross(axis) ? at.x() : at.y());
 }
@@ -89,7 +89,7 @@ const GraphCursor* GraphMouse::drag(const QPoint& at)
     if (mode_ == Graph::TrackPan)
         pan(at);
     if (mode_ == Graph::TrackZoom) {
-        rectangle_->rectangle = QRect(start_, inside(at, area_.rect())).normalized();
+        rectangle_->rectangle = QRectF(start_, inside(at, area_.rect())).normalized();
         rectangle_->setVisible(true);
         repaints_.askOverlay();
     }
@@ -127,7 +127,7 @@ void GraphMouse::pan(const QPoint& at)
 
 void GraphMouse::zoomToRectangle()
 {
-    const QRect& rect = rectangle_->rectangle;
+    const QRectF& rect = rectangle_->rectangle;
     if (rect.width() < smallestRectangle || rect.height() < smallestRectangle)
         return;
     for (const auto& axis : axes_)

@@ -13,13 +13,13 @@ enum class AxisSide { Bottom, Left, Right };
 
 /// An axis as it is at the start.
 struct GraphAxisPlan {
-    QString name;
+    QString name = {};
     AxisSide side = AxisSide::Bottom;
-    QString caption;
+    QString caption = {};
     double minimum = 0;
     double maximum = 1;
     /// As for `GraphAxis::setFormatString`; empty for plain numbers.
-    QString format;
+    QString format = {};
     int divisions = 5;
     /// The range follows the data until `SetMinMax` gives it a fixed one.
     bool autoScale = false;
@@ -27,10 +27,10 @@ struct GraphAxisPlan {
 
 /// A plot as it is at the start: visible, and without data.
 struct GraphPlotPlan {
-    QString name;
+    QString name = {};
     /// The number of the axis that its values use.
     int valueAxis = 2;
-    QColor colour;
+    QColor colour = {};
     /// Told apart from a solid plot of the same colour.
     bool dashed = false;
 };

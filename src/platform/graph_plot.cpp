@@ -2,7 +2,7 @@
 #include "graph_plot.h"
 
 #include "axis_format.h"
-#include "curve_plottable.h"
+#include "curve_layer.h"
 #include "failure.h"
 #include "graph_axis.h"
 #include "repaint_queue.h"
@@ -21,58 +21,52 @@ void checkIncrement(double increment)
 
 } // namespace
 
-GraphPlot::GraphPlot(GraphAxis& x, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
+GraphPlot::GraphPlot(CurveLayer& curves, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
                      std::function<void()> dataChanged)
-    : y_(y),
-      repaints_(repaints),
-      dataChanged_(std::move(dataChanged)),
-      name_(plan.name),
-      drawn_(new CurvePlottable(x.drawn(), y.drawn(), curve_, plan.colour, plan.dashed))
-{}
+    : curves_(curves), y_(y), repaints_(repaints), dataChanged_(std::move(dataChanged)), name_(plan.name),
+      drawn_(curves.add(curve_, y.drawn(), plan.colour, plan.dashed))
+{
+}
 
 bool GraphPlot::visible() const
 {
-    return drawn_->visible();
+    return drawn_.visible;
 }
 
 void GraphPlot::setVisible(bool visible)
 {
-    drawn_->setVisible(visible);
+    drawn_.visible = visible;
     repaints_.ask();
 }
 
 QColor GraphPlot::lineColour() const
 {
-    return drawn_->colour();
+    return drawn_.colour;
 }
 
 void GraphPlot::setLineColour(const QColor& colour)
 {
-    drawn_->setColour(colour);
+    drawn_.colour = colour;
     repaints_.ask();
 }
 
 bool GraphPlot::dashed() const
 {
-    return drawn_->dashed();
+    return drawn_.dashed;
 }
 
 void GraphPlot::paintLegend(QPainter& painter, const QRectF& rect) const
 {
+    const double scale = painter.deviceTransform().m11();
+    QImage canvas((rect.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
     Curve line;
     line.assign({0, 0}, 0, 1);
-    const double scale = painter.deviceTransform().m11();
-    SketchArea area;
-    area.width = static_cast<int>(rect.width() * scale);
-    area.height = static_cast<int>(rect.height() * scale);
-    area.x = {0, static_cast<double>(area.width), 0};
-    area.y = {0, 1, area.height / 2.0};
-    painter.save();
-    painter.setClipRect(rect);
-    painter.translate(rect.topLeft());
-    painter.scale(1 / scale, 1 / scale);
-    paintCurve(painter, line, area, drawn_->style(), scale);
-    painter.restore();
+    const PixelScale x{0, static_cast<double>(canvas.width()), 0};
+    const PixelScale y{0, 1, canvas.height() / 2.0};
+    paintCurve(canvas, line, {x, y, canvas.width(), canvas.height()}, curves_.style(drawn_), scale);
+    canvas.setDevicePixelRatio(scale);
+    painter.drawImage(rect.topLeft(), canvas);
 }
 
 void GraphPlot::ChartY(double value, double xIncrement)

@@ -11,16 +11,16 @@ class QRectF;
 
 namespace orb {
 
-class CurvePlottable;
+class CurveLayer;
+struct DrawnCurve;
 class GraphAxis;
 class RepaintQueue;
 
 /// One curve of a graph.
 class GraphPlot {
 public:
-    /// `x`, `y`, `repaints` and the graph that `x` stands in must outlive this. `dataChanged` runs behind every change
-    /// of the data.
-    GraphPlot(GraphAxis& x, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
+    /// `y`, `curves` and `repaints` must outlive this. `dataChanged` runs behind every change of the data.
+    GraphPlot(CurveLayer& curves, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
               std::function<void()> dataChanged);
     GraphPlot(const GraphPlot&) = delete;
     GraphPlot& operator=(const GraphPlot&) = delete;
@@ -56,12 +56,13 @@ public:
 private:
     void changed();
 
+    CurveLayer& curves_;
     GraphAxis& y_;
     RepaintQueue& repaints_;
     std::function<void()> dataChanged_;
     QString name_;
     Curve curve_;
-    CurvePlottable* drawn_; // belongs to the drawing, as all that stands in it
+    DrawnCurve& drawn_;
 };
 
 } // namespace orb

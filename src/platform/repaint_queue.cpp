@@ -34,6 +34,13 @@ void RepaintQueue::setAsleep(bool asleep)
         start();
 }
 
+void RepaintQueue::paintNow()
+{
+    everything_ = true;
+    timer_.stop();
+    paint();
+}
+
 void RepaintQueue::ask(bool everything)
 {
     wanted_ = true;

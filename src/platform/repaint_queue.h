@@ -37,6 +37,8 @@ public:
     void askOverlay() { ask(false); }
     /// While asleep nothing is painted; the wishes are kept and granted after it.
     void setAsleep(bool asleep);
+    /// Grants all wishes at once, and one for everything with them. Does nothing while asleep.
+    void paintNow();
 
 private:
     void ask(bool everything);
