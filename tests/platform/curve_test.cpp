@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "curve.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace orb {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+const double noNumber = std::nan("");
+
+std::vector<Curve::Point> pointsOf(const Curve& curve)
+{
+    std::vector<Curve::Point> points;
+    for (std::size_t i = 0; i < curve.size(); ++i)
+        points.push_back(curve.point(i));
+    return points;
+}
+
+Extent plainExtent(const Curve& curve, std::size_t first, std::size_t end)
+{
+    Extent extent;
+    for (std::size_t i = first; i < end; ++i)
+        if (!std::isnan(curve.y(i)))
+            extent.add(curve.y(i));
+    return extent;
+}
+
+TEST(Curve, StartsAtZeroWhateverTheFirstIncrement)
+{
+    Curve curve;
+    curve.append(7, 0.5);
+    curve.append(8, 0.5);
+    EXPECT_THAT(pointsOf(curve), ElementsAre(Curve::Point{0, 7}, Curve::Point{0.5, 8}));
+}
+
+TEST(Curve, PlacesAPointBehindTheLastByTheIncrementOfItsOwn)
+{
+    Curve curve;
+    for (const double increment : {9.0, 1.0, 1.0, 3.0, 3.0, -2.0})
+        curve.append(0, increment);
+    std::vector<double> x;
+    for (std::size_t i = 0; i < curve.size(); ++i)
+        x.push_back(curve.x(i));
+    EXPECT_THAT(x, ElementsAre(0, 1, 2, 5, 8, 6));
+}
+
+TEST(Curve, SpacesADayOfSecondsWithoutDrift)
+{
+    Curve curve;
+    for (int i = 0; i <= 86'400; ++i)
+        curve.append(i, 1 / 86'400.0);
+    EXPECT_EQ(curve.runs().size(), 1U);
+    EXPECT_DOUBLE_EQ(curve.x(43'200), 0.5);
+    EXPECT_DOUBLE_EQ(curve.x(86'400), 1.0);
+}
+
+TEST(Curve, GoesOnBehindAssignedValues)
+{
+    Curve curve;
+    curve.append(99, 1);
+    curve.assign({1, 2}, 10, 0.5);
+    curve.append(3, 0.5);
+    curve.append(4, 2);
+    EXPECT_THAT(pointsOf(curve),
+                ElementsAre(Curve::Point{10, 1}, Curve::Point{10.5, 2}, Curve::Point{11, 3}, Curve::Point{13, 4}));
+}
+
+TEST(Curve, IsEmptyAfterClearAndAfterNothingWasAssigned)
+{
+    Curve curve;
+    curve.append(1, 1);
+    curve.clear();
+    EXPECT_TRUE(curve.empty());
+    EXPECT_TRUE(curve.extent().isEmpty());
+    EXPECT_TRUE(curve.xExtent().isEmpty());
+    EXPECT_EQ(curve.nearest(0), std::nullopt);
+    curve.assign({}, 5, 1);
+    EXPECT_TRUE(curve.empty());
+    curve.append(4, 1);
+    EXPECT_THAT(pointsOf(curve), ElementsAre(Curve::Point{0, 4}));
+}
+
+TEST(Curve, FindsTheExtentOfAnyStretchOfAppendedValues)
+{
+    std::mt19937 random(1);
+    std::normal_distribution<double> value;
+    Curve curve;
+    for (int i = 0; i < 20'000; ++i)
+        curve.append(value(random), 1);
+    std::uniform_int_distribution<std::size_t> index(0, curve.size());
+    for (int i = 0; i < 2000; ++i) {
+        const std::size_t a = index(random);
+        const std::size_t b = index(random);
+        const auto [first, end] = std::minmax(a, b);
+        ASSERT_EQ(curve.extent(first, end), plainExtent(curve, first, end)) << first << " to " << end;
+    }
+}
+
+TEST(Curve, KeepsTheExtentsRightAtEachLengthOnTheWay)
+{
+    std::mt19937 random(2);
+    std::normal_distribution<double> value;
+    Curve curve;
+    std::vector<double> assigned(1000);
+    for (double& one : assigned)
+        one = value(random);
+    curve.assign(assigned, 0, 1);
+    Extent all = plainExtent(curve, 0, curve.size());
+    for (int i = 0; i < 10'000; ++i) {
+        curve.append(value(random), 1);
+        all.add(curve.y(curve.size() - 1));
+        ASSERT_EQ(curve.extent(), all) << curve.size();
+        const std::size_t middle = curve.size() / 2;
+        if (i % 37 == 0) {
+            ASSERT_EQ(curve.extent(middle, curve.size()), plainExtent(curve, middle, curve.size())) << curve.size();
+        }
+    }
+}
+
+TEST(Curve, SummarizesAssignedValuesOfEveryLength)
+{
+    for (const std::size_t length : {1U, 63U, 64U, 65U, 4095U, 4096U, 4097U, 300'000U}) {
+        std::vector<double> values(length);
+        for (std::size_t i = 0; i < length; ++i)
+            values[i] = std::sin(static_cast<double>(i));
+        Curve curve;
+        curve.assign(values, 0, 1);
+        EXPECT_EQ(curve.extent(), plainExtent(curve, 0, length)) << length;
+        curve.append(5, 1);
+        EXPECT_EQ(curve.extent().highest, 5) << length;
+    }
+}
+
+TEST(Curve, LeavesOutOfTheExtentWhatIsNoNumberButNotTheInfinite)
+{
+    Curve curve;
+    curve.assign({noNumber, 2, noNumber, 1}, 0, 1);
+    EXPECT_EQ(curve.extent(), (Extent{1, 2}));
+    EXPECT_TRUE(curve.extent(0, 1).isEmpty());
+    curve.append(infinity, 1);
+    EXPECT_EQ(curve.extent(), (Extent{1, infinity}));
+}
+
+TEST(Curve, FindsTheNearestSample)
+{
+    Curve curve;
+    curve.assign({0, 1, 2, 3}, 10, 2);
+    EXPECT_EQ(curve.nearest(-1e9), 0U);
+    EXPECT_EQ(curve.nearest(12.9), 1U);
+    EXPECT_EQ(curve.nearest(13.1), 2U);
+    EXPECT_EQ(curve.nearest(1e300), 3U);
+    curve.append(4, 100);
+    EXPECT_EQ(curve.nearest(65), 3U);
+    EXPECT_EQ(curve.nearest(67), 4U);
+}
+
+TEST(Curve, PassesOverGapsForTheNearestSample)
+{
+    Curve curve;
+    curve.assign({1, noNumber, noNumber, noNumber, 5}, 0, 1);
+    EXPECT_EQ(curve.nearest(1), 0U);
+    EXPECT_EQ(curve.nearest(3), 4U);
+    curve.assign({noNumber, infinity}, 0, 1);
+    EXPECT_EQ(curve.nearest(0), std::nullopt);
+}
+
+TEST(Curve, TakesHardlyMoreMemoryThanItsValues)
+{
+    Curve appended;
+    for (int i = 0; i < 86'400; ++i)
+        appended.append(i, 1);
+    EXPECT_LT(static_cast<double>(appended.memory()), 86'400 * 8 * 1.08);
+    std::vector<double> values(86'400);
+    const double* place = values.data();
+    Curve assigned;
+    assigned.assign(std::move(values), 0, 1);
+    EXPECT_LT(static_cast<double>(assigned.memory()), 86'400 * 8 * 1.04);
+    EXPECT_EQ(assigned.size(), 86'400U);
+    EXPECT_NE(place, nullptr);
+}
+
+} // namespace
+} // namespace orb
