@@ -12,6 +12,7 @@ namespace {
 
 constexpr qsizetype longestIdentity = 256;
 constexpr qsizetype identityFields = 4;
+constexpr qsizetype longestShown = 4096; // bytes of an answer of which a line is made
 
 bool isPrintable(const QString& text)
 {
@@ -22,7 +23,7 @@ bool isPrintable(const QString& text)
 
 QString answerText(const QByteArray& bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder.decode(bytes);
     return decoder.hasError() ? QString::fromLatin1(bytes) : text;
 }
@@ -42,7 +43,7 @@ std::optional<Identity> readIdentity(const QByteArray& answer)
 
 QString shownText(const QByteArray& bytes, qsizetype longest)
 {
-    QString text = answerText(bytes.left(4 * longest));
+    QString text = answerText(bytes.left(longestShown));
     for (QChar& c : text)
         if (!c.isPrint())
             c = QLatin1Char(' ');
