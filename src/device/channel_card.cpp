@@ -3,6 +3,7 @@
 
 #include "status_label.h"
 
+#include <QFontMetrics>
 #include <QGridLayout>
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace orb {
 
 namespace {
 
+constexpr int sideMargin = 7;
 const QString unknown = QStringLiteral("\u2014");
 
 /// Seven characters at most for all that a load module measures.
@@ -55,6 +57,7 @@ ChannelCard::ChannelCard(int channel, QWidget* parent)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     cmdLoad.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    cmdLoad.setFocusPolicy(Qt::TabFocus); // so that no key switches a load that a click left the focus on
     cmdLoad.setAccessibleName(QStringLiteral("Load of channel %1").arg(channel));
     cmdLoad.onClick = [this] {
         if (onLoad)
@@ -67,31 +70,39 @@ ChannelCard::ChannelCard(int channel, QWidget* parent)
 void ChannelCard::layOut()
 {
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(7, 5, 7, 6);
+    grid->setContentsMargins(sideMargin, 5, sideMargin, 6);
     grid->setHorizontalSpacing(4);
     grid->setVerticalSpacing(1);
-    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(0, 1);
 
+    auto* title = new QHBoxLayout;
+    title->setSpacing(5);
+    lblModule.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    // A card is white, and what stands on it would fill itself and write as the card does.
+    lblState.setBackgroundRole(QPalette::Window);
+    lblState.setForegroundRole(QPalette::WindowText);
     lblState.setAlignment(Qt::AlignCenter);
     lblState.setAutoFillBackground(true);
-    lblState.setMargin(2);
-    grid->addWidget(&lblNumber, 0, 0);
-    grid->addWidget(&lblModule, 0, 1);
-    grid->addWidget(&lblState, 0, 2);
+    lblState.setContentsMargins(6, 1, 6, 1);
+    title->addWidget(&lblNumber);
+    title->addWidget(&lblModule, 1);
+    title->addWidget(&lblState);
+    grid->addLayout(title, 0, 0, 1, 2);
 
     Label* const readings[] = {&lblVolts, &lblAmperes, &lblWatts};
     for (int i = 0; i < 3; ++i) {
         readings[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        readings[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-        grid->addWidget(readings[i], i + 1, 0, 1, 2);
-        grid->addWidget(&units_[static_cast<std::size_t>(i)], i + 1, 2);
+        readings[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        readings[i]->setForegroundRole(QPalette::WindowText);
+        grid->addWidget(readings[i], i + 1, 0);
+        grid->addWidget(&units_[static_cast<std::size_t>(i)], i + 1, 1);
         grid->setRowStretch(i + 1, 1);
     }
     lblMode.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblSetValue.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    grid->addWidget(&lblMode, 4, 0, 1, 3);
-    grid->addWidget(&lblSetValue, 5, 0, 1, 3);
-    grid->addWidget(&cmdLoad, 6, 0, 1, 3);
+    grid->addWidget(&lblMode, 4, 0, 1, 2);
+    grid->addWidget(&lblSetValue, 5, 0, 1, 2);
+    grid->addWidget(&cmdLoad, 6, 0, 1, 2);
 }
 
 void ChannelCard::display(const ChannelReadout& readout)
@@ -127,20 +138,33 @@ void ChannelCard::displayState(const ChannelReadout& readout)
         setTextColor(*reading, on ? toneColor(Tone::Good) : palette().color(QPalette::WindowText));
 }
 
-/// The readings take what room there is.
+/// The readings take what room there is; everything else stays of a size to be read.
 void ChannelCard::resizeEvent(QResizeEvent* event)
 {
     Control<QFrame>::resizeEvent(event);
-    const int reading = std::clamp(std::min(width() / 6, height() / 8), 12, 48);
-    const int small = std::clamp(reading * 5 / 8, 11, 18);
-    for (Label* label : {&lblVolts, &lblAmperes, &lblWatts})
-        setPixelSize(*label, reading, true);
-    for (Label& unit : units_)
-        setPixelSize(unit, small);
+    const int small = std::clamp(std::min(width() / 10, height() / 16), 11, 17);
     for (QWidget* widget : std::initializer_list<QWidget*>{&lblModule, &lblMode, &lblSetValue, &cmdLoad})
         setPixelSize(*widget, small);
+    for (Label& unit : units_)
+        setPixelSize(unit, small);
     setPixelSize(lblNumber, small + 2, true);
     setPixelSize(lblState, small - 1, true);
+    const int reading = readingSize(small);
+    for (Label* label : {&lblVolts, &lblAmperes, &lblWatts})
+        setPixelSize(*label, reading, true);
+}
+
+/// The largest size at which the longest reading fits beside its unit, and three of them below each other.
+int ChannelCard::readingSize(int small) const
+{
+    constexpr int probe = 100;
+    QFont font = this->font();
+    font.setPixelSize(probe);
+    font.setBold(true);
+    const int longest = QFontMetrics(font).horizontalAdvance(QStringLiteral("-00.0000"));
+    const int room = width() - 2 * sideMargin - small - 14;
+    const int rest = 4 * small + 44; // title, mode, set value and button
+    return std::clamp(std::min(room * probe / longest, (height() - rest) / 4), 10, 60);
 }
 
 } // namespace orb

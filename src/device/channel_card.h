@@ -35,6 +35,7 @@ protected:
 
 private:
     void layOut();
+    int readingSize(int small) const;
     void displayState(const ChannelReadout& readout);
 
     std::array<Label, 3> units_;

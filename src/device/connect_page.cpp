@@ -125,6 +125,7 @@ void ConnectPage::cmdConnectClick()
 {
     if (!cmdConnect.enabled())
         return;
+    complain({});
     const QString typed = cmbAddress.text().trimmed();
     const auto resourceName = kind().resourceName(typed);
     if (!resourceName)
@@ -150,12 +151,27 @@ void ConnectPage::display(const Connection& connection, const QString& resourceN
         complaint_.clear();
     if (complaint_.isEmpty())
         lblStatus.display(linkStatus(connection, kind != nullptr ? kind->peer(resourceName) : QString()));
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    if (hadFocus && !down && cmdConnect.enabled())
+        focusWhenDown_ = window()->focusWidget();
     cmbKind.setEnabled(down);
     cmbAddress.setEnabled(down && !this->kind().example.isEmpty());
     cmdConnect.setEnabled(down);
     cmdCancel.setEnabled(connection.isConnecting());
     cmdDisconnect.setEnabled(connection.stage() == Connection::Stage::Up);
+    if (hadFocus)
+        moveFocus(connection.stage());
     displayInstrument(connection, resourceName);
+}
+
+/// A control that goes out of use would hand the focus on to its neighbour, and a second press of Enter would then
+/// cancel or end what the first one began.
+void ConnectPage::moveFocus(Connection::Stage stage)
+{
+    if (stage != Connection::Stage::Down)
+        setFocus();
+    else
+        (focusWhenDown_ != nullptr ? focusWhenDown_ : &cmdConnect)->setFocus();
 }
 
 void ConnectPage::displayInstrument(const Connection& connection, const QString& resourceName)

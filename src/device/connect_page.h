@@ -50,11 +50,13 @@ private:
     const LinkKind& kind() const { return kinds_[static_cast<std::size_t>(cmbKind.listIndex())]; }
     void chooseLast();
     void displayInstrument(const Connection& connection, const QString& resourceName);
+    void moveFocus(Connection::Stage stage);
     void complain(const QString& words);
 
     const std::vector<LinkKind>& kinds_;
     const LinkSettings& settings_;
     QString complaint_;
+    QWidget* focusWhenDown_ = nullptr; // where the operator was when the connecting began
     std::array<Label, 6> captions_;
     Label lblKind_{QStringLiteral("Kind of &link")};
     Label lblAddress_{QStringLiteral("&Address")};

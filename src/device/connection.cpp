@@ -160,6 +160,7 @@ bool Connection::stepSizing(bool maySend)
 void Connection::enterStage(Stage stage)
 {
     stage_ = stage;
+    ++changes_;
     since_ = clock_.elapsed();
     asked_ = false;
     attempt_ = 0;

@@ -57,6 +57,8 @@ public:
     /// Whether the link stands, after a look at the line.
     bool isUp();
     End end() const { return end_; }
+    /// Counts up with every change of the stage.
+    int changes() const { return changes_; }
     LinkError error() const { return error_; }
     QString errorText() const { return errorText_; }
     /// What a peer that is no instrument said, fit to be shown.
@@ -96,6 +98,7 @@ private:
     qint64 since_ = 0;
     bool asked_ = false;
     int attempt_ = 0;
+    int changes_ = 0;
 
     End end_ = End::Never;
     LinkError error_ = LinkError::None;

@@ -16,7 +16,6 @@ constexpr int connectTickMs = 20;
 constexpr int pageTickMs = 50;
 constexpr qint64 roundMs = 500; // between the beginnings of two rounds of the Control page
 constexpr int replyWaitMs = 50;
-constexpr qsizetype longestInBar = 40;
 
 const char* const allOffStyle =
     "QToolButton { background: #c01f1f; color: white; border: 2px solid #7d0f0f; border-radius: 5px;"
@@ -96,6 +95,7 @@ void DeviceControl::layOut()
     stack->addLayout(bar);
     stack->addWidget(&controlPage, 1);
     stack->addWidget(&connectPage, 1);
+    setTabOrder(&connectPage.cmdDisconnect, &cmdAllOff);
     resizeTwips(designWidthTwips, designHeightTwips);
 }
 
@@ -197,7 +197,6 @@ void DeviceControl::Reconnect()
         lblLink.repaint(); // no event runs before the link is up or failed
         if (connection_.startAndWait(std::move(transport)))
             wentUp();
-        displayed_.reset();
         display();
     });
 }
@@ -217,6 +216,8 @@ void DeviceControl::ShowConnectPage()
     guarded([&] {
         showPage(connectPage);
         becomeActive();
+        if (connectPage.cmdConnect.enabled())
+            connectPage.cmdConnect.setFocus();
     });
 }
 
@@ -323,26 +324,14 @@ void DeviceControl::cmdAllOffClick()
 /// Shows how the link stands, where that is another than what is shown.
 void DeviceControl::display()
 {
-    const std::pair now(connection_.stage(), connection_.end());
-    if (displayed_ == now)
+    if (displayed_ == connection_.changes())
         return;
-    displayed_ = now;
-    const LinkKind* kind = kindOf(kinds_, resourceName_);
-    StatusLine status = linkStatus(connection_, kind != nullptr ? kind->peer(resourceName_) : QString());
-    const bool up = connection_.stage() == Connection::Stage::Up;
-    if (up)
-        status.text =
-            QStringLiteral("%1, %2 channels")
-                .arg(
-                    shownText((connection_.identity().maker + QLatin1Char(' ') + connection_.identity().model).toUtf8(),
-                              longestInBar),
-                    QString::number(connection_.channelCount()));
-    lblLink.display(status);
+    displayed_ = connection_.changes();
+    lblLink.display(shortStatus(connection_));
     connectPage.display(connection_, resourceName_);
-    if (!up)
+    if (connection_.stage() != Connection::Stage::Up)
         poll_.restart(0);
-    controlPage.display(poll_.readouts(),
-                        connection_.isConnecting() ? status.text : QStringLiteral("No instrument is connected."));
+    controlPage.display(poll_.readouts(), connectPage.lblStatus.caption());
 }
 
 // The bulk transfers.

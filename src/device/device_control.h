@@ -77,7 +77,7 @@ private:
     bool unanswerable_ = false;      // the last query met no link
     std::optional<qint64> polledAt_; // when the query of the Control page went out that is under way
     std::optional<qint64> roundAt_;  // when its last round began
-    std::optional<std::pair<Connection::Stage, Connection::End>> displayed_;
+    int displayed_ = -1;             // the change of the link that is shown
 };
 
 } // namespace orb

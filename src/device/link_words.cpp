@@ -5,6 +5,8 @@ namespace orb {
 
 namespace {
 
+constexpr qsizetype longestName = 40;
+
 /// A limit as the operator reads it.
 QString seconds(int ms)
 {
@@ -29,7 +31,7 @@ QString failedText(const Connection& connection, const QString& peer)
 {
     switch (connection.error()) {
     case LinkError::HostNotFound:
-        return QStringLiteral("No host called %1 was found. Check the name, or give the address in numbers.").arg(peer);
+        return QStringLiteral("%1 was not found: no host has this name. Check it, or give the address in numbers.").arg(peer);
     case LinkError::Refused:
         return QStringLiteral("%1 refused the connection. The host is there, but nothing takes connections at this "
                               "port.")
@@ -82,7 +84,40 @@ StatusLine endStatus(const Connection& connection, const QString& peer)
     return {};
 }
 
+QString shortDown(Connection::End end)
+{
+    switch (end) {
+    case Connection::End::Failed:
+    case Connection::End::Silent:
+    case Connection::End::NoInstrument:
+        return QStringLiteral("Not connected: the last attempt failed");
+    case Connection::End::Lost:
+        return QStringLiteral("Not connected: the link was lost");
+    case Connection::End::Never:
+    case Connection::End::Disconnected:
+    case Connection::End::Cancelled:
+        break;
+    }
+    return QStringLiteral("Not connected");
+}
+
 } // namespace
+
+StatusLine shortStatus(const Connection& connection)
+{
+    if (connection.isConnecting())
+        return {QStringLiteral("Connecting..."), Tone::Busy};
+    if (connection.stage() == Connection::Stage::Down) {
+        const QString text = shortDown(connection.end());
+        return {text, text.contains(QLatin1Char(':')) ? Tone::Bad : Tone::Neutral};
+    }
+    const Identity& identity = connection.identity();
+    const QString name = shownText((identity.maker + QLatin1Char(' ') + identity.model).toUtf8(), longestName);
+    const int channels = connection.channelCount();
+    return {channels == 1 ? QStringLiteral("%1, 1 channel").arg(name)
+                          : QStringLiteral("%1, %2 channels").arg(name, QString::number(channels)),
+            Tone::Good};
+}
 
 StatusLine linkStatus(const Connection& connection, const QString& peer)
 {

@@ -18,4 +18,7 @@ struct StatusLine {
 /// What the Connect page says of a link to `peer`, which is what a message calls the other end.
 StatusLine linkStatus(const Connection& connection, const QString& peer);
 
+/// The same in a few words, for the bar above both pages.
+StatusLine shortStatus(const Connection& connection);
+
 } // namespace orb

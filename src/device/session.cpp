@@ -76,6 +76,7 @@ void Session::dropStalledPart(qint64 now)
 {
     const qint64 limit = framer_.isLost() ? quietAfterLossMs : stalledPartMs;
     if ((framer_.isMidAnswer() || framer_.isLost()) && now - lastBytesAt_ >= limit) {
+        dropped_ = framer_.part().left(longestShownPart);
         framer_.forget();
         begunBefore_ = false;
     }
