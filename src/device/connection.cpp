@@ -129,8 +129,8 @@ bool Connection::stepIdentifying(bool maySend)
         lose();
     } else if (isOver(limits_.identify)) {
         if (said_.isEmpty())
-            said_ = shownText(session_->part());
-        goDown(said_.isEmpty() ? End::Silent : End::NoInstrument);
+            said_ = shownText(session_->heard());
+        goDown(said_.isEmpty() && attempt_ == 0 ? End::Silent : End::NoInstrument);
     }
     return false;
 }

@@ -31,7 +31,8 @@ QString failedText(const Connection& connection, const QString& peer)
 {
     switch (connection.error()) {
     case LinkError::HostNotFound:
-        return QStringLiteral("%1 was not found: no host has this name. Check it, or give the address in numbers.").arg(peer);
+        return QStringLiteral("%1 was not found: no host has this name. Check it, or give the address in numbers.")
+            .arg(peer);
     case LinkError::Refused:
         return QStringLiteral("%1 refused the connection. The host is there, but nothing takes connections at this "
                               "port.")
@@ -74,6 +75,8 @@ StatusLine endStatus(const Connection& connection, const QString& peer)
                     .arg(peer, seconds(connection.limits().identify)),
                 Tone::Bad};
     case Connection::End::NoInstrument:
+        if (connection.said().isEmpty())
+            return {QStringLiteral("%1 answered, but not as an instrument does.").arg(peer), Tone::Bad};
         // The last argument alone may hold anything, a %1 among it.
         return {
             QStringLiteral("%1 answered, but not as an instrument does. It said: \"%2\"").arg(peer, connection.said()),

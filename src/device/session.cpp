@@ -8,6 +8,7 @@ namespace orb {
 namespace {
 constexpr int mostReadsInALook = 32; // so that a peer that never stops talking can't keep a look from ending
 constexpr qint64 quietAfterLossMs = 100;
+constexpr qsizetype longestHeard = 256;
 } // namespace
 
 bool isQuery(const QByteArray& line)
@@ -67,6 +68,7 @@ void Session::takeIn(const QByteArray& bytes)
     lastBytesAt_ = now;
     framer_.take(bytes);
     while (const auto answer = framer_.next()) {
+        heard_ = answer->left(longestHeard);
         book_.answered(*answer, now, lastEmptyLook_, begunBefore_);
         begunBefore_ = false;
     }
@@ -76,10 +78,15 @@ void Session::dropStalledPart(qint64 now)
 {
     const qint64 limit = framer_.isLost() ? quietAfterLossMs : stalledPartMs;
     if ((framer_.isMidAnswer() || framer_.isLost()) && now - lastBytesAt_ >= limit) {
-        dropped_ = framer_.part().left(longestShownPart);
+        heard_ = heard();
         framer_.forget();
         begunBefore_ = false;
     }
+}
+
+QByteArray Session::heard() const
+{
+    return framer_.part().isEmpty() ? heard_ : framer_.part().left(longestHeard);
 }
 
 /// Until when it is worth waiting for the voice's answer.

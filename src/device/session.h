@@ -19,7 +19,6 @@ public:
     static constexpr qsizetype longestLine = 64 * 1024;
     /// A part of an answer that does not grow for so long is thrown away.
     static constexpr qint64 stalledPartMs = 1000;
-    static constexpr qsizetype longestShownPart = 256;
 
     /// Both must outlive the session. `transport` is open.
     Session(Clock& clock, Transport& transport);
@@ -42,8 +41,8 @@ public:
 
     /// True when no answer is due: a query that goes out now meets an idle line.
     bool isQuiet() const { return book_.isQuiet(clock_.elapsed()); }
-    /// What came last of an answer that never became whole, for the words of a failure; 256 bytes at most.
-    QByteArray part() const { return framer_.part().isEmpty() ? dropped_ : framer_.part().left(longestShownPart); }
+    /// What the peer said last, whole or not and asked or not, for the words of a failure; 256 bytes at most.
+    QByteArray heard() const;
 
 private:
     void takeIn(const QByteArray& bytes);
@@ -56,7 +55,7 @@ private:
     AnswerBook book_;
     qint64 lastEmptyLook_ = 0;
     qint64 lastBytesAt_ = 0;
-    QByteArray dropped_; // the part that was thrown away last
+    QByteArray heard_;         // the head of the last answer, or of the last part that was thrown away
     bool begunBefore_ = false; // the part that is in was begun before the last query went out
 };
 

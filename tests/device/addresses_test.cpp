@@ -164,7 +164,7 @@ TEST_F(LinkSettingsTest, RememberTheLatestFirstAndNoneTwice)
 TEST_F(LinkSettingsTest, AreBounded)
 {
     LinkSettings settings(file);
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 20; ++i)
         settings.use(QString::number(i));
     EXPECT_EQ(LinkSettings(file).recent().size(), LinkSettings::mostRecent);
     settings.use(QString(10'000, QLatin1Char('x')));

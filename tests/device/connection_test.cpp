@@ -167,6 +167,22 @@ TEST_F(ConnectionTest, QuotesAPeerThatNeverEndsItsLine)
     EXPECT_TRUE(connection.said().endsWith(QStringLiteral("login:")));
 }
 
+TEST_F(ConnectionTest, QuotesAPeerThatGreetsAndThenKeepsSilent)
+{
+    line.say("SSH-2.0-server\r\n");
+    start();
+    stepFor(60'000);
+    EXPECT_EQ(words(), "load:5025 answered, but not as an instrument does. It said: \"SSH-2.0-server\"");
+}
+
+TEST_F(ConnectionTest, HasNothingToQuoteOfAnAnswerThatIsTooLong)
+{
+    line.onLine = [this](const QByteArray&) { line.say(QByteArray(200'000, 'x') + '\n'); };
+    start();
+    stepFor(60'000);
+    EXPECT_EQ(words(), "load:5025 answered, but not as an instrument does.");
+}
+
 TEST_F(ConnectionTest, HearsTheIdentityBehindAGreeting)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}}, 10);
