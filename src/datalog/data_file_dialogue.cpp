@@ -8,6 +8,8 @@ namespace orb {
 DataFileDialogue::DataFileDialogue(QWidget* parent) : Frame({}, parent)
 {
     setAutoFillBackground(true);
+    setObjectName(QStringLiteral("FrameDataFileOperate"));
+    setStyleSheet(QStringLiteral("#FrameDataFileOperate { border: 2px solid #5a6472; border-radius: 4px; }"));
     resizeTwips(6000, 4500);
     lstLogMain.setBackColor(QColor(255, 192, 192));
     listLogDel.setBackColor(QColor(192, 255, 255));

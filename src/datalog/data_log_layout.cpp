@@ -57,7 +57,9 @@ QWidget* DataLogPage::toolBar()
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
+    row->setSpacing(3);
+    QFont toolFont = font();
+    toolFont.setPointSizeF(toolFont.pointSizeF() * 0.88); // eight captions in a row
     logStart.setPicture(icon("\\ICON\\B1RUNSTOP.jpg"));
     logStop.setPicture(icon("\\ICON\\B4STOP.JPG"));
     logRefresh.setPicture(icon("\\ICON\\Refresh.png"));
@@ -69,9 +71,12 @@ QWidget* DataLogPage::toolBar()
     for (PictureButton* button :
          {&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport}) {
         button->setIconSize({32, 32});
+        button->setFont(toolFont);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         row->addWidget(button);
     }
-    row->addStretch();
+    logSave.setToolTip(QStringLiteral("Keep the log in hand among the saved logs"));
+    cmdExport.setToolTip(QStringLiteral("Write the log in hand to a CSV file"));
     return bar;
 }
 
@@ -97,7 +102,7 @@ void DataLogPage::arrangeChannels()
         box.setEnabled(false);
         const int row = (plot - 1) / 2;
         const int column = (plot - 1) % 2 * 2;
-        grid->addWidget(new LegendLine(graphLog.plot(plot)), row, column);
+        grid->addWidget(new LegendLine(graphLog, plot), row, column);
         grid->addWidget(&box, row, column + 1);
     }
 }

@@ -1,31 +1,34 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "graph_plot.h"
+#include "graph.h"
 
 #include <QPainter>
 #include <QWidget>
 
 namespace orb {
 
-/// A short piece of a plot's line, as the graph draws it, to stand before the plot's check box.
+/// A short piece of a plot's line, as the graph draws it and on the graph's own ground, to stand before the plot's
+/// check box.
 class LegendLine final : public QWidget {
 public:
-    /// `plot` must outlive the line.
-    explicit LegendLine(const GraphPlot& plot, QWidget* parent = nullptr) : QWidget(parent), plot_(plot)
-    {
-        setFixedSize(20, 14);
-    }
+    /// `graph` must outlive the line.
+    LegendLine(const Graph& graph, int plot) : graph_(graph), plot_(plot) { setFixedSize(26, 16); }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        plot_.paintLegend(painter, rect());
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(graph_.plotAreaColour());
+        painter.drawRoundedRect(rect(), 3, 3);
+        graph_.plot(plot_).paintLegend(painter, rect().adjusted(3, 0, -3, 0));
     }
 
 private:
-    const GraphPlot& plot_;
+    const Graph& graph_;
+    int plot_;
 };
 
 } // namespace orb

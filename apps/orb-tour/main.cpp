@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Works the real program from the first click to the exported file, beside a simulated instrument in another process,
+// and leaves a picture of each page.
+#include "data_log_tour.h"
+#include "device_control.h"
+#include "form_orb.h"
+#include "operator.h"
+#include "real_clock.h"
+#include "real_dialogs.h"
+#include "simulator_process.h"
+#include "tour.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+using namespace orb;
+
+/// The program's own folder, fresh: its pictures, and a database in which no one has recorded yet.
+void furnish(const QDir& application)
+{
+    const QDir beside(QCoreApplication::applicationDirPath());
+    for (const char* name : {"orb.mdb", "OrbEmpty.jpg", "orbCommands.dat", "ORBScrBtn.dat"})
+        QFile::copy(beside.filePath(QLatin1String(name)), application.filePath(QLatin1String(name)));
+    QFile::link(beside.filePath(QStringLiteral("ICON")), application.filePath(QStringLiteral("ICON")));
+}
+
+int work(const QDir& out)
+{
+    const QTemporaryDir folder;
+    furnish(QDir(folder.path()));
+    const SimulatorProcess simulator(out.filePath(QStringLiteral("served.txt")));
+    std::printf("    a simulated instrument listens on port %d\n", simulator.port());
+
+    RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
+    RealEnding ending(dialogs);
+    Run run(ending);
+    RealClock clock(run);
+    const Paths paths(folder.path());
+    DeviceControl CORB(clock);
+    FormORB form(clock, dialogs, paths, CORB);
+    run.enter([&] { form.FormLoad(); });
+    form.show();
+
+    Tour tour(out);
+    connectSteps(tour, form, CORB, simulator);
+    dataLogSteps(tour, form);
+    return tour.run();
+}
+
+} // namespace
+
+/// Without a screen the program is worked all the same.
+void useNoScreenWhereThereIsNone()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (qEnvironmentVariableIsSet(variable))
+            return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+}
+
+int main(int argc, char** argv)
+{
+    useNoScreenWhereThereIsNone();
+    QStandardPaths::setTestModeEnabled(true); // the settings of the user stay as they are
+    const QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("orb-tour"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Works the program as an operator would and leaves pictures."));
+    parser.addHelpOption();
+    const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The folder for pictures and files."),
+                                       QStringLiteral("folder"), QStringLiteral("build/tour"));
+    parser.addOption(outOption);
+    parser.process(application);
+    const QDir out(QDir().absoluteFilePath(parser.value(outOption)));
+    if (!QDir().mkpath(out.path()))
+        return EXIT_FAILURE;
+    try {
+        const int result = work(out);
+        std::printf("The pictures and files are in %s\n", qPrintable(out.path()));
+        return result;
+    } catch (const TourFailure& failure) {
+        std::printf("FAILED: %s\n", failure.what());
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "operator.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace orb::hand {
+
+namespace {
+
+template <typename Dialog> Dialog* up()
+{
+    return qobject_cast<Dialog*>(QApplication::activeModalWidget());
+}
+
+QString plain(QString caption)
+{
+    return caption.remove(QLatin1Char('&'));
+}
+
+} // namespace
+
+QAbstractButton* find(const QWidget& where, const QString& caption)
+{
+    for (auto* button : where.findChildren<QAbstractButton*>())
+        if (plain(button->text()) == caption && button->isVisible() && button->isEnabled())
+            return button;
+    return nullptr;
+}
+
+void press(const QWidget& where, const QString& caption)
+{
+    auto* button = find(where, caption);
+    if (!button)
+        throw TourFailure(QStringLiteral("nothing to press is called \"%1\"").arg(caption));
+    button->click();
+}
+
+void pick(const QWidget& where, const QString& item)
+{
+    for (auto* combo : where.findChildren<QComboBox*>()) {
+        const int index = combo->findText(item);
+        if (index < 0 || !combo->isVisible() || !combo->isEnabled())
+            continue;
+        combo->setCurrentIndex(index);
+        Q_EMIT combo->activated(index);
+        return;
+    }
+    throw TourFailure(QStringLiteral("no list offers \"%1\"").arg(item));
+}
+
+void type(QWidget& box, const QString& text)
+{
+    auto* edit = box.findChild<QLineEdit*>();
+    if (!edit || !box.isVisible() || !box.isEnabled())
+        throw TourFailure(QStringLiteral("there is no place to type \"%1\"").arg(text));
+    edit->selectAll();
+    for (const QChar c : text) {
+        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QCoreApplication::sendEvent(edit, &key);
+    }
+}
+
+QString messageUp()
+{
+    const auto* box = up<QMessageBox>();
+    return box ? box->text() : QString();
+}
+
+bool fileDialogUp()
+{
+    return up<QFileDialog>() != nullptr;
+}
+
+bool typeFileName(const QString& path)
+{
+    auto* name = up<QFileDialog>()->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (name->text() == path)
+        return true;
+    name->setText(path);
+    return false;
+}
+
+void acceptFile()
+{
+    auto* name = up<QFileDialog>()->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const QString path = name->text();
+    name->clear(); // typing, not what stands there, takes the mark off the file that the dialogue offers
+    name->setText(path);
+    const auto* buttons = up<QFileDialog>()->findChild<QDialogButtonBox*>();
+    for (auto* button : buttons->buttons())
+        if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            return button->click();
+}
+
+bool printDialogUp()
+{
+    return up<QPrintDialog>() != nullptr;
+}
+
+void printTo(const QString& path)
+{
+    auto* dialog = up<QPrintDialog>();
+    if (!dialog)
+        throw TourFailure(QStringLiteral("no printer dialogue is up"));
+    dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+    dialog->printer()->setOutputFileName(path);
+    dialog->done(QDialog::Accepted);
+}
+
+bool isPdf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    return bytes.startsWith("%PDF") && bytes.trimmed().endsWith("%%EOF");
+}
+
+} // namespace orb::hand

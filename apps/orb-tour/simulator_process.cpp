@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "simulator_process.h"
+
+#include "operator.h"
+
+#include <QCoreApplication>
+
+namespace orb {
+
+namespace {
+constexpr int limitMs = 20'000;
+}
+
+SimulatorProcess::SimulatorProcess(const QString& servedPath)
+{
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/orb-simulator"),
+                   {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--served"), servedPath});
+    if (!process_.waitForReadyRead(limitMs))
+        throw TourFailure(QStringLiteral("orb-simulator does not start: ") + process_.errorString());
+    const QByteArray line = process_.readLine().trimmed();
+    port_ = line.mid(line.lastIndexOf(' ') + 1).toInt();
+    if (port_ == 0)
+        throw TourFailure(QStringLiteral("orb-simulator names no port: ") + QString::fromUtf8(line));
+}
+
+SimulatorProcess::~SimulatorProcess()
+{
+    process_.terminate();
+    if (!process_.waitForFinished(limitMs))
+        process_.kill();
+}
+
+} // namespace orb

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tour.h"
+
+#include "operator.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace orb {
+
+namespace {
+constexpr int pollMs = 20;
+constexpr int limitMs = 30'000;
+
+QString withPlainLineEnds(QString text)
+{
+    return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+} // namespace
+
+void Tour::then(const QString& says, std::function<bool()> ready, std::function<void()> act)
+{
+    steps_.push_back({says, std::move(ready), std::move(act)});
+}
+
+void Tour::then(const QString& says, std::function<void()> act)
+{
+    then(
+        says, [] { return true; }, std::move(act));
+}
+
+void Tour::answer(const QString& text, const QString& button)
+{
+    then(
+        QStringLiteral("answers \"%1\" with %2")
+            .arg(QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')), button),
+        [text] { return hand::messageUp() == withPlainLineEnds(text); },
+        [button] { hand::press(*QApplication::activeModalWidget(), button); });
+}
+
+void Tour::chooseFile(const QString& name)
+{
+    then(
+        QStringLiteral("names the file ") + name,
+        [this, name] { return hand::fileDialogUp() && hand::typeFileName(path(name)); }, [] { hand::acceptFile(); });
+}
+
+void Tour::picture(const QWidget& widget, const QString& name)
+{
+    then(QStringLiteral("takes the picture ") + name, [this, &widget, name] {
+        if (!const_cast<QWidget&>(widget).grab().save(path(name)))
+            throw TourFailure(QStringLiteral("can't write ") + path(name));
+    });
+}
+
+int Tour::run()
+{
+    waiting_.start();
+    schedule();
+    return QApplication::exec();
+}
+
+/// Each look is a timer of its own: a step that opens a dialogue goes on inside it.
+void Tour::schedule()
+{
+    QTimer::singleShot(pollMs, &context_, [this] { poll(); });
+}
+
+void Tour::poll()
+{
+    if (steps_.empty())
+        return QApplication::exit(EXIT_SUCCESS);
+    schedule();
+    if (!steps_.front().ready()) {
+        if (waiting_.elapsed() > limitMs)
+            fail(QStringLiteral("waited in vain; a box says: \"%1\"").arg(hand::messageUp()));
+        return;
+    }
+    const Step step = std::move(steps_.front());
+    steps_.pop_front();
+    waiting_.restart();
+    std::printf("%2d  %s\n", ++done_, qPrintable(step.says));
+    std::fflush(stdout);
+    try {
+        step.act();
+    } catch (const TourFailure& failure) {
+        fail(QString::fromUtf8(failure.what()));
+    }
+}
+
+/// The program may be deep in its own loops: there is no way out of them but the end of the process.
+void Tour::fail(const QString& words)
+{
+    const QString step = steps_.empty() ? QString() : steps_.front().says;
+    std::printf("FAILED: %s (next: %s)\n", qPrintable(words), qPrintable(step));
+    if (const QWidget* window = QApplication::activeWindow())
+        const_cast<QWidget*>(window)->grab().save(path(QStringLiteral("failed.png")));
+    std::fflush(stdout);
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace orb

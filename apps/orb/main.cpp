@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device_control.h"
+#include "form_orb.h"
+#include "real_clock.h"
+#include "real_dialogs.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    using namespace orb;
+
+    const QApplication application(argc, argv);
+    RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
+    RealEnding ending(dialogs);
+    Run run(ending);
+    RealClock clock(run);
+    const Paths paths(QCoreApplication::applicationDirPath());
+    DeviceControl CORB(clock);
+    FormORB form(clock, dialogs, paths, CORB);
+    run.enter([&] { form.FormLoad(); });
+    form.show();
+    return QApplication::exec();
+}
