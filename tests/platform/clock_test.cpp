@@ -6,7 +6,6 @@
 
 using namespace orb;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

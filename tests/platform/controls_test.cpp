@@ -6,6 +6,7 @@
 #include "rich_text_box.h"
 #include "text_box.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QTemporaryDir>
 
