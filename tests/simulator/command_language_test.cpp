@@ -4,9 +4,6 @@
 namespace orb {
 namespace {
 
-using testing::EndsWith;
-using testing::MatchesRegex;
-
 class CommandLanguageTest : public BenchTest {};
 
 TEST_F(CommandLanguageTest, AnswersTheIdentity)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench.h"
-#include "headers.h"
-#include "instrument_commands.h"
 #include "instrument_error.h"
+#include "rows.h"
 
 namespace orb {
 namespace {
@@ -94,83 +93,87 @@ TEST(CommandTable, CountsTheParametersThatARowDescribes)
     expect("[<n>,<m>]", 0, 2);
 }
 
-class EveryRowTest : public BenchTest {};
+class EveryRowTest : public BenchTest {
+protected:
+    /// The set form with the example of its row.
+    static std::string withExample(const Command& command, std::string header)
+    {
+        if (!command.example.empty())
+            header.append(" ").append(command.example);
+        return header;
+    }
+    /// As many parameters as no form of the row takes.
+    static std::string tooMany(std::string_view description)
+    {
+        std::string parameters = " MAX";
+        for (std::size_t i = countParameters(description).most; i > 0; --i)
+            parameters += ",MAX";
+        return parameters;
+    }
+    void expectError(const std::string& message, std::string_view error)
+    {
+        tell(message);
+        EXPECT_EQ(errors(), error) << message;
+    }
+
+    const std::vector<Command> rows = allRows();
+};
 
 TEST_F(EveryRowTest, IsDescribed)
 {
-    for (const CommandSection& section : instrumentCommands()) {
-        for (const Command& command : section.commands) {
-            EXPECT_TRUE(command.set != nullptr || command.query != nullptr) << command.header;
-            EXPECT_TRUE(command.summary.ends_with('.')) << command.header;
-            EXPECT_EQ(command.parameters.empty(), command.example.empty()) << command.header;
-            EXPECT_TRUE(command.set != nullptr || command.parameters.empty()) << command.header;
-            EXPECT_EQ(command.summary.find('|'), std::string_view::npos) << command.header;
-        }
+    for (const Command& command : rows) {
+        EXPECT_TRUE(command.set != nullptr || command.query != nullptr) << command.header;
+        EXPECT_TRUE(command.set != nullptr || command.parameters.empty()) << command.header;
+        EXPECT_TRUE(command.query != nullptr || command.queryParameters.empty()) << command.header;
+        EXPECT_EQ(command.parameters.empty(), command.example.empty()) << command.header;
+        EXPECT_TRUE(command.summary.ends_with('.')) << command.header;
+        EXPECT_EQ(command.summary.find('|'), std::string_view::npos) << command.header;
     }
 }
 
 TEST_F(EveryRowTest, TakesItsExampleInEveryFormOfItsHeader)
 {
-    for (const CommandSection& section : instrumentCommands()) {
-        for (const Command& command : section.commands) {
-            if (command.set == nullptr)
-                continue;
-            for (const std::string& header : waysToWrite(command.header)) {
-                const std::string message =
-                    header + (command.example.empty() ? "" : " ") + std::string(command.example);
-                tell(message);
-                EXPECT_EQ(errors(), noError) << message;
-            }
-        }
+    for (const Command& command : rows) {
+        if (command.set == nullptr)
+            continue;
+        for (const std::string& header : waysToWrite(command.header))
+            expectError(withExample(command, header), noError);
     }
 }
 
 TEST_F(EveryRowTest, AnswersInEveryFormOfItsHeader)
 {
-    for (const CommandSection& section : instrumentCommands()) {
-        for (const Command& command : section.commands) {
-            if (command.query == nullptr)
-                continue;
-            for (const std::string& header : waysToWrite(command.header)) {
-                EXPECT_NE(ask(header + "?"), "") << header;
-                EXPECT_EQ(errors(), noError) << header;
-            }
+    for (const Command& command : rows) {
+        if (command.query == nullptr)
+            continue;
+        for (const std::string& header : waysToWrite(command.header)) {
+            EXPECT_NE(ask(header + "?"), "") << header;
+            EXPECT_EQ(errors(), noError) << header;
         }
     }
 }
 
 TEST_F(EveryRowTest, RefusesTheFormsThatItDoesNotHave)
 {
-    for (const CommandSection& section : instrumentCommands()) {
-        for (const Command& command : section.commands) {
-            const std::string header = waysToWrite(command.header).front();
-            if (command.set == nullptr) {
-                tell(header);
-                EXPECT_EQ(errors(), "-113,\"Undefined header\"") << header;
-            }
-            if (command.query == nullptr) {
-                tell(header + "?");
-                EXPECT_EQ(errors(), "-113,\"Undefined header\"") << header;
-            }
-        }
+    for (const Command& command : rows) {
+        const std::string header = waysToWrite(command.header).front();
+        if (command.set == nullptr)
+            expectError(header, "-113,\"Undefined header\"");
+        if (command.query == nullptr)
+            expectError(header + "?", "-113,\"Undefined header\"");
     }
 }
 
-TEST_F(EveryRowTest, RefusesOneParameterTooMany)
+TEST_F(EveryRowTest, RefusesParametersThatAreMissingOrTooMany)
 {
-    for (const CommandSection& section : instrumentCommands()) {
-        for (const Command& command : section.commands) {
-            const std::string header = waysToWrite(command.header).front();
-            const std::string tooMany = command.queryParameters.empty() ? " MAX" : " MAX,MAX";
-            if (command.query != nullptr) {
-                tell(header + "?" + tooMany);
-                EXPECT_EQ(errors(), "-108,\"Parameter not allowed\"") << header;
-            }
-            if (command.set != nullptr && !command.parameters.empty()) {
-                tell(header);
-                EXPECT_EQ(errors(), "-109,\"Missing parameter\"") << header;
-            }
-        }
+    for (const Command& command : rows) {
+        const std::string header = waysToWrite(command.header).front();
+        if (command.set != nullptr)
+            expectError(header + tooMany(command.parameters), "-108,\"Parameter not allowed\"");
+        if (command.set != nullptr && !command.parameters.empty())
+            expectError(header, "-109,\"Missing parameter\"");
+        if (command.query != nullptr)
+            expectError(header + "?" + tooMany(command.queryParameters), "-108,\"Parameter not allowed\"");
     }
 }
 

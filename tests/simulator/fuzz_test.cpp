@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench.h"
 #include "fault_script.h"
-#include "headers.h"
-#include "instrument_commands.h"
 #include "noise.h"
+#include "rows.h"
 #include "status_registers.h"
 
 #include <cmath>
@@ -85,11 +84,9 @@ private:
     static std::vector<std::string> allHeaders()
     {
         std::vector<std::string> headers;
-        for (const CommandSection& section : instrumentCommands()) {
-            for (const Command& command : section.commands) {
-                for (std::string& header : waysToWrite(command.header))
-                    headers.push_back(std::move(header));
-            }
+        for (const Command& command : allRows()) {
+            for (std::string& header : waysToWrite(command.header))
+                headers.push_back(std::move(header));
         }
         return headers;
     }

@@ -7,7 +7,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using testing::ElementsAre;
-using testing::MatchesRegex;
 
 class MeasurementTest : public BenchTest {
 protected:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "headers.h"
+#include "rows.h"
 
+#include "instrument_commands.h"
 #include "mnemonic.h"
 
 #include <algorithm>
@@ -42,6 +43,14 @@ std::string lower(std::string text)
 }
 
 } // namespace
+
+std::vector<Command> allRows()
+{
+    std::vector<Command> rows;
+    for (const CommandSection& section : instrumentCommands())
+        rows.insert(rows.end(), section.commands.begin(), section.commands.end());
+    return rows;
+}
 
 std::vector<std::string> waysToWrite(std::string_view header)
 {
