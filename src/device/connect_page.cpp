@@ -143,9 +143,9 @@ void ConnectPage::complain(const QString& words)
         lblStatus.display({words, Tone::Bad});
 }
 
-void ConnectPage::display(const Connection& connection, const QString& resourceName)
+void ConnectPage::display(const InstrumentLink& connection, const QString& resourceName)
 {
-    const bool down = connection.stage() == Connection::Stage::Down;
+    const bool down = connection.stage() == InstrumentLink::Stage::Down;
     const LinkKind* kind = kindOf(kinds_, resourceName);
     if (!down)
         complaint_.clear();
@@ -158,7 +158,7 @@ void ConnectPage::display(const Connection& connection, const QString& resourceN
     cmbAddress.setEnabled(down && !this->kind().example.isEmpty());
     cmdConnect.setEnabled(down);
     cmdCancel.setEnabled(connection.isConnecting());
-    cmdDisconnect.setEnabled(connection.stage() == Connection::Stage::Up);
+    cmdDisconnect.setEnabled(connection.stage() == InstrumentLink::Stage::Up);
     if (hadFocus)
         moveFocus(connection.stage());
     displayInstrument(connection, resourceName);
@@ -166,17 +166,17 @@ void ConnectPage::display(const Connection& connection, const QString& resourceN
 
 /// A control that goes out of use would hand the focus on to its neighbour, and a second press of Enter would then
 /// cancel or end what the first one began.
-void ConnectPage::moveFocus(Connection::Stage stage)
+void ConnectPage::moveFocus(InstrumentLink::Stage stage)
 {
-    if (stage != Connection::Stage::Down)
+    if (stage != InstrumentLink::Stage::Down)
         setFocus();
     else
         (focusWhenDown_ != nullptr ? focusWhenDown_ : &cmdConnect)->setFocus();
 }
 
-void ConnectPage::displayInstrument(const Connection& connection, const QString& resourceName)
+void ConnectPage::displayInstrument(const InstrumentLink& connection, const QString& resourceName)
 {
-    const bool up = connection.stage() == Connection::Stage::Up;
+    const bool up = connection.stage() == InstrumentLink::Stage::Up;
     const Identity& identity = connection.identity();
     lblMaker.setCaption(identity.maker);
     lblModel.setCaption(identity.model);

@@ -38,7 +38,7 @@ public:
     ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings& settings, QWidget* parent = nullptr);
 
     /// Shows how the link stands. `resourceName` is that of the link that was tried last, empty before the first.
-    void display(const Connection& connection, const QString& resourceName);
+    void display(const InstrumentLink& connection, const QString& resourceName);
     /// Fills the list of recent addresses again; what is typed stays.
     void showRecent();
 
@@ -49,8 +49,8 @@ private:
     void layOut();
     const LinkKind& kind() const { return kinds_[static_cast<std::size_t>(cmbKind.listIndex())]; }
     void chooseLast();
-    void displayInstrument(const Connection& connection, const QString& resourceName);
-    void moveFocus(Connection::Stage stage);
+    void displayInstrument(const InstrumentLink& connection, const QString& resourceName);
+    void moveFocus(InstrumentLink::Stage stage);
     void complain(const QString& words);
 
     const std::vector<LinkKind>& kinds_;

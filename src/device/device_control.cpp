@@ -121,7 +121,7 @@ QString DeviceControl::Reply()
         Session* session = connection_.lastSession();
         if (session == nullptr || unanswerable_)
             return QString();
-        const bool up = connection_.stage() == Connection::Stage::Up;
+        const bool up = connection_.stage() == InstrumentLink::Stage::Up;
         const auto& answer =
             up ? session->answerUnderWay(Voice::Application, replyWaitMs) : session->answer(Voice::Application);
         return answer ? answerText(*answer) : QString();
@@ -171,7 +171,7 @@ void DeviceControl::connectTick()
     connection_.step(active_ && isVisible());
     if (!connection_.isConnecting())
         timerConnect_.setEnabled(false);
-    if (connection_.stage() == Connection::Stage::Up)
+    if (connection_.stage() == InstrumentLink::Stage::Up)
         wentUp();
     display();
 }
@@ -329,7 +329,7 @@ void DeviceControl::display()
     displayed_ = connection_.changes();
     lblLink.display(shortStatus(connection_));
     connectPage.display(connection_, resourceName_);
-    if (connection_.stage() != Connection::Stage::Up)
+    if (connection_.stage() != InstrumentLink::Stage::Up)
         poll_.restart(0);
     controlPage.display(poll_.readouts(), connectPage.lblStatus.caption());
 }

@@ -68,7 +68,7 @@ private:
     void leaveLinkToApplication();
     Session* sessionForTransfer();
 
-    Connection connection_;
+    InstrumentLink connection_;
     QString resourceName_; // of the link that was tried last
     ChannelPoll poll_;
     Timer timerConnect_;

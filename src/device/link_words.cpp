@@ -27,7 +27,7 @@ QString broken(const QString& words)
 }
 
 /// Why the transport did not open, or closed before the peer had said what it is.
-QString failedText(const Connection& connection, const QString& peer)
+QString failedText(const InstrumentLink& connection, const QString& peer)
 {
     switch (connection.error()) {
     case LinkError::HostNotFound:
@@ -52,53 +52,53 @@ QString failedText(const Connection& connection, const QString& peer)
     return QStringLiteral("The link to %1 failed%2").arg(peer, broken(connection.errorText()));
 }
 
-QString lostText(const Connection& connection, const QString& peer)
+QString lostText(const InstrumentLink& connection, const QString& peer)
 {
     if (connection.error() == LinkError::ClosedByPeer)
         return QStringLiteral("%1 closed the link.").arg(peer);
     return QStringLiteral("The link to %1 broke%2").arg(peer, broken(connection.errorText()));
 }
 
-StatusLine endStatus(const Connection& connection, const QString& peer)
+StatusLine endStatus(const InstrumentLink& connection, const QString& peer)
 {
     switch (connection.end()) {
-    case Connection::End::Never:
+    case InstrumentLink::End::Never:
         return {QStringLiteral("Not connected. Choose the link and press Connect."), Tone::Neutral};
-    case Connection::End::Disconnected:
+    case InstrumentLink::End::Disconnected:
         return {QStringLiteral("Disconnected."), Tone::Neutral};
-    case Connection::End::Cancelled:
+    case InstrumentLink::End::Cancelled:
         return {QStringLiteral("Connecting was cancelled."), Tone::Neutral};
-    case Connection::End::Failed:
+    case InstrumentLink::End::Failed:
         return {failedText(connection, peer), Tone::Bad};
-    case Connection::End::Silent:
+    case InstrumentLink::End::Silent:
         return {QStringLiteral("%1 took the connection, but did not answer *IDN? within %2. Is it an instrument?")
                     .arg(peer, seconds(connection.limits().identify)),
                 Tone::Bad};
-    case Connection::End::NoInstrument:
+    case InstrumentLink::End::NoInstrument:
         if (connection.said().isEmpty())
             return {QStringLiteral("%1 answered, but not as an instrument does.").arg(peer), Tone::Bad};
         // The last argument alone may hold anything, a %1 among it.
         return {
             QStringLiteral("%1 answered, but not as an instrument does. It said: \"%2\"").arg(peer, connection.said()),
             Tone::Bad};
-    case Connection::End::Lost:
+    case InstrumentLink::End::Lost:
         return {lostText(connection, peer), Tone::Bad};
     }
     return {};
 }
 
-QString shortDown(Connection::End end)
+QString shortDown(InstrumentLink::End end)
 {
     switch (end) {
-    case Connection::End::Failed:
-    case Connection::End::Silent:
-    case Connection::End::NoInstrument:
+    case InstrumentLink::End::Failed:
+    case InstrumentLink::End::Silent:
+    case InstrumentLink::End::NoInstrument:
         return QStringLiteral("Not connected: the last attempt failed");
-    case Connection::End::Lost:
+    case InstrumentLink::End::Lost:
         return QStringLiteral("Not connected: the link was lost");
-    case Connection::End::Never:
-    case Connection::End::Disconnected:
-    case Connection::End::Cancelled:
+    case InstrumentLink::End::Never:
+    case InstrumentLink::End::Disconnected:
+    case InstrumentLink::End::Cancelled:
         break;
     }
     return QStringLiteral("Not connected");
@@ -106,11 +106,11 @@ QString shortDown(Connection::End end)
 
 } // namespace
 
-StatusLine shortStatus(const Connection& connection)
+StatusLine shortStatus(const InstrumentLink& connection)
 {
     if (connection.isConnecting())
         return {QStringLiteral("Connecting..."), Tone::Busy};
-    if (connection.stage() == Connection::Stage::Down) {
+    if (connection.stage() == InstrumentLink::Stage::Down) {
         const QString text = shortDown(connection.end());
         return {text, text.contains(QLatin1Char(':')) ? Tone::Bad : Tone::Neutral};
     }
@@ -122,23 +122,23 @@ StatusLine shortStatus(const Connection& connection)
             Tone::Good};
 }
 
-StatusLine linkStatus(const Connection& connection, const QString& peer)
+StatusLine linkStatus(const InstrumentLink& connection, const QString& peer)
 {
     StatusLine status;
     switch (connection.stage()) {
-    case Connection::Stage::Down:
+    case InstrumentLink::Stage::Down:
         status = endStatus(connection, peer);
         break;
-    case Connection::Stage::Connecting:
+    case InstrumentLink::Stage::Connecting:
         status = {QStringLiteral("Connecting to %1...").arg(peer), Tone::Busy};
         break;
-    case Connection::Stage::Identifying:
+    case InstrumentLink::Stage::Identifying:
         status = {QStringLiteral("%1 took the connection. Asking what it is...").arg(peer), Tone::Busy};
         break;
-    case Connection::Stage::Sizing:
+    case InstrumentLink::Stage::Sizing:
         status = {QStringLiteral("%1 is an instrument. Asking for its channels...").arg(peer), Tone::Busy};
         break;
-    case Connection::Stage::Up:
+    case InstrumentLink::Stage::Up:
         status = {QStringLiteral("Connected to %1.").arg(peer), Tone::Good};
         break;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "connection.h"
+#include "instrument_link.h"
 
 namespace orb {
 
@@ -16,9 +16,9 @@ struct StatusLine {
 };
 
 /// What the Connect page says of a link to `peer`, which is what a message calls the other end.
-StatusLine linkStatus(const Connection& connection, const QString& peer);
+StatusLine linkStatus(const InstrumentLink& connection, const QString& peer);
 
 /// The same in a few words, for the bar above both pages.
-StatusLine shortStatus(const Connection& connection);
+StatusLine shortStatus(const InstrumentLink& connection);
 
 } // namespace orb

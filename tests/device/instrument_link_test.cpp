@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "connection.h"
+#include "instrument_link.h"
 #include "link_words.h"
 #include "recorded_ending.h"
 #include "scripted_line.h"
@@ -12,7 +12,7 @@ namespace orb {
 namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Stage = Connection::Stage;
+using Stage = InstrumentLink::Stage;
 } // namespace
 
 class ConnectionTest : public testing::Test {
@@ -42,7 +42,7 @@ protected:
     orb::Run run{ending};
     VirtualClock clock{run};
     ScriptedLine line{clock};
-    Connection connection{clock};
+    InstrumentLink connection{clock};
     const QByteArray identity = "ZN,ORB3000,0001,1.0\n";
 };
 
@@ -163,7 +163,7 @@ TEST_F(ConnectionTest, QuotesAPeerThatNeverEndsItsLine)
     line.onLine = [this](const QByteArray&) { line.say("\xff\xfblogin: "); };
     start();
     stepFor(60'000);
-    EXPECT_EQ(connection.end(), Connection::End::NoInstrument);
+    EXPECT_EQ(connection.end(), InstrumentLink::End::NoInstrument);
     EXPECT_TRUE(connection.said().endsWith(QStringLiteral("login:")));
 }
 
@@ -292,7 +292,7 @@ TEST_F(ConnectionTest, BlocksNoLongerThanItsLimits)
     line.opensAfter = 0;
     EXPECT_FALSE(connection.startAndWait(std::make_unique<ScriptedTransport>(line)));
     EXPECT_EQ(clock.elapsed(), 7000);
-    EXPECT_EQ(connection.end(), Connection::End::Silent);
+    EXPECT_EQ(connection.end(), InstrumentLink::End::Silent);
 }
 
 TEST_F(ConnectionTest, BeginsANewLinkWithNothingOfTheOld)

@@ -18,7 +18,7 @@ struct ConnectLimits {
 
 /// One link to an instrument, from the press on Connect to its end. Connecting is a state machine that `step` moves
 /// on, so that whoever steps it stays the master of the thread.
-class Connection {
+class InstrumentLink {
 public:
     enum class Stage {
         Down,
@@ -40,7 +40,7 @@ public:
     static constexpr int mostChannels = 8;
 
     /// `clock` must outlive the connection.
-    explicit Connection(Clock& clock, ConnectLimits limits = {}) : clock_(clock), limits_(limits) {}
+    explicit InstrumentLink(Clock& clock, ConnectLimits limits = {}) : clock_(clock), limits_(limits) {}
 
     /// Drops whatever link there is and begins a new one. `step` moves it on.
     void start(std::unique_ptr<Transport> transport);

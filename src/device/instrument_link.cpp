@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "connection.h"
+#include "instrument_link.h"
 
 #include <QList>
 
@@ -26,7 +26,7 @@ const std::array sizingQueries{QByteArrayLiteral(":CHAN:COUN?"), QByteArrayLiter
 
 } // namespace
 
-void Connection::prepare(std::unique_ptr<Transport> transport)
+void InstrumentLink::prepare(std::unique_ptr<Transport> transport)
 {
     drop();
     session_.reset();
@@ -37,13 +37,13 @@ void Connection::prepare(std::unique_ptr<Transport> transport)
     enterStage(Stage::Connecting);
 }
 
-void Connection::start(std::unique_ptr<Transport> transport)
+void InstrumentLink::start(std::unique_ptr<Transport> transport)
 {
     prepare(std::move(transport));
     transport_->begin();
 }
 
-bool Connection::startAndWait(std::unique_ptr<Transport> transport)
+bool InstrumentLink::startAndWait(std::unique_ptr<Transport> transport)
 {
     prepare(std::move(transport));
     transport_->open(limits_.connect);
@@ -52,14 +52,14 @@ bool Connection::startAndWait(std::unique_ptr<Transport> transport)
     return stage_ == Stage::Up;
 }
 
-void Connection::step(bool maySend)
+void InstrumentLink::step(bool maySend)
 {
     while (stepOnce(maySend)) {
     }
 }
 
 /// True when another stage began, which may get on at once.
-bool Connection::stepOnce(bool maySend)
+bool InstrumentLink::stepOnce(bool maySend)
 {
     switch (stage_) {
     case Stage::Connecting:
@@ -75,7 +75,7 @@ bool Connection::stepOnce(bool maySend)
     return false;
 }
 
-bool Connection::stepConnecting()
+bool InstrumentLink::stepConnecting()
 {
     const auto state = transport_->state();
     if (state == Transport::State::Open) {
@@ -92,7 +92,7 @@ bool Connection::stepConnecting()
     return false;
 }
 
-bool Connection::ask(const QByteArray& query, bool maySend)
+bool InstrumentLink::ask(const QByteArray& query, bool maySend)
 {
     if (!asked_) {
         if (!maySend)
@@ -105,7 +105,7 @@ bool Connection::ask(const QByteArray& query, bool maySend)
     return true;
 }
 
-bool Connection::stepIdentifying(bool maySend)
+bool InstrumentLink::stepIdentifying(bool maySend)
 {
     if (!ask(QByteArrayLiteral("*IDN?"), maySend)) {
         loseIfClosed();
@@ -135,7 +135,7 @@ bool Connection::stepIdentifying(bool maySend)
     return false;
 }
 
-bool Connection::stepSizing(bool maySend)
+bool InstrumentLink::stepSizing(bool maySend)
 {
     const auto query = static_cast<std::size_t>(attempt_);
     if (!ask(sizingQueries[query], maySend)) {
@@ -157,7 +157,7 @@ bool Connection::stepSizing(bool maySend)
     return false;
 }
 
-void Connection::enterStage(Stage stage)
+void InstrumentLink::enterStage(Stage stage)
 {
     stage_ = stage;
     ++changes_;
@@ -166,13 +166,13 @@ void Connection::enterStage(Stage stage)
     attempt_ = 0;
 }
 
-void Connection::goUp(int channels)
+void InstrumentLink::goUp(int channels)
 {
     channelCount_ = channels;
     enterStage(Stage::Up);
 }
 
-bool Connection::isUp()
+bool InstrumentLink::isUp()
 {
     if (stage_ != Stage::Up)
         return false;
@@ -181,32 +181,32 @@ bool Connection::isUp()
     return stage_ == Stage::Up;
 }
 
-bool Connection::isClosed()
+bool InstrumentLink::isClosed()
 {
     return transport_->state() == Transport::State::Closed;
 }
 
 /// The transport went down by itself.
-void Connection::lose()
+void InstrumentLink::lose()
 {
     error_ = transport_->error();
     errorText_ = transport_->errorText();
     goDown(stage_ == Stage::Up ? End::Lost : End::Failed);
 }
 
-void Connection::loseIfClosed()
+void InstrumentLink::loseIfClosed()
 {
     if (isClosed())
         lose();
 }
 
-void Connection::drop()
+void InstrumentLink::drop()
 {
     if (stage_ != Stage::Down)
         goDown(stage_ == Stage::Up ? End::Disconnected : End::Cancelled);
 }
 
-void Connection::goDown(End end)
+void InstrumentLink::goDown(End end)
 {
     transport_->close(); // the session stays, so that its last answer can be read again
     identity_ = {};
