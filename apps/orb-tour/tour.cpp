@@ -50,10 +50,13 @@ void Tour::chooseFile(const QString& name)
 
 void Tour::picture(const QWidget& widget, const QString& name)
 {
-    then(QStringLiteral("takes the picture ") + name, [this, &widget, name] {
-        if (!const_cast<QWidget&>(widget).grab().save(path(name)))
-            throw TourFailure(QStringLiteral("can't write ") + path(name));
-    });
+    constexpr int untilPaintedMs = 200; // what was just done has been painted by then
+    then(
+        QStringLiteral("takes the picture ") + name, [this] { return waiting_.elapsed() > untilPaintedMs; },
+        [this, &widget, name] {
+            if (!const_cast<QWidget&>(widget).grab().save(path(name)))
+                throw TourFailure(QStringLiteral("can't write ") + path(name));
+        });
 }
 
 int Tour::run()
