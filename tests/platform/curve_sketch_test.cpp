@@ -38,10 +38,10 @@ SketchColumns plainColumns(const Curve& curve, const SketchArea& where)
         const double x1 = where.x.pixel(curve.x(i + 1));
         const double y0 = where.y.pixel(curve.y(i));
         const double y1 = where.y.pixel(curve.y(i + 1));
-        for (int part = 0; part <= 50; ++part) {
-            const double x = x0 + (x1 - x0) * part / 50;
+        for (int part = 0; part <= 200; ++part) {
+            const double x = x0 + (x1 - x0) * part / 200;
             if (x >= 0 && x < where.width)
-                columns[static_cast<std::size_t>(x)].add(y0 + (y1 - y0) * part / 50);
+                columns[static_cast<std::size_t>(x)].add(y0 + (y1 - y0) * part / 200);
         }
     }
     return columns;
@@ -108,6 +108,14 @@ TEST(CurveSketch, JoinsRunsOfDifferentIncrements)
     for (const double value : noise(300))
         curve.append(value, 0.1);
     expectCovers(sketchColumns(curve, area(120)), plainColumns(curve, area(120)), 61);
+}
+
+TEST(CurveSketch, DrawsTheLineBetweenRunsThatBothBeginAndEndOutOfView)
+{
+    Curve curve = curveOf({0, 10, 20, 30, 40}, 20, 20); // up to x 100, out of view behind 60
+    curve.append(80, -90);                              // and back to x 10
+    expectCovers(sketchColumns(curve, area(60)), plainColumns(curve, area(60)), 2);
+    EXPECT_NEAR(sketchLines(curve, area(60)).back().back().x, curve.x(5) / 60 * 100, 1e-9);
 }
 
 TEST(CurveSketch, DrawsBackwardsForANegativeIncrement)

@@ -103,6 +103,18 @@ TEST(Curve, FindsTheExtentOfAnyStretchOfAppendedValues)
     }
 }
 
+TEST(Curve, FindsAPeakWhereverItStands)
+{
+    for (std::size_t peak = 0; peak < 9000; peak += peak < 200 ? 1 : 61) {
+        Curve curve;
+        for (std::size_t i = 0; i < 9000; ++i)
+            curve.append(i == peak ? 1 : 0, 1);
+        ASSERT_EQ(curve.extent().highest, 1) << peak;
+        ASSERT_EQ(curve.extent(0, peak + 1).highest, 1) << peak;
+        ASSERT_EQ(curve.extent(peak, 9000).highest, 1) << peak;
+    }
+}
+
 TEST(Curve, KeepsTheExtentsRightAtEachLengthOnTheWay)
 {
     std::mt19937 random(2);

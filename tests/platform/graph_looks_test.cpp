@@ -150,6 +150,27 @@ TEST(GraphLooks, GivesAPictureOfAGraphThatNeverWasOnTheScreen)
     EXPECT_GT(pixelsOf(image, QColor(0, 255, 0)), 2000);
 }
 
+TEST(GraphLooks, FitsItsLabelsToThePictureTheFirstTimeAlready)
+{
+    Graph graph(twoChannels());
+    graph.resize(330, 200);
+    choose(graph.axis(1), timeLengths[10]);
+    const QImage first = graph.ControlImage();
+    EXPECT_EQ(graph.ControlImage(), first);
+}
+
+TEST(GraphLooks, LeavesRoomForTheLastLabelWhereNoAxisStandsAtTheRight)
+{
+    GraphPlan plan = twoChannels();
+    plan.axes.pop_back();
+    plan.plots.clear();
+    Graph graph(plan);
+    graph.resize(740, 420);
+    choose(graph.axis(1), timeLengths[12]);
+    graph.ControlImage();
+    expectLabelsApart(graph);
+}
+
 TEST_F(GraphTest, DrawsOnlyThePlotsThatAreVisible)
 {
     graph.plot(1).PlotY({20, 20}, "0:00", 1);
