@@ -57,7 +57,7 @@ public:
 private:
     void cover(int y, double part, QRgb colour)
     {
-        const int share = static_cast<int>(part * 255 + 0.5);
+        const auto share = static_cast<int>(std::lround(part * 255));
         if (share > 0)
             first_[y * stride_] = covered(first_[y * stride_], colour, share);
     }
