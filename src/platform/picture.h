@@ -9,6 +9,10 @@ namespace orb {
 /// file, 481 where it holds no picture.
 QPixmap loadPicture(const QString& literal);
 
+/// The file that `literal` means, once it is known to begin as a picture does. Throws as `loadPicture` does, but does
+/// not read the whole of it.
+QString pictureFile(const QString& literal);
+
 /// Writes `picture` as a Windows bitmap, whatever the name's ending is. Throws `RuntimeFailure` 75 where that fails.
 void savePicture(const QPixmap& picture, const QString& literal);
 
