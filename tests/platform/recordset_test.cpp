@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database_fixture.h"
 
+#include <random>
+
 using namespace orb;
 
 namespace {
@@ -114,6 +116,31 @@ TEST_F(RecordsetTest, ConvertsATextThatIsANumber)
     EXPECT_EQ(failureIn([&] { converted("1e999"); }), "6: Overflow");
     for (const char* text : {"", "Off", "12V", "inf", "nan", "0x10", "1,5"})
         EXPECT_EQ(failureIn([&] { converted(text); }), mismatch) << text;
+}
+
+TEST_F(RecordsetTest, ConvertsToTheNearestNumberThereIs)
+{
+    std::mt19937_64 random(3);
+    QStringList texts{"-0.0500",
+                      "0.1",
+                      "999999999999999",
+                      "0.000000000000001",
+                      "123456.789012345",
+                      "12345678901234567",
+                      "0.30000000000000004",
+                      "5.",
+                      "-.5",
+                      "00012.50"};
+    for (int i = 0; i < 2000; ++i) {
+        QString text = QString::number(random() % 1'000'000'000'000'000 >> random() % 50);
+        text.insert(static_cast<qsizetype>(random() % static_cast<quint64>(text.size() + 1)), '.');
+        texts << (random() % 2 ? "-" + text : text);
+    }
+    record = database->openRecordset("values('" + texts.join("'),('") + "')");
+    for (const QString& text : texts) {
+        ASSERT_EQ(record->field(0).toDouble(), text.toDouble()) << text.toStdString();
+        record->moveNext();
+    }
 }
 
 TEST_F(RecordsetTest, RefusesADateThatIsNone)
