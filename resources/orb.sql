@@ -3,6 +3,9 @@
 -- The order of the columns is fixed: some statements of the program name none.
 
 PRAGMA journal_mode = WAL;
+
+BEGIN;
+
 PRAGMA user_version = 1;
 
 -- The log in hand, one row a sample. A measured value is the instrument's text, digit for digit.
@@ -87,3 +90,5 @@ CREATE TABLE ORBSeqData (
     SlewrateDown REAL NOT NULL
         CONSTRAINT "SlewrateDown must be a number" CHECK (SlewrateDown BETWEEN -1e15 AND 1e15)
 );
+
+COMMIT;

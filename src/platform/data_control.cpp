@@ -70,7 +70,7 @@ void DataControl::refresh()
         throw RuntimeFailure(failure::DatabaseNotFound, QStringLiteral("The data control names no database"));
     if (recordSource_.isEmpty())
         throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The data control names no record source"));
-    picture_.take(workspace_.openDatabase(databaseName_), recordSource_);
+    picture_.take(workspace_.openDatabase(databaseName_)->connection(), recordSource_);
     recordset_.restart();
     tellChanged();
 }
@@ -106,7 +106,9 @@ void DataControl::demandCell(std::int64_t row, int column) const
 FieldValue DataControl::valueAt(std::int64_t row, int column)
 {
     demandCell(row, column);
-    return picture_.value(row, column);
+    const RowPage& page = picture_.page(row);
+    const int inPage = TablePicture::rowInPage(row);
+    return inPage < page.rowCount() ? page.value(inPage, column) : FieldValue{};
 }
 
 void DataControl::setValueAt(std::int64_t row, int column, const QString& text)

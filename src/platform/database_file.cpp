@@ -45,12 +45,9 @@ void recognize(const QString& path)
 /// too: other programs and this one meet in a file beside the database.
 void readFirst(SQLite::Database& database, const QString& path)
 {
-    sqlite3* handle = database.getHandle();
     if (database.tryExec("SELECT count(*) FROM sqlite_schema") == SQLITE_OK)
         return;
-    if ((sqlite3_errcode(handle) & 0xff) == SQLITE_CANTOPEN)
-        refuse(failure::DatabaseReadOnly, path);
-    const RuntimeFailure failure = lastSqliteFailure(handle);
+    const RuntimeFailure failure = lastSqliteFailure(database.getHandle());
     throw RuntimeFailure(failure.number(),
                          failure.description() + QStringLiteral(": ") + QDir::toNativeSeparators(path));
 }

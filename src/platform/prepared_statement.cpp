@@ -4,8 +4,6 @@
 #include "connection.h"
 #include "sqlite_failure.h"
 
-#include <sqlite3.h>
-
 namespace orb {
 
 PreparedStatement::PreparedStatement(Connection& connection, std::string_view sql) : connection_(&connection)
@@ -41,11 +39,9 @@ Connection& PreparedStatement::connection() const
     return *connection_;
 }
 
-sqlite3_stmt* PreparedStatement::handle() const
+void PreparedStatement::refuseClosed()
 {
-    if (!handle_)
-        throw RuntimeFailure(failure::ObjectClosed);
-    return handle_;
+    throw RuntimeFailure(failure::ObjectClosed);
 }
 
 void PreparedStatement::check(int code) const
@@ -107,23 +103,6 @@ int PreparedStatement::columnCount() const
 QString PreparedStatement::columnName(int column) const
 {
     return QString::fromUtf8(sqlite3_column_name(handle(), column));
-}
-
-FieldValue PreparedStatement::value(int column) const
-{
-    sqlite3_stmt* row = handle();
-    switch (sqlite3_column_type(row, column)) {
-    case SQLITE_NULL:
-        return {};
-    case SQLITE_INTEGER:
-        return {FieldType::Integer, sqlite3_column_int64(row, column), 0, {}};
-    case SQLITE_FLOAT:
-        return {FieldType::Real, 0, sqlite3_column_double(row, column), {}};
-    default:
-        break;
-    }
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-    return {FieldType::Text, 0, 0, {bytes, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}};
 }
 
 std::int64_t PreparedStatement::integer(int column) const

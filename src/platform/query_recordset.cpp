@@ -85,11 +85,17 @@ QString QueryRecordset::fieldName(int column) const
 
 FieldValue QueryRecordset::value(int column) const
 {
+    if (!onRow_ || !query_ || !query_->isOpen() || column < 0 || column >= fieldCount_)
+        explain(column);
+    return query_->value(column);
+}
+
+/// Why there is no such value.
+void QueryRecordset::explain(int column) const
+{
     demandColumn(column);
-    const PreparedStatement& row = query();
-    if (!onRow_)
-        throw RuntimeFailure(failure::NoCurrentRecord);
-    return row.value(column);
+    query();
+    throw RuntimeFailure(failure::NoCurrentRecord);
 }
 
 } // namespace orb

@@ -28,6 +28,7 @@ public:
 private:
     PreparedStatement& query() const;
     void demandColumn(int column) const;
+    [[noreturn]] void explain(int column) const;
 
     std::string sql_;
     std::unique_ptr<PreparedStatement> query_;

@@ -4,7 +4,7 @@
 #include "failure.h"
 #include "values.h"
 
-#include <charconv>
+#include <array>
 #include <cmath>
 
 namespace orb {
@@ -38,15 +38,50 @@ QString textOf(const FieldValue& value)
     return {};
 }
 
-/// What an instrument answers is nearly always a plain number, and a long log has millions of them; any other text is
-/// left to the ordinary conversion, which knows blanks, a plus sign and what is too large.
+/// Digits of a number as they are read, and how many of them stand behind the point.
+struct Digits {
+    std::uint64_t value = 0;
+    int count = 0;
+
+    /// Takes the digits that `text` begins with, and removes them from it.
+    void take(std::string_view& text)
+    {
+        std::size_t i = 0;
+        for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
+            value = value * 10 + static_cast<std::uint64_t>(text[i] - '0');
+        count += static_cast<int>(i);
+        text.remove_prefix(i);
+    }
+};
+
+/// A number of at most 15 digits without an exponent, as an instrument answers it; NaN for any other text. Both the
+/// digits and the power of ten are exact as doubles, so that their quotient is the nearest double to the text.
+double plainNumber(std::string_view text)
+{
+    static constexpr std::array<double, 16> powers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool isNegative = !text.empty() && text.front() == '-';
+    text.remove_prefix(isNegative ? 1 : 0);
+    if (text.size() > 16)
+        return std::nan("");
+    Digits digits;
+    digits.take(text);
+    const int whole = digits.count;
+    if (!text.empty() && text.front() == '.') {
+        text.remove_prefix(1);
+        digits.take(text);
+    }
+    if (!text.empty() || digits.count == 0 || digits.count > 15)
+        return std::nan("");
+    const double number = static_cast<double>(digits.value) / powers[static_cast<std::size_t>(digits.count - whole)];
+    return isNegative ? -number : number;
+}
+
+/// A long log has millions of plain numbers; any other text is left to the ordinary conversion.
 double numberOf(std::string_view bytes)
 {
-    double number = 0;
-    const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
-    if (error == std::errc() && end == bytes.data() + bytes.size() && std::isfinite(number))
-        return number;
-    return orb::toDouble(fromUtf8(bytes));
+    const double number = plainNumber(bytes);
+    return std::isnan(number) ? orb::toDouble(fromUtf8(bytes)) : number;
 }
 
 } // namespace

@@ -1,26 +1,58 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "row_cache.h"
 
+#include "failure.h"
+
 #include <algorithm>
+#include <cstring>
+#include <limits>
 
 namespace orb {
 
-void RowPage::read(std::int64_t block, PreparedStatement& query)
+void RowPage::begin(std::int64_t block)
 {
+    block_ = block;
+    upTo_ = std::numeric_limits<std::int64_t>::min();
+    ids_.clear();
+    cells_.resize(1);
+    bytes_.clear();
+}
+
+FieldType RowPage::addValue(const FieldValue& value)
+{
+    if (value.type == FieldType::Text)
+        bytes_.append(value.text);
+    else if (value.type == FieldType::Integer)
+        bytes_.append(reinterpret_cast<const char*>(&value.integer), sizeof value.integer);
+    else if (value.type == FieldType::Real)
+        bytes_.append(reinterpret_cast<const char*>(&value.real), sizeof value.real);
+    return value.type;
+}
+
+void RowPage::addRow(const PreparedStatement& query)
+{
+    const std::size_t first = cells_.size() - 1;
+    cells_.resize(cells_.size() + columns_);
+    Cell* cell = &cells_[first];
+    for (int column = 1; column <= static_cast<int>(columns_); ++column, ++cell) {
+        cell->type = addValue(query.value(column));
+        (cell + 1)->offset = static_cast<std::uint32_t>(bytes_.size());
+    }
+    if (bytes_.size() > std::numeric_limits<std::uint32_t>::max())
+        throw RuntimeFailure(failure::Overflow);
+}
+
+void RowPage::extend(PreparedStatement& query, std::int64_t upTo)
+{
+    const std::int64_t block = block_;
     block_ = -1; // until it is whole
     columns_ = static_cast<std::size_t>(query.columnCount()) - 1;
-    ids_.clear();
-    cells_.clear();
-    bytes_.clear();
     while (query.step()) {
+        addRow(query);
         ids_.push_back(query.integer(0));
-        for (int column = 0; column < static_cast<int>(columns_); ++column) {
-            const FieldValue value = query.value(column + 1);
-            cells_.push_back({value.type, bytes_.size(), value.text.size(), value.integer, value.real});
-            bytes_ += value.text;
-        }
     }
     block_ = block;
+    upTo_ = upTo;
 }
 
 int RowPage::rowOfId(std::int64_t id) const
@@ -31,20 +63,27 @@ int RowPage::rowOfId(std::int64_t id) const
 
 FieldValue RowPage::value(int row, int column) const
 {
-    const Cell& cell = cells_[static_cast<std::size_t>(row) * columns_ + static_cast<std::size_t>(column)];
-    return {cell.type, cell.integer, cell.real, {bytes_.data() + cell.offset, cell.size}};
+    const Cell* cell = &cells_[static_cast<std::size_t>(row) * columns_ + static_cast<std::size_t>(column)];
+    const char* bytes = bytes_.data() + cell->offset;
+    FieldValue value;
+    value.type = cell->type;
+    if (cell->type == FieldType::Text)
+        value.text = {bytes, (cell + 1)->offset - cell->offset};
+    else if (cell->type == FieldType::Integer)
+        std::memcpy(&value.integer, bytes, sizeof value.integer);
+    else if (cell->type == FieldType::Real)
+        std::memcpy(&value.real, bytes, sizeof value.real);
+    return value;
 }
 
 RowPage* RowCache::find(std::int64_t block)
 {
-    if (recent_->page.block() != block) {
-        const auto slot =
-            std::find_if(slots_.begin(), slots_.end(), [block](const Slot& s) { return s.page.block() == block; });
-        if (slot == slots_.end())
-            return nullptr;
-        recent_ = &*slot;
-        recent_->lastUse = ++uses_;
-    }
+    const auto slot =
+        std::find_if(slots_.begin(), slots_.end(), [block](const Slot& s) { return s.page.block() == block; });
+    if (slot == slots_.end())
+        return nullptr;
+    recent_ = &*slot;
+    recent_->lastUse = ++uses_;
     return &recent_->page;
 }
 

@@ -12,12 +12,17 @@ namespace orb {
 /// Some consecutive rows of a table, copied.
 class RowPage {
 public:
-    /// Copies the rows that `query` gives; its first column is the row's id, the others are the row.
-    void read(std::int64_t block, PreparedStatement& query);
+    /// Forgets what it holds; from now on it is that block's.
+    void begin(std::int64_t block);
+    /// Copies the rows that `query` gives behind those it has; they reach up to the id `upTo`, whether or not there is
+    /// a row with it. The first column of the query is the row's id, the others are the row.
+    void extend(PreparedStatement& query, std::int64_t upTo);
     void forget() { block_ = -1; }
 
     /// The block that it holds, -1 for none.
     std::int64_t block() const { return block_; }
+    /// The id up to which its rows are read.
+    std::int64_t upTo() const { return upTo_; }
     int rowCount() const { return static_cast<int>(ids_.size()); }
     std::int64_t idOf(int row) const { return ids_[static_cast<std::size_t>(row)]; }
     /// The row with that id, -1 where there is none.
@@ -26,18 +31,19 @@ public:
     FieldValue value(int row, int column) const;
 
 private:
+    /// Where the value begins in `bytes_`; it ends where the next one begins. A number is there as it is in memory.
     struct Cell {
+        std::uint32_t offset;
         FieldType type;
-        std::size_t offset;
-        std::size_t size;
-        std::int64_t integer;
-        double real;
     };
+    void addRow(const PreparedStatement& query);
+    FieldType addValue(const FieldValue& value);
 
     std::int64_t block_ = -1;
+    std::int64_t upTo_ = 0;
     std::size_t columns_ = 0;
     std::vector<std::int64_t> ids_;
-    std::vector<Cell> cells_;
+    std::vector<Cell> cells_{{0, FieldType::Null}}; ///< and one behind the last
     std::string bytes_;
 };
 
@@ -46,6 +52,8 @@ class RowCache {
 public:
     /// The page with that block, or null.
     RowPage* find(std::int64_t block);
+    /// The page that was found last.
+    const RowPage& recent() const { return recent_->page; }
     /// The page that was not looked at for longest, to be read anew.
     RowPage& oldest();
     void clear();

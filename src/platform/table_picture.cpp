@@ -1,51 +1,45 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table_picture.h"
 
-#include "connection.h"
 #include "failure.h"
 #include "sql_dialect.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace orb {
 
-TablePicture::View::View(std::unique_ptr<Database> openDatabase, const QString& tableName)
-    : database(std::move(openDatabase)),
+TablePicture::View::View(std::shared_ptr<Connection> open, const QString& tableName)
+    : connection(std::move(open)),
       table(tableName),
       quoted(quotedName(tableName.toStdString())),
-      bounds(*database->connection(),
-             "SELECT (SELECT min(rowid) FROM " + quoted + "), (SELECT max(rowid) FROM " + quoted + ")"),
-      ids(*database->connection(), "SELECT rowid FROM " + quoted + " WHERE rowid > ? ORDER BY rowid"),
-      rows(*database->connection(), "SELECT rowid, * FROM " + quoted + " WHERE rowid BETWEEN ? AND ? ORDER BY rowid")
+      bounds(*connection, "SELECT (SELECT min(rowid) FROM " + quoted + "), (SELECT max(rowid) FROM " + quoted + ")"),
+      ids(*connection, "SELECT rowid FROM " + quoted + " WHERE rowid > ? ORDER BY rowid"),
+      rows(*connection, "SELECT rowid, * FROM " + quoted + " WHERE rowid > ? AND rowid <= ? ORDER BY rowid")
 {
     for (int column = 1; column < rows.columnCount(); ++column)
         columns.push_back(rows.columnName(column));
 }
 
-bool TablePicture::View::isOf(const Database& other, const QString& tableName) const
+void TablePicture::take(std::shared_ptr<Connection> connection, const QString& table)
 {
-    return database->isOpen() && database->connection() == other.connection() &&
-           table.compare(tableName, Qt::CaseInsensitive) == 0;
-}
-
-void TablePicture::take(std::unique_ptr<Database> database, const QString& table)
-{
-    const TableState state = database->connection()->stateOf(table);
-    if (view_ && view_->isOf(*database, table) && view_->disturbances == state.disturbances) {
+    const TableState state = connection->stateOf(table);
+    const bool isSame = view_ && view_->connection == connection && view_->table == table;
+    if (isSame && view_->disturbances == state.disturbances) {
         grow(*view_);
     } else {
-        auto view = std::make_unique<View>(std::move(database), table);
+        auto view = std::make_unique<View>(std::move(connection), table);
         view->disturbances = state.disturbances;
         grow(*view);
         view_ = std::move(view);
+        cache_.clear();
     }
-    cache_.clear();
 }
 
 /// How many rows the table has now. They are counted where no one knows.
 std::int64_t TablePicture::rowsOf(View& view)
 {
-    Connection& connection = *view.database->connection();
+    Connection& connection = *view.connection;
     if (const auto known = connection.stateOf(view.table).rows)
         return *known;
     PreparedStatement count(connection, "SELECT count(*) FROM " + view.quoted);
@@ -86,11 +80,12 @@ void TablePicture::grow(View& view)
         RowIndex all;
         walk(view, all, std::numeric_limits<std::int64_t>::min());
         view.index = std::move(all);
+        cache_.clear();
     } catch (...) {
         view.index.cutBack(before, lastId);
         throw;
     }
-    view.database->connection()->learnRows(view.table, view.index.count());
+    view.connection->learnRows(view.table, view.index.count());
 }
 
 void TablePicture::walk(View& view, RowIndex& index, std::int64_t from)
@@ -101,34 +96,37 @@ void TablePicture::walk(View& view, RowIndex& index, std::int64_t from)
         index.append(view.ids.integer(0));
 }
 
-RowPage& TablePicture::page(std::int64_t row)
+const RowPage& TablePicture::findPage(std::int64_t row)
 {
     const std::int64_t block = row / RowIndex::blockRows;
-    if (RowPage* known = cache_.find(block))
-        return *known;
-    RowPage& page = cache_.oldest();
-    view_->rows.reset();
-    view_->rows.bind(1, view_->index.firstIdOf(block));
-    view_->rows.bind(2, view_->index.lastIdOf(block));
-    page.read(block, view_->rows);
-    rowsRead_ += page.rowCount();
-    return page;
+    const RowPage* known = cache_.find(block);
+    return known && known->upTo() >= view_->index.lastIdOf(block) ? *known : readPage(block);
 }
 
-FieldValue TablePicture::value(std::int64_t row, int column)
+/// A page that was the last one of an earlier picture is read on from where it ended.
+const RowPage& TablePicture::readPage(std::int64_t block)
 {
-    const RowPage& rows = page(row);
-    const auto inPage = static_cast<int>(row % RowIndex::blockRows);
-    return inPage < rows.rowCount() ? rows.value(inPage, column) : FieldValue{};
+    RowPage* page = cache_.find(block);
+    if (!page) {
+        page = &cache_.oldest();
+        page->begin(block);
+    }
+    const int before = page->rowCount();
+    const std::int64_t upTo = view_->index.lastIdOf(block);
+    view_->rows.reset();
+    view_->rows.bind(1, std::max(page->upTo(), view_->index.firstIdOf(block) - 1));
+    view_->rows.bind(2, upTo);
+    page->extend(view_->rows, upTo);
+    rowsRead_ += page->rowCount() - before;
+    return *page;
 }
 
 std::int64_t TablePicture::find(const QString& criterion)
 {
     const std::string condition = translateSql(criterion.toStdString()).sql;
     const std::string limit = std::to_string(view_->index.lastId());
-    PreparedStatement query(*view_->database->connection(), "SELECT rowid FROM " + view_->quoted +
-                                                                " WHERE rowid <= " + limit + " AND (" + condition +
-                                                                ") ORDER BY rowid LIMIT 1");
+    PreparedStatement query(*view_->connection, "SELECT rowid FROM " + view_->quoted + " WHERE rowid <= " + limit +
+                                                    " AND (" + condition + ") ORDER BY rowid LIMIT 1");
     query.refuseParameters();
     const bool found = query.step() && rowCount() > 0;
     rowsRead_ += query.rowsScanned();
@@ -142,10 +140,10 @@ std::int64_t TablePicture::find(const QString& criterion)
 
 void TablePicture::change(std::int64_t row, int column, const QString& text)
 {
-    Connection& connection = *view_->database->connection();
-    if (!has(row))
+    Connection& connection = *view_->connection;
+    if (page(row).rowCount() <= rowInPage(row))
         throw RuntimeFailure(failure::NoCurrentRecord);
-    const std::int64_t id = page(row).idOf(static_cast<int>(row % RowIndex::blockRows));
+    const std::int64_t id = page(row).idOf(rowInPage(row));
     const std::string name = quotedName(columns()[static_cast<std::size_t>(column)].toStdString());
     PreparedStatement update(connection, "UPDATE " + view_->quoted + " SET " + name + " = ? WHERE rowid = ?");
     const std::string bytes = text.toStdString();

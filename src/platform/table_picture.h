@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "database.h"
+#include "connection.h"
 #include "row_cache.h"
 #include "row_index.h"
 
@@ -11,21 +11,27 @@ namespace orb {
 /// rows themselves stay in the file and are read a page at a time.
 class TablePicture {
 public:
-    /// Takes a picture of `table` in `database`. Where nothing but new rows came to the same table since the last one,
+    /// Takes a picture of `table`. Where nothing but new rows came to the same table since the last one,
     /// only they are looked at. A failure leaves the picture as it was.
-    void take(std::unique_ptr<Database> database, const QString& table);
+    void take(std::shared_ptr<Connection> connection, const QString& table);
 
     bool isTaken() const { return view_ != nullptr; }
     /// False once the database was closed.
-    bool isOpen() const { return view_ && view_->database->isOpen(); }
+    bool isOpen() const { return view_ && view_->connection->isOpen(); }
 
     std::int64_t rowCount() const { return view_ ? view_->index.count() : 0; }
     const std::vector<QString>& columns() const { return view_->columns; }
+    int columnCount() const { return static_cast<int>(view_->columns.size()); }
 
-    /// True where the row is still in the table. `row` must be one of the picture.
-    bool has(std::int64_t row) { return page(row).rowCount() > row % RowIndex::blockRows; }
-    /// A value of a row that the picture has. Valid until another row is read.
-    FieldValue value(std::int64_t row, int column);
+    /// The page with a row, which must be one of the picture. Where rows were deleted since the picture was taken, the
+    /// page has fewer rows than it should.
+    const RowPage& page(std::int64_t row)
+    {
+        const RowPage& recent = cache_.recent();
+        const bool isIn = recent.block() == row / RowIndex::blockRows && rowInPage(row) < recent.rowCount();
+        return isIn ? recent : findPage(row);
+    }
+    static int rowInPage(std::int64_t row) { return static_cast<int>(row % RowIndex::blockRows); }
     /// The first row of the picture that meets a condition of the dialect, -1 where none does.
     std::int64_t find(const QString& criterion);
     /// Writes to the table, Null for an empty text. Throws 3021 where the row is no longer there.
@@ -37,15 +43,14 @@ public:
 private:
     /// One table of one database, with its statements.
     struct View {
-        View(std::unique_ptr<Database> openDatabase, const QString& tableName);
-        bool isOf(const Database& other, const QString& tableName) const;
+        View(std::shared_ptr<Connection> open, const QString& tableName);
 
-        std::unique_ptr<Database> database;
+        std::shared_ptr<Connection> connection;
         QString table;
         std::string quoted;
         PreparedStatement bounds; ///< the least and the greatest id
         PreparedStatement ids;    ///< the ids behind one
-        PreparedStatement rows;   ///< the rows between two ids
+        PreparedStatement rows;   ///< the rows behind one id and up to another
         std::vector<QString> columns;
         std::uint64_t disturbances = 0;
         RowIndex index;
@@ -55,7 +60,8 @@ private:
     bool isRun(View& view, std::int64_t rows);
     void grow(View& view);
     void walk(View& view, RowIndex& index, std::int64_t from);
-    RowPage& page(std::int64_t row);
+    const RowPage& findPage(std::int64_t row);
+    const RowPage& readPage(std::int64_t block);
 
     std::unique_ptr<View> view_;
     RowCache cache_;

@@ -109,28 +109,40 @@ void TableRecordset::findFirst(const QString& criterion)
 int TableRecordset::fieldCount() const
 {
     demandOpen();
-    return static_cast<int>(picture_.columns().size());
+    return picture_.columnCount();
 }
 
 QString TableRecordset::fieldName(int column) const
 {
+    demandOpen();
     demandColumn(column);
     return picture_.columns()[static_cast<std::size_t>(column)];
 }
 
 void TableRecordset::demandColumn(int column) const
 {
-    if (column < 0 || column >= fieldCount())
+    if (column < 0 || column >= picture_.columnCount())
         throw RuntimeFailure(failure::ItemNotFound);
 }
 
 FieldValue TableRecordset::value(int column) const
 {
-    demandColumn(column);
+    const bool isThere = !closed_ && picture_.isOpen() && position_ >= 0 && position_ < picture_.rowCount();
+    if (!isThere || column < 0 || column >= picture_.columnCount())
+        explain(column);
+    const RowPage& page = picture_.page(position_);
+    const int row = TablePicture::rowInPage(position_);
+    if (row >= page.rowCount()) // deleted since the refresh
+        explain(column);
+    return page.value(row, column);
+}
+
+/// Why there is no such value.
+void TableRecordset::explain(int column) const
+{
     demandRow();
-    if (!picture_.has(position_)) // deleted since the refresh
-        throw RuntimeFailure(failure::NoCurrentRecord);
-    return picture_.value(position_, column);
+    demandColumn(column);
+    throw RuntimeFailure(failure::NoCurrentRecord);
 }
 
 } // namespace orb

@@ -47,6 +47,7 @@ private:
     void demandOpen() const;
     void demandRow() const;
     void demandColumn(int column) const;
+    [[noreturn]] void explain(int column) const;
     void moveTo(std::int64_t position);
 
     TablePicture& picture_;
