@@ -107,6 +107,15 @@ bool AnswerBook::isQuiet(qint64 now) const
     return open_.empty() || now - open_.back().at >= patienceFor(open_.back().question);
 }
 
+void AnswerBook::nothingIsComing()
+{
+    open_.clear();
+    writtenOff_ = 0;
+    settleDebt();
+    for (Slot& slot : slots_)
+        slot.waiting = false;
+}
+
 std::optional<qint64> AnswerBook::settlesAt() const
 {
     return held_ ? std::optional(held_->at + settleMs) : std::nullopt;

@@ -36,6 +36,8 @@ public:
     /// An answer is in. It can't have come before `earliest`; `begunBefore`: its first part was in before the last
     /// query went out.
     void answered(const QByteArray& answer, qint64 now, qint64 earliest, bool begunBefore = false);
+    /// It is known that nothing more will come to the queries so far.
+    void nothingIsComing();
     /// Hands out what has been held back for long enough, and writes off what has been awaited for too long.
     void pass(qint64 now);
 

@@ -104,15 +104,22 @@ void DeviceControl::layOut()
 void DeviceControl::SendCommand(const QString& command)
 {
     guarded([&] {
-        for (const QByteArray& line : command.toUtf8().replace('\r', '\n').split('\n')) {
-            if (line.isEmpty())
-                continue;
-            Session* session = connection_.session();
-            const bool sent = session != nullptr && session->send(Voice::Application, line);
-            if (isQuery(line))
-                unanswerable_ = !sent;
-        }
+        const QByteArray text = command.toUtf8();
+        if (!text.contains('\n') && !text.contains('\r'))
+            return sendLine(text);
+        for (const QByteArray& line : QByteArray(text).replace('\r', '\n').split('\n'))
+            sendLine(line);
     });
+}
+
+void DeviceControl::sendLine(const QByteArray& line)
+{
+    if (line.isEmpty())
+        return;
+    Session* session = connection_.session();
+    const bool isSent = session != nullptr && session->send(Voice::Application, line);
+    if (isQuery(line))
+        unanswerable_ = !isSent;
 }
 
 QString DeviceControl::Reply()

@@ -53,6 +53,7 @@ public:
 
 private:
     void layOut();
+    void sendLine(const QByteArray& line);
     void connectTo(const QString& resourceName);
     std::unique_ptr<Transport> makeTransport() const;
     void connectTick();

@@ -41,6 +41,14 @@ Begin beginOf(const QByteArray& bytes, BlockHead& head)
 
 } // namespace
 
+void Framer::take(QByteArray bytes)
+{
+    if (buffer_.isEmpty())
+        buffer_ = std::move(bytes);
+    else
+        buffer_.append(bytes);
+}
+
 std::optional<qsizetype> Framer::textBegin()
 {
     BlockHead head;
@@ -85,9 +93,15 @@ std::optional<QByteArray> Framer::next()
 
 std::optional<QByteArray> Framer::cut(qsizetype textBegin, qsizetype lineEnd)
 {
-    QByteArray answer = buffer_.left(lineEnd);
-    buffer_.remove(0, lineEnd + 1);
     searched_ = 0;
+    QByteArray answer;
+    if (lineEnd + 1 == buffer_.size()) { // the usual case, and the cheap one
+        answer.swap(buffer_);
+        answer.truncate(lineEnd);
+    } else {
+        answer = buffer_.left(lineEnd);
+        buffer_.remove(0, lineEnd + 1);
+    }
     if (answer.size() > textBegin && answer.endsWith('\r'))
         answer.chop(1);
     return answer.size() - textBegin > longestText ? QByteArray("") : answer;

@@ -15,7 +15,7 @@ public:
     static constexpr qsizetype longestText = 64 * 1024;
     static constexpr qsizetype longestBlock = 4 * 1024 * 1024;
 
-    void take(const QByteArray& bytes) { buffer_.append(bytes); }
+    void take(QByteArray bytes);
 
     /// The next whole answer without its line end; a block comes with its head. An answer beyond the bounds comes as
     /// an empty one. Nothing when no answer is whole yet.

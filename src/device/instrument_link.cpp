@@ -48,7 +48,8 @@ bool InstrumentLink::startAndWait(std::unique_ptr<Transport> transport)
     prepare(std::move(transport));
     transport_->open(limits_.connect);
     for (step(true); isConnecting(); step(true))
-        transport_->waitReadable(blockingStepMs);
+        if (!transport_->waitReadable(blockingStepMs) && transport_->isIdle())
+            clock_.sleep(blockingStepMs);
     return stage_ == Stage::Up;
 }
 

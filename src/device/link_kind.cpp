@@ -24,7 +24,7 @@ LinkKind simulatedKind(Clock& clock)
         },
         .typed = [](const QString&) { return QString(); },
         .peer = [](const QString&) { return QStringLiteral("the simulated instrument"); },
-        .transport = [&clock, instrument](const QString&) { return std::make_unique<SimTransport>(clock, instrument); },
+        .transport = [instrument](const QString&) { return std::make_unique<SimTransport>(instrument); },
     };
 }
 

@@ -26,16 +26,17 @@ bool isQuery(const QByteArray& line)
 }
 
 Session::Session(Clock& clock, Transport& transport)
-    : clock_(clock), transport_(transport), lastEmptyLook_(clock.elapsed()), lastBytesAt_(lastEmptyLook_)
+    : clock_(clock), transport_(transport), lastLook_(clock.elapsed()), lastBytesAt_(lastLook_)
 {}
 
 bool Session::send(Voice voice, const QByteArray& line)
 {
     if (line.size() > longestLine)
         return false;
-    look(); // what is there by now answers earlier queries
+    const qint64 now = clock_.elapsed();
+    lookAt(now); // what is there by now answers earlier queries
     if (isQuery(line)) {
-        book_.asked(voice, line, clock_.elapsed());
+        book_.asked(voice, line, now);
         begunBefore_ = framer_.isMidAnswer();
     }
     return transport_.write(line + '\n');
@@ -49,27 +50,33 @@ bool Session::sendBlock(const QByteArray& line, const QByteArray& data, int limi
 
 void Session::look()
 {
-    for (int i = 0; i < mostReadsInALook; ++i) {
-        const QByteArray bytes = transport_.read();
-        if (!bytes.isEmpty())
-            takeIn(bytes);
-        if (bytes.size() < Transport::longestRead) {
-            lastEmptyLook_ = clock_.elapsed();
-            break;
-        }
-    }
-    dropStalledPart(clock_.elapsed());
-    book_.pass(clock_.elapsed());
+    lookAt(clock_.elapsed());
 }
 
-void Session::takeIn(const QByteArray& bytes)
+void Session::lookAt(qint64 now)
 {
-    const qint64 now = clock_.elapsed();
+    for (int i = 0; i < mostReadsInALook; ++i) {
+        QByteArray bytes = transport_.read();
+        const bool isAll = bytes.size() < Transport::longestRead;
+        if (!bytes.isEmpty())
+            takeIn(std::move(bytes), now);
+        if (isAll)
+            break;
+    }
+    lastLook_ = now;
+    dropStalledPart(now);
+    book_.pass(now);
+    if (transport_.isIdle())
+        book_.nothingIsComing();
+}
+
+void Session::takeIn(QByteArray bytes, qint64 now)
+{
     lastBytesAt_ = now;
-    framer_.take(bytes);
+    framer_.take(std::move(bytes));
     while (const auto answer = framer_.next()) {
         heard_ = answer->left(longestHeard);
-        book_.answered(*answer, now, lastEmptyLook_, begunBefore_);
+        book_.answered(*answer, now, lastLook_, begunBefore_);
         begunBefore_ = false;
     }
 }
@@ -102,18 +109,21 @@ qint64 Session::underWayUntil(Voice voice, int limitMs) const
 
 const std::optional<QByteArray>& Session::answerUnderWay(Voice voice, int limitMs)
 {
-    look();
     const qint64 end = clock_.elapsed() + limitMs;
+    bool looked = false;
     while (book_.awaits(voice)) {
         const qint64 now = clock_.elapsed();
         const qint64 until = std::min(end, underWayUntil(voice, limitMs));
-        if (now >= until)
+        if (now >= until && looked)
             break;
         // An answer that is held back comes out without a byte arriving, so the wait ends there at the latest.
         const qint64 wake = std::min(until, book_.settlesAt().value_or(until));
-        if (!transport_.waitReadable(static_cast<int>(wake - now)) && transport_.state() != Transport::State::Open)
-            break;
+        const bool isOver = now < wake && !transport_.waitReadable(static_cast<int>(wake - now)) &&
+                            transport_.state() != Transport::State::Open;
         look();
+        looked = true;
+        if (isOver)
+            break;
     }
     return book_.answer(voice);
 }

@@ -45,7 +45,8 @@ public:
     QByteArray heard() const;
 
 private:
-    void takeIn(const QByteArray& bytes);
+    void lookAt(qint64 now);
+    void takeIn(QByteArray bytes, qint64 now);
     void dropStalledPart(qint64 now);
     qint64 underWayUntil(Voice voice, int limitMs) const;
 
@@ -53,7 +54,7 @@ private:
     Transport& transport_;
     Framer framer_;
     AnswerBook book_;
-    qint64 lastEmptyLook_ = 0;
+    qint64 lastLook_ = 0; // what comes was not there by then
     qint64 lastBytesAt_ = 0;
     QByteArray heard_;         // the head of the last answer, or of the last part that was thrown away
     bool begunBefore_ = false; // the part that is in was begun before the last query went out

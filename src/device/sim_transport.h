@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "clock.h"
 #include "simulated_instrument.h"
 #include "transport.h"
 
@@ -15,10 +14,7 @@ class SimTransport final : public Transport {
 public:
     static QString resourceName() { return QStringLiteral("SIM::INSTR"); }
 
-    /// `clock` must outlive the transport.
-    SimTransport(Clock& clock, std::shared_ptr<SimulatedInstrument> instrument)
-        : clock_(clock), instrument_(std::move(instrument))
-    {}
+    explicit SimTransport(std::shared_ptr<SimulatedInstrument> instrument) : instrument_(std::move(instrument)) {}
 
     void begin() override { state_ = State::Open; }
     bool open(int) override;
@@ -28,10 +24,10 @@ public:
     bool write(const QByteArray& bytes) override;
     bool flush(int) override { return state_ == State::Open; }
     QByteArray read() override;
-    bool waitReadable(int limitMs) override;
+    bool waitReadable(int) override;
+    bool isIdle() const override { return unread_.isEmpty(); }
 
 private:
-    Clock& clock_;
     std::shared_ptr<SimulatedInstrument> instrument_;
     State state_ = State::Closed;
     QByteArray unread_;

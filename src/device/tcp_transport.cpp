@@ -11,7 +11,6 @@ namespace orb {
 namespace {
 
 constexpr qint64 mostUnsent = 1024 * 1024;
-constexpr qint64 readBuffer = 256 * 1024; // what the peer sends beyond it waits in the system
 constexpr qsizetype mostAddresses = 8;
 
 LinkError linkError(QAbstractSocket::SocketError error)
@@ -42,7 +41,6 @@ int remaining(const QDeadlineTimer& deadline)
 TcpTransport::TcpTransport(TcpAddress address) : address_(std::move(address))
 {
     socket_.setProxy(QNetworkProxy::NoProxy);
-    socket_.setReadBufferSize(readBuffer);
 }
 
 void TcpTransport::begin()
@@ -69,7 +67,7 @@ void TcpTransport::lookedUp()
 void TcpTransport::connectNext()
 {
     socket_.abort();
-    socket_.connectToHost(untried_.takeFirst(), address_.port);
+    socket_.connectToHost(untried_.takeFirst(), address_.port, QIODevice::ReadWrite | QIODevice::Unbuffered);
 }
 
 void TcpTransport::connected()
@@ -174,7 +172,7 @@ bool TcpTransport::write(const QByteArray& bytes)
         return false;
     }
     const bool taken = socket_.write(bytes) == bytes.size();
-    socket_.flush();
+    push();
     return taken;
 }
 
@@ -187,17 +185,24 @@ bool TcpTransport::flush(int limitMs)
     return state() == State::Open && socket_.bytesToWrite() == 0;
 }
 
+/// What the system did not take at once has to be offered again, since no event loop may be running.
+void TcpTransport::push()
+{
+    if (socket_.bytesToWrite() > 0)
+        socket_.flush();
+}
+
 QByteArray TcpTransport::read()
 {
-    if (state_ == State::Open && socket_.bytesAvailable() == 0)
-        socket_.waitForReadyRead(0);
-    return socket_.bytesAvailable() > 0 ? socket_.read(longestRead) : QByteArray();
+    if (state() != State::Open)
+        return {};
+    push();
+    const qint64 size = socket_.read(buffer_.data(), static_cast<qint64>(buffer_.size()));
+    return size > 0 ? QByteArray(buffer_.data(), size) : QByteArray();
 }
 
 bool TcpTransport::waitReadable(int limitMs)
 {
-    if (socket_.bytesAvailable() > 0)
-        return true;
     return state() == State::Open && socket_.waitForReadyRead(limitMs);
 }
 

@@ -36,9 +36,11 @@ private:
     void fail(LinkError error, const QString& text = {});
     void lookAtOpening();
     void lookAtLink();
+    void push();
 
     TcpAddress address_;
-    QTcpSocket socket_;
+    QTcpSocket socket_; // unbuffered: what is not read yet waits in the system
+    std::array<char, longestRead> buffer_{};
     std::optional<HostLookup> lookup_;
     QList<QHostAddress> untried_;
     State state_ = State::Closed;

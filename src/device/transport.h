@@ -35,7 +35,7 @@ public:
     /// Ends the link at once, or the opening; what was not read yet is lost. Nothing is an error after it.
     virtual void close() = 0;
 
-    /// Where the link stands, after a look at the line. Does not block.
+    /// Where the link stands: the opening after a look at it, an open link as of the last `read`. Does not block.
     virtual State state() = 0;
     /// Why the state is `Closed`; `None` before the opening and after `close`.
     virtual LinkError error() const = 0;
@@ -48,11 +48,14 @@ public:
     /// Blocks for `limitMs` at most until all that was written is on its way. False when it isn't by then.
     virtual bool flush(int limitMs) = 0;
     /// What has arrived, `longestRead` bytes at most, after a look at the line; empty when nothing has. Bytes that arrived before
-    /// the link went down can still be read.
+    /// the link went down come first.
     virtual QByteArray read() = 0;
-    /// Blocks until there is something to read, for `limitMs` at most. False when there is nothing by then, and at once
-    /// when nothing can come any more.
+    /// Blocks until there is something to read, be it the end of the link, for `limitMs` at most. False when there is
+    /// nothing by then, and at once when the link is down or idle.
     virtual bool waitReadable(int limitMs) = 0;
+    /// True where it is known that nothing is under way: what was written so far has no answer but those that were
+    /// read. A link with a length of its own never knows.
+    virtual bool isIdle() const { return false; }
 };
 
 } // namespace orb

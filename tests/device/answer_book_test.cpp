@@ -300,6 +300,16 @@ TEST_F(AnswerBookTest, HandsNothingOutToAQueryThatWasGivenUp)
     EXPECT_EQ(book.answer(Voice::Control), std::nullopt);
 }
 
+TEST_F(AnswerBookTest, OwesNothingWhenItIsKnownThatNothingIsComing)
+{
+    ask(current, 0);
+    book.nothingIsComing();
+    EXPECT_FALSE(book.awaits(Voice::Application));
+    ask(voltage, 100);
+    come("own", 101);
+    EXPECT_EQ(seen(101), "own");
+}
+
 TEST_F(AnswerBookTest, KnowsWhenTheLineIsQuiet)
 {
     EXPECT_TRUE(book.isQuiet(0));

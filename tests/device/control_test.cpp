@@ -90,6 +90,18 @@ TEST_F(ControlTest, ConnectsToTheSimulatedInstrumentAtTheFirstPress)
     EXPECT_TRUE(control->Reply().endsWith(QLatin1Char(',')));
 }
 
+TEST_F(ControlTest, LosesNothingBehindAQueryThatTheSimulatedInstrumentDoesNotKnow)
+{
+    connectSimulated();
+    for (int i = 0; i < 3; ++i) {
+        control->SendCommand(QStringLiteral(":NO:SUCH:THING?"));
+        EXPECT_EQ(control->Reply(), "");
+        control->SendCommand(QStringLiteral("*IDN?"));
+        EXPECT_EQ(control->Reply(), "ZN,ORB3000,SIM0001,1.0");
+    }
+    EXPECT_THAT(clock.sleeps, IsEmpty());
+}
+
 TEST_F(ControlTest, NeverConnectsByItself)
 {
     control->ShowControlPage();
