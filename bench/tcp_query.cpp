@@ -2,6 +2,7 @@
 //
 // A query over TCP on the loopback: through the instrument control, against a bare socket that sends the same line and
 // reads until the line feed. Both ask the same server, in turns.
+#include "bench.h"
 #include "device_control.h"
 #include "form.h"
 #include "real_clock.h"
@@ -29,13 +30,6 @@ constexpr int queriesInABatch = 20;
 const std::string query = ":FETC:ALLC?";
 
 using Seconds = std::chrono::duration<double>;
-
-/// A run has nothing to end here: a failure is told and that is all.
-class PlainEnding final : public orb::Ending {
-public:
-    void report(const orb::RuntimeFailure& failure) override { std::fprintf(stderr, "%s\n", failure.what()); }
-    void exit() override {}
-};
 
 /// The simulated instrument behind its server, in a thread of its own.
 class ServerThread {
@@ -145,7 +139,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     ServerThread server;
-    PlainEnding ending;
+    orb::bench::FatalEnding ending;
     orb::Run run(ending);
     orb::RealClock clock(run);
     orb::Form form(run);
@@ -173,7 +167,5 @@ int main(int argc, char** argv)
     }
     ::close(bare);
     const double ratio = undisturbed(controlTimes) / undisturbed(bareTimes);
-    std::printf("tcp query | %.2f | budget %.1f | %s\n", ratio, budget, ratio <= budget ? "ok" : "over");
-    std::fprintf(stderr, "a bare query takes %.1f us\n", 1e6 * undisturbed(bareTimes) / queriesInABatch);
-    return ratio <= budget ? 0 : 1;
+    return orb::bench::report("tcp query", ratio, budget);
 }
