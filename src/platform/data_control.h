@@ -67,7 +67,7 @@ public:
     /// Throws 3021 and 3265 outside of the picture.
     FieldValue valueAt(std::int64_t row, int column);
     /// Writes `text` to the table at once, Null where it is empty. A column of numbers takes it as a number. Throws
-    /// what `Database::execute` throws, 3021 where the row is no longer there.
+    /// what `Database::execute` throws, 3021 where the row is no longer there, or its value is another one by now.
     void setValueAt(std::int64_t row, int column, const QString& text);
     /// Makes `row` the current one on behalf of the operator, and tells it by `onReposition`.
     void reposition(std::int64_t row);

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -149,8 +150,11 @@ bool DBGrid::commitEdit()
 void DBGrid::leaveEditor(int key)
 {
     const bool isDone = commitEdit();
-    if (key == 0 && !isDone)
+    if (key == 0 && !isDone) {
+        const QPoint beneath = editor_->mapToGlobal(editor_->rect().bottomLeft());
         editor_->close();
+        QToolTip::showText(beneath, editor_->toolTip(), viewport());
+    }
     if (key == 0 || !isDone)
         return;
     setFocus();

@@ -74,14 +74,19 @@ void PreparedStatement::bind(int index, std::int64_t value)
     check(sqlite3_bind_int64(handle(), index, value));
 }
 
-void PreparedStatement::bind(int index, std::string_view text)
+void PreparedStatement::bind(int index, const FieldValue& value)
 {
-    check(sqlite3_bind_text64(handle(), index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
-}
-
-void PreparedStatement::bindNull(int index)
-{
-    check(sqlite3_bind_null(handle(), index));
+    switch (value.type) {
+    case FieldType::Null:
+        return check(sqlite3_bind_null(handle(), index));
+    case FieldType::Integer:
+        return check(sqlite3_bind_int64(handle(), index, value.integer));
+    case FieldType::Real:
+        return check(sqlite3_bind_double(handle(), index, value.real));
+    case FieldType::Text:
+        return check(
+            sqlite3_bind_text64(handle(), index, value.text.data(), value.text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+    }
 }
 
 bool PreparedStatement::isReadOnly() const

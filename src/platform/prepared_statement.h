@@ -28,8 +28,7 @@ public:
 
     /// Gives the `index`th parameter, counted from 1, its value. Texts are copied.
     void bind(int index, std::int64_t value);
-    void bind(int index, std::string_view text);
-    void bindNull(int index);
+    void bind(int index, const FieldValue& value);
 
     bool isReadOnly() const;
     /// Throws 3075 where the text has parameters: a "?" that an instrument answered is no value.

@@ -140,19 +140,23 @@ std::int64_t TablePicture::find(const QString& criterion)
 
 void TablePicture::change(std::int64_t row, int column, const QString& text)
 {
-    Connection& connection = *view_->connection;
-    if (page(row).rowCount() <= rowInPage(row))
-        throw RuntimeFailure(failure::NoCurrentRecord);
-    const std::int64_t id = page(row).idOf(rowInPage(row));
-    const std::string name = quotedName(columns()[static_cast<std::size_t>(column)].toStdString());
-    PreparedStatement update(connection, "UPDATE " + view_->quoted + " SET " + name + " = ? WHERE rowid = ?");
+    const RowPage& rows = page(row);
+    const int inPage = rowInPage(row);
     const std::string bytes = text.toStdString();
-    text.isEmpty() ? update.bindNull(1) : update.bind(1, bytes);
-    update.bind(2, id);
-    const std::int64_t changed = connection.run(update, {{}, RowEffect::Keeps, view_->table.toLower().toStdString()});
+    const FieldValue value{bytes.empty() ? FieldType::Null : FieldType::Text, 0, 0, bytes};
+    const std::string name = quotedName(columns()[static_cast<std::size_t>(column)].toStdString());
+    PreparedStatement update(*view_->connection, "UPDATE " + view_->quoted + " SET " + name +
+                                                     " = ?1 WHERE rowid = ?2 AND " + name + " IS ?3");
+    std::int64_t changed = 0;
+    if (inPage < rows.rowCount()) {
+        update.bind(1, value);
+        update.bind(2, rows.idOf(inPage));
+        update.bind(3, rows.value(inPage, column));
+        changed = view_->connection->run(update, {{}, RowEffect::Keeps, view_->table.toLower().toStdString()});
+    }
     cache_.clear();
     if (changed == 0)
-        throw RuntimeFailure(failure::NoCurrentRecord);
+        throw RuntimeFailure(failure::NoCurrentRecord, QStringLiteral("The row was changed or deleted meanwhile"));
 }
 
 } // namespace orb

@@ -34,7 +34,8 @@ public:
     static int rowInPage(std::int64_t row) { return static_cast<int>(row % RowIndex::blockRows); }
     /// The first row of the picture that meets a condition of the dialect, -1 where none does.
     std::int64_t find(const QString& criterion);
-    /// Writes to the table, Null for an empty text. Throws 3021 where the row is no longer there.
+    /// Writes to the table, Null for an empty text. Throws 3021 where the row is no longer there, or its value is
+    /// another one by now.
     void change(std::int64_t row, int column, const QString& text);
 
     /// Rows that were read, scanned or counted in the file since the start.
