@@ -4,6 +4,7 @@
 #include "curve_paint.h"
 #include "plotting.h"
 
+#include <memory>
 #include <vector>
 
 namespace orb {

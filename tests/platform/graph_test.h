@@ -4,6 +4,7 @@
 #include "form_test.h"
 #include "graph.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
