@@ -51,8 +51,8 @@ public:
         double start;
         double increment;
         /// The values from `index` on that stand side by side in memory: one at least.
-    std::span<const double> valuesFrom(std::size_t index) const;
-    double x(std::size_t index) const { return start + static_cast<double>(index - first) * increment; }
+        std::span<const double> valuesFrom(std::size_t index) const;
+        double x(std::size_t index) const { return start + static_cast<double>(index - first) * increment; }
     };
 
     void clear();

@@ -23,10 +23,13 @@ void checkIncrement(double increment)
 
 GraphPlot::GraphPlot(CurveLayer& curves, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
                      std::function<void()> dataChanged)
-    : curves_(curves), y_(y), repaints_(repaints), dataChanged_(std::move(dataChanged)), name_(plan.name),
+    : curves_(curves),
+      y_(y),
+      repaints_(repaints),
+      dataChanged_(std::move(dataChanged)),
+      name_(plan.name),
       drawn_(curves.add(curve_, y.drawn(), plan.colour, plan.dashed))
-{
-}
+{}
 
 bool GraphPlot::visible() const
 {
