@@ -37,11 +37,11 @@ ClientConnection::~ClientConnection()
 
 void ClientConnection::read()
 {
-    while (open_ && !closing_ && socket_->bytesAvailable() > 0) {
+    while (isListening() && socket_->bytesAvailable() > 0) {
         const QByteArray bytes = socket_->read(readChunk);
         for (const MessageFramer::Message& message :
              framer_.take({bytes.data(), static_cast<std::size_t>(bytes.size())})) {
-            if (!open_ || closing_)
+            if (!isListening())
                 return;
             take(message);
         }
@@ -122,7 +122,6 @@ void ClientConnection::write(const std::string& bytes)
 
 void ClientConnection::close()
 {
-    closing_ = true;
     timer_.stop();
     queue_.clear();
     socket_->disconnectFromHost();

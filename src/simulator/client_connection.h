@@ -47,6 +47,8 @@ public:
     void read();
 
 private:
+    /// Not any more while the last bytes of a connection that is being closed are still on their way.
+    bool isListening() const { return open_ && socket_->state() == QAbstractSocket::ConnectedState; }
     void take(const MessageFramer::Message& message);
     void releaseHeld();
     void pump();

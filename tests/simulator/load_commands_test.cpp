@@ -144,6 +144,15 @@ TEST_F(LoadCommandsTest, AResetTurnsAllBackAndSwitchesAllOff)
               "0,0,0;CCH;0.0000;1;HIGH;80.0000;1;1");
 }
 
+TEST_F(LoadCommandsTest, OnlyAResetAClearAndSwitchingOnForgetWhatTripped)
+{
+    instrument->connectSource(1, quietSource(90, 1));
+    tell(":LOAD ON;:LOAD OFF;*SAV 1;*RCL 1;:MODE CV;:ABOR");
+    EXPECT_EQ(ask(":LOAD:PROT?"), "OV");
+    tell("*RST");
+    EXPECT_EQ(ask(":LOAD:PROT?"), "NONE");
+}
+
 TEST_F(LoadCommandsTest, MemoriesKeepTheSettingsOfAllChannelsButNoInputThatIsOn)
 {
     tell(":CURR1 1.5;:MODE2 CRL;:RES2 33;:LOAD:ALL ON;*SAV 120");
