@@ -51,7 +51,7 @@ int compareWithServed(const QString& csvPath, const QString& servedPath, int fir
         throw TourFailure(QStringLiteral("%1 rows, but %2 answers were served").arg(csv.size() - 1).arg(served.size()));
     for (qsizetype row = 0; row + 1 < csv.size(); ++row) {
         const QString expected = measured(served[2 * row], served[2 * row + 1]) + QLatin1Char('\r');
-        const QString line = csv[row + 1];
+        const QString& line = csv[row + 1];
         if (line.section(QLatin1Char(','), 0, 0) != QString::number(row) ||
             line.section(QLatin1Char(','), 2) != expected)
             throw TourFailure(QStringLiteral("row %1 is \"%2\", served was \"%3\"").arg(row).arg(line, expected));

@@ -5,6 +5,11 @@
 
 #include <QCoreApplication>
 
+#ifdef Q_OS_LINUX
+#include <csignal>
+#include <sys/prctl.h>
+#endif
+
 namespace orb {
 
 namespace {
@@ -13,6 +18,10 @@ constexpr int limitMs = 20'000;
 
 SimulatorProcess::SimulatorProcess(const QString& servedPath)
 {
+#ifdef Q_OS_LINUX
+    // A tour that breaks off ends without its destructors: the instrument ends with it all the same.
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+#endif
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/orb-simulator"),
                    {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--served"), servedPath});
