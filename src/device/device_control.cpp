@@ -81,6 +81,9 @@ void DeviceControl::layOut()
 {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(6);
+    QFont font = lblLink.font();
+    font.setBold(true);
+    lblLink.setFont(font);
     lblLink.setMinimumHeight(44);
     cmdAllOff.setFixedSize(120, 44);
     cmdAllOff.setStyleSheet(QString::fromLatin1(allOffStyle));
@@ -230,6 +233,9 @@ void DeviceControl::ShowConnectPage()
 
 void DeviceControl::showPage(QWidget& page)
 {
+    // A control that is hidden would hand the focus on to ALL OFF, and a stray key would press it.
+    if (isAncestorOf(window()->focusWidget()))
+        setFocus();
     controlPage.setVisible(&page == &controlPage);
     connectPage.setVisible(&page == &connectPage);
 }

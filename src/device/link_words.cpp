@@ -111,8 +111,8 @@ StatusLine shortStatus(const InstrumentLink& connection)
     if (connection.isConnecting())
         return {QStringLiteral("Connecting..."), Tone::Busy};
     if (connection.stage() == InstrumentLink::Stage::Down) {
-        const QString text = shortDown(connection.end());
-        return {text, text.contains(QLatin1Char(':')) ? Tone::Bad : Tone::Neutral};
+        const bool isLost = connection.end() == InstrumentLink::End::Lost;
+        return {shortDown(connection.end()), isLost ? Tone::Bad : Tone::Neutral};
     }
     const Identity& identity = connection.identity();
     const QString name = shownText((identity.maker + QLatin1Char(' ') + identity.model).toUtf8(), longestName);

@@ -183,6 +183,19 @@ TEST_F(ConnectPageTest, DoesNotEndWithASecondEnterWhatTheFirstBegan)
     EXPECT_TRUE(control->IsConnected());
 }
 
+TEST_F(ConnectPageTest, LeavesNoButtonInTheWayOfAStrayKeyWhenThePageChanges)
+{
+    press(page().cmdConnect);
+    page().cmdDisconnect.setFocus();
+    control->ShowControlPage();
+    EXPECT_EQ(form.focusWidget(), &*control);
+    control->ShowConnectPage();
+    EXPECT_EQ(form.focusWidget(), &*control);
+    press(page().cmdDisconnect);
+    control->ShowConnectPage();
+    EXPECT_EQ(form.focusWidget(), &page().cmdConnect); // Enter connects
+}
+
 TEST_F(ConnectPageTest, IsWorkedThroughWithTheTabKeyFromTopToBottom)
 {
     pick(page().cmbKind, QStringLiteral("Scripted"));
