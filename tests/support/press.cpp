@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "press.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 
 #include <gtest/gtest.h>
