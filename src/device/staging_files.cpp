@@ -4,6 +4,7 @@
 #include "orb_ctrl.h"
 #include "paths.h"
 
+#include <QFile>
 #include <QSaveFile>
 #include <QtEndian>
 
