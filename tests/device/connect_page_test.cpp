@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device_test.h"
 
+#include <QApplication>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 

@@ -18,7 +18,7 @@ int boundSocket(quint16& port)
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
     socklen_t size = sizeof address;
     ::getsockname(descriptor, reinterpret_cast<sockaddr*>(&address), &size);
     port = ntohs(address.sin_port);

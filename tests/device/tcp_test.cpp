@@ -8,6 +8,7 @@
 #include "session.h"
 #include "tcp_transport.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
