@@ -4,6 +4,7 @@
 #include "cell_editor.h"
 #include "values.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>

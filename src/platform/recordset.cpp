@@ -54,8 +54,8 @@ struct Digits {
     }
 };
 
-/// A number of at most 15 digits without an exponent, as an instrument answers it; NaN for any other text. Both the
-/// digits and the power of ten are exact as doubles, so that their quotient is the nearest double to the text.
+/// A number of at most 16 characters without an exponent, as an instrument answers it; NaN for any other text. Where it
+/// has a point, both its digits and the power of ten are exact as doubles, so that their quotient is the nearest one.
 double plainNumber(std::string_view text)
 {
     static constexpr std::array<double, 16> powers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -71,7 +71,7 @@ double plainNumber(std::string_view text)
         text.remove_prefix(1);
         digits.take(text);
     }
-    if (!text.empty() || digits.count == 0 || digits.count > 15)
+    if (!text.empty() || digits.count == 0)
         return std::nan("");
     const double number = static_cast<double>(digits.value) / powers[static_cast<std::size_t>(digits.count - whole)];
     return isNegative ? -number : number;

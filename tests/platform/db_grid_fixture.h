@@ -6,6 +6,7 @@
 #include "form.h"
 #include "recorded_ending.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
