@@ -254,8 +254,11 @@ QRect DBGrid::cellRect(std::int64_t row, int column) const
     return {header_->sectionViewportPosition(column), y, header_->sectionSize(column), rowHeight()};
 }
 
+/// Asks for sizes of texts, so a grid that no one sees yet is spared it.
 void DBGrid::layOut()
 {
+    if (!isVisible())
+        return;
     if (viewportMargins().top() != headerHeight())
         setViewportMargins(0, headerHeight(), 0, 0);
     const QRect view = viewport()->geometry();
@@ -294,6 +297,12 @@ void DBGrid::bringColumnIntoView()
         horizontalScrollBar()->setValue(left);
     else if (right > offset + viewport()->width())
         horizontalScrollBar()->setValue(std::min(left, right - viewport()->width()));
+}
+
+void DBGrid::showEvent(QShowEvent* event)
+{
+    Control<QAbstractScrollArea>::showEvent(event);
+    layOut();
 }
 
 void DBGrid::resizeEvent(QResizeEvent*)

@@ -8,6 +8,9 @@
 #include "graph_mouse.h"
 #include "repaint_queue.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <algorithm>
 #include <cmath>
 
@@ -42,7 +45,7 @@ template <typename Part> Part& numbered(const std::vector<std::unique_ptr<Part>>
 } // namespace
 
 struct Graph::Parts {
-    explicit Parts(const GraphPlan& plan);
+    Parts(const GraphPlan& plan, QWidget& graph);
 
     void addAxes(const GraphPlan& plan);
     void addPlots(const GraphPlan& plan);
@@ -65,10 +68,11 @@ struct Graph::Parts {
     int repaintCount = 0;
 };
 
-Graph::Parts::Parts(const GraphPlan& plan)
+Graph::Parts::Parts(const GraphPlan& plan, QWidget& graph) : drawing(&graph)
 {
     if (plan.axes.size() < 2 || plan.axes.front().side != AxisSide::Bottom)
         throw RuntimeFailure(failure::InvalidPropertyValue);
+    QCoreApplication::removePostedEvents(&drawing, QEvent::MetaCall); // a repaint of its own, before it is shown
     drawing.setAttribute(Qt::WA_TransparentForMouseEvents);
     drawing.setFocusPolicy(Qt::NoFocus);
     area.setBackground(QBrush(startPlotAreaColour));
@@ -173,9 +177,9 @@ void Graph::Parts::repaint(bool everything)
     ++repaintCount;
 }
 
-Graph::Graph(const GraphPlan& plan, QWidget* parent) : Control<QWidget>(parent), parts_(std::make_unique<Parts>(plan))
+Graph::Graph(const GraphPlan& plan, QWidget* parent)
+    : Control<QWidget>(parent), parts_(std::make_unique<Parts>(plan, *this))
 {
-    parts_->drawing.setParent(this);
     parts_->drawing.setGeometry(rect());
 }
 

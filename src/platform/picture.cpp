@@ -5,30 +5,73 @@
 #include "paths.h"
 
 #include <QFileInfo>
+#include <QIconEngine>
 #include <QImageReader>
 
 namespace orb {
 
+namespace {
+
+QString fileOf(const QString& literal)
+{
+    const QString path = realPath(literal);
+    if (!QFileInfo(path).isFile())
+        throw RuntimeFailure(failure::FileNotFound);
+    return path;
+}
+
+QImage readPicture(const QString& path)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    return reader.read();
+}
+
+class PictureIcon final : public QIconEngine {
+public:
+    explicit PictureIcon(const QString& path) : path_(path) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().pixmap(size, 1, mode, state);
+    }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+    QIconEngine* clone() const override { return new PictureIcon(*this); }
+
+private:
+    const QIcon& icon()
+    {
+        if (icon_.isNull())
+            icon_ = QIcon(QPixmap::fromImage(readPicture(path_)));
+        return icon_;
+    }
+
+    QString path_;
+    QIcon icon_;
+};
+
+} // namespace
+
 QPixmap loadPicture(const QString& literal)
 {
-    QImageReader reader(pictureFile(literal));
-    reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
+    const QImage image = readPicture(fileOf(literal));
     if (image.isNull())
         throw RuntimeFailure(failure::InvalidPicture);
     return QPixmap::fromImage(image);
 }
 
-QString pictureFile(const QString& literal)
+QIcon pictureIcon(const QString& literal)
 {
-    const QString path = realPath(literal);
-    if (!QFileInfo(path).isFile())
-        throw RuntimeFailure(failure::FileNotFound);
+    const QString path = fileOf(literal);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
-    if (!reader.size().isValid())
+    if (!reader.canRead())
         throw RuntimeFailure(failure::InvalidPicture);
-    return path;
+    return QIcon(new PictureIcon(path)); // the icon owns its engine
 }
 
 void savePicture(const QPixmap& picture, const QString& literal)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QIcon>
 #include <QPixmap>
 
 namespace orb {
@@ -9,9 +10,9 @@ namespace orb {
 /// file, 481 where it holds no picture.
 QPixmap loadPicture(const QString& literal);
 
-/// The file that `literal` means, once it is known to begin as a picture does. Throws as `loadPicture` does, but does
-/// not read the whole of it.
-QString pictureFile(const QString& literal);
+/// The picture as an icon, which reads its file when it is first painted: pages that no one opens cost nothing. Throws
+/// as `loadPicture` does where the file does not begin as a picture; one that is damaged further on paints nothing.
+QIcon pictureIcon(const QString& literal);
 
 /// Writes `picture` as a Windows bitmap, whatever the name's ending is. Throws `RuntimeFailure` 75 where that fails.
 void savePicture(const QPixmap& picture, const QString& literal);

@@ -19,7 +19,7 @@ void PictureButton::setPicture(const QString& path)
 {
     if (path == picture_)
         return;
-    setIcon(path.isEmpty() ? QIcon() : QIcon(pictureFile(path))); // read whole when it is first painted
+    setIcon(path.isEmpty() ? QIcon() : pictureIcon(path));
     picture_ = path;
     setToolButtonStyle(path.isEmpty()        ? Qt::ToolButtonTextOnly
                        : caption().isEmpty() ? Qt::ToolButtonIconOnly

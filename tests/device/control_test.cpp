@@ -217,6 +217,18 @@ TEST_F(ControlTest, SendsNothingOfItsOwnWhileInactive)
     EXPECT_THAT(line.sent, IsEmpty());
 }
 
+TEST_F(ControlTest, TakesASecondPanelActiveFalseWithoutEffect)
+{
+    connectInstrument();
+    control->PanelActive(false);
+    control->PanelActive(false);
+    clock.advance(60'000);
+    EXPECT_THAT(line.sent, IsEmpty());
+    control->ShowControlPage();
+    clock.advance(1'000);
+    EXPECT_THAT(line.sent, Not(IsEmpty())) << "one ShowControlPage outweighs them all";
+}
+
 TEST_F(ControlTest, SendsNothingOfItsOwnOffTheScreen)
 {
     connectInstrument();
