@@ -7,9 +7,9 @@ namespace orb {
 
 DataFileDialogue::DataFileDialogue(QWidget* parent) : Frame({}, parent)
 {
-    setAutoFillBackground(true);
     setObjectName(QStringLiteral("FrameDataFileOperate"));
-    setStyleSheet(QStringLiteral("#FrameDataFileOperate { border: 2px solid #5a6472; border-radius: 4px; }"));
+    setStyleSheet(QStringLiteral("#FrameDataFileOperate { background: palette(window); border: 2px solid #5a6472; "
+                                 "border-radius: 4px; }"));
     resizeTwips(6000, 4500);
     lstLogMain.setBackColor(QColor(255, 192, 192));
     listLogDel.setBackColor(QColor(192, 255, 255));
