@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "input_file.h"
+
+#include "failure.h"
+#include "paths.h"
+
+#include <QFileInfo>
+#include <QStringDecoder>
+
+namespace orb {
+
+namespace {
+
+void demand(bool fine, int number)
+{
+    if (!fine)
+        throw RuntimeFailure(number);
+}
+
+QString decoded(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+} // namespace
+
+InputFile::InputFile(const QString& literal)
+{
+    demand(!literal.isEmpty(), failure::BadFileName);
+    QFile file(realPath(literal));
+    const QFileInfo info(file);
+    demand(info.exists(), failure::FileNotFound);
+    demand(info.isFile(), failure::PathFileAccessError);
+    demand(file.open(QIODevice::ReadOnly), failure::PermissionDenied);
+    content_ = file.readAll();
+    demand(file.error() == QFileDevice::NoError, failure::DeviceIOError);
+    if (content_.startsWith("\xEF\xBB\xBF"))
+        at_ = 3; // a byte order mark is no part of the first line
+}
+
+QString InputFile::readLine()
+{
+    demand(!isAtEnd(), failure::InputPastEndOfFile);
+    qsizetype end = at_;
+    while (end < content_.size() && content_[end] != '\n' && content_[end] != '\r')
+        ++end;
+    const QByteArray line = content_.mid(at_, end - at_);
+    const bool isPair = end + 1 < content_.size() && content_[end] == '\r' && content_[end + 1] == '\n';
+    at_ = end + (isPair ? 2 : 1);
+    return decoded(line);
+}
+
+} // namespace orb

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFile>
+
+namespace orb {
+
+/// A text file open for reading, line by line. A line ends in a carriage return and a line feed or in either alone; the
+/// last one may have no end. The text is UTF-8; bytes that are none are taken as Latin-1, so that nothing is lost.
+class InputFile {
+public:
+    /// Throws `RuntimeFailure` 53 where there is no such file, 75 where a folder stands in its place, 70 where it can't
+    /// be read, 52 for an empty name.
+    explicit InputFile(const QString& literal);
+
+    bool isAtEnd() const { return at_ >= content_.size(); }
+    /// Throws `RuntimeFailure` 62 at the end of the file.
+    QString readLine();
+
+private:
+    QByteArray content_;
+    qsizetype at_ = 0;
+};
+
+} // namespace orb
