@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Works the real program from the first click to the exported file, beside a simulated instrument in another process,
 // and leaves a picture of each page.
+#include "console_tour.h"
 #include "data_log_tour.h"
 #include "device_control.h"
 #include "form_orb.h"
@@ -50,6 +51,7 @@ int work(const QDir& out)
     Tour tour(out);
     connectSteps(tour, form, CORB, simulator);
     dataLogSteps(tour, form);
+    consoleSteps(tour, form);
     return tour.run();
 }
 

@@ -8,7 +8,9 @@
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -57,9 +59,26 @@ void pick(const QWidget& where, const QString& item)
     throw TourFailure(QStringLiteral("no list offers \"%1\"").arg(item));
 }
 
+void choose(QListWidget& list, const QString& line)
+{
+    const auto items = list.findItems(line, Qt::MatchExactly);
+    if (items.isEmpty() || !list.isVisible() || !list.isEnabled())
+        throw TourFailure(QStringLiteral("no list shows \"%1\"").arg(line));
+    list.scrollToItem(items.constFirst());
+    const QPointF at = list.visualItemRect(items.constFirst()).center();
+    const QPointF onScreen = list.viewport()->mapToGlobal(at);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, onScreen, Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list.viewport(), &event);
+    }
+}
+
 void type(QWidget& box, const QString& text)
 {
-    auto* edit = box.findChild<QLineEdit*>();
+    auto* edit = qobject_cast<QLineEdit*>(&box);
+    if (!edit)
+        edit = box.findChild<QLineEdit*>();
     if (!edit || !box.isVisible() || !box.isEnabled())
         throw TourFailure(QStringLiteral("there is no place to type \"%1\"").arg(text));
     edit->selectAll();

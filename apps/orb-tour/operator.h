@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 class QAbstractButton;
+class QListWidget;
 
 namespace orb {
 
@@ -30,7 +31,10 @@ void press(const QWidget& where, const QString& caption);
 /// Picks an item of the drop-down list that offers it.
 void pick(const QWidget& where, const QString& item);
 
-/// Types a text into the editable box of `where` in the place of what stood there.
+/// Clicks the first line of the list that reads so.
+void choose(QListWidget& list, const QString& line);
+
+/// Types a text into the editable box in the place of what stood there.
 void type(QWidget& box, const QString& text);
 
 /// The message box that is up: its text. Empty while none is.

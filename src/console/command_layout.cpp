@@ -56,7 +56,8 @@ QWidget* CommandPage::toolBar()
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         row->addWidget(button);
     }
-    cmdStart.setToolTip(QStringLiteral("Send the list: the selected line, or with \"Repeat\" all lines round and round"));
+    cmdStart.setToolTip(
+        QStringLiteral("Send the list: the selected line, or with \"Repeat\" all lines round and round"));
     cmdRefresh.setToolTip(QStringLiteral("Empty the log and show the list"));
     return bar;
 }

@@ -8,10 +8,15 @@
 namespace orb {
 
 CommandPage::CommandPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, OptionButton& optDispDev)
-    : Frame(QStringLiteral("Command")), colCommands(std::make_unique<CommandCollection>()),
+    : Frame(QStringLiteral("Command")),
+      colCommands(std::make_unique<CommandCollection>()),
       lblCommand{Label(QStringLiteral("Command:")), Label(QStringLiteral("Description:")),
                  Label(QStringLiteral("Format:"))},
-      clock_(clock), dialogs_(dialogs), paths_(paths), CORB_(CORB), optDispDev_(optDispDev)
+      clock_(clock),
+      dialogs_(dialogs),
+      paths_(paths),
+      CORB_(CORB),
+      optDispDev_(optDispDev)
 {
     arrange();
     wire();
@@ -44,8 +49,7 @@ void CommandPage::InitListCommand()
     try {
         readCatalogue();
     } catch (const RuntimeFailure& failure) {
-        dialogs_.message(
-            QStringLiteral("Error Number:%1:%2").arg(failure.number()).arg(failure.description()));
+        dialogs_.message(QStringLiteral("Error Number:%1:%2").arg(failure.number()).arg(failure.description()));
     }
 }
 

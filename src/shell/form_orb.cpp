@@ -16,7 +16,7 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
     : Form(clock.run()),
       wsMain([&clock] { return clock.now(); }),
       fraDisplay(clock, dialogs, paths, CORB),
-      fraCommand(paths, CORB),
+      fraCommand(clock, dialogs, paths, CORB, fraDisplay.optDispDev),
       frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
       supervisor(clock, paths, CORB, *this, pageControl, pageDisplay, pageCommand),
       clock_(clock),
@@ -93,6 +93,7 @@ void FormORB::FormLoad()
     dbMain = wsMain.openDatabase(paths_.inApplication(QStringLiteral("\\orb.mdb")));
     sPendingSeqFile.clear();
     bFullScrMode = false;
+    fraCommand.InitListCommand();
     frmDatalog.InitDataLog();
     pageControlClick();
 }

@@ -66,7 +66,6 @@ private:
     qint64 queued_ = 0; // bytes in the queue
     QTimer timer_;
     bool open_ = true;
-    bool closing_ = false;               // nothing is read any more
     std::unique_ptr<QTcpSocket> socket_; // last: it goes first, while all that its signals touch is still there
 };
 

@@ -108,8 +108,8 @@ TEST_F(CatalogueTest, LinesMayHoldNulsOrAMegabyteOrAnotherEncoding)
     catalogue(nul + "\n" + megabyte + "\n" + latin1 + "\n" + "Z\n");
 
     EXPECT_THAT(dialogs.shown, IsEmpty());
-    EXPECT_THAT(page.lstCommand.items(), ElementsAre(QString::fromLatin1(nul), QString::fromLatin1(megabyte),
-                                                     QString::fromLatin1(latin1), "Z"));
+    EXPECT_THAT(page.lstCommand.items(),
+                ElementsAre(QString::fromLatin1(nul), QString::fromLatin1(megabyte), QString::fromLatin1(latin1), "Z"));
 }
 
 TEST_F(CatalogueTest, ARowKeepsAFieldThatIsGivenAnEmptyText)

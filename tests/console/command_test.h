@@ -13,7 +13,9 @@ protected:
     {
         page.setParent(&form);
         instrument.connected = true;
-        instrument.onCommand = [](const QString& line) { return line.contains('?') ? QStringLiteral("ok") : QString(); };
+        instrument.onCommand = [](const QString& line) {
+            return line.contains('?') ? QStringLiteral("ok") : QString();
+        };
         optDispDev.setValue(true);
     }
 

@@ -130,10 +130,9 @@ TEST_F(RunnerTest, AnEmptyListAndNoSelectionAreTold)
 {
     press(page.cmdStart);
     go();
-    EXPECT_THAT(dialogs.shown,
-                ElementsAre(Shown{"Please choose an item of Left side and put it into Right side! ", information,
-                                  Buttons::Ok},
-                            Shown{"Please choose an item of right side ", information, Buttons::Ok}));
+    EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"Please choose an item of Left side and put it into Right side! ",
+                                                 information, Buttons::Ok},
+                                           Shown{"Please choose an item of right side ", information, Buttons::Ok}));
 }
 
 TEST_F(RunnerTest, CheckingTheBoxStartsNothing)
@@ -176,7 +175,7 @@ TEST_F(RunnerTest, ASecondClickNestsALoopAndBothEndWithTheBox)
 
     press(page.cmdStart);
 
-    EXPECT_THAT(instrument.sent, ElementsAre("1", "1", "2"));
+    EXPECT_THAT(instrument.sent, ElementsAre("1", "1", "2", "1"));
     EXPECT_FALSE(page.cmdStop.enabled());
 }
 
@@ -185,7 +184,8 @@ TEST_F(RunnerTest, LinesAddedInARunAreNotReachedAndARemovedOneFails)
     lines({"1", "2"});
     press(page.chkRepeat);
     clock.at(1, [&] { page.lstCmdPool.addItem("3"); });
-    clock.at(3 * 201, [&] { page.lstCmdPool.removeItem(2), page.lstCmdPool.removeItem(1), page.lstCmdPool.removeItem(0); });
+    clock.at(3 * 201,
+             [&] { page.lstCmdPool.removeItem(2), page.lstCmdPool.removeItem(1), page.lstCmdPool.removeItem(0); });
 
     press(page.cmdStart);
 

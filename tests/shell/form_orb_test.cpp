@@ -74,6 +74,17 @@ protected:
     QString rows() const { return table("select count(*) from DataMeasure").trimmed(); }
 };
 
+/// The instrument connected and two lines in the command list.
+class CommandRunTest : public FormORBTest {
+protected:
+    CommandRunTest()
+    {
+        load();
+        instrument.connected = true;
+        form.fraCommand.lstCmdPool.addItems({"1", "2"});
+    }
+};
+
 TEST_F(FormORBTest, AfterTheStartTheControlPageIsShownAndAllThreeStopButtonsAreDisabled)
 {
     instrument.resizeTwips(8115, 6675);
@@ -284,6 +295,79 @@ TEST_F(FormORBTest, ThePromptComesOnEveryPressOfConnectWhileTheLinkStands)
 
     const Shown prompt{"Do you want to reconnect ORB device?", noIcon, Buttons::YesNo};
     EXPECT_THAT(dialogs.shown, ElementsAre(prompt, prompt));
+}
+
+TEST_F(FormORBTest, TheStartReadsTheCatalogueOfCommands)
+{
+    load();
+    EXPECT_GT(form.fraCommand.lstCommand.listCount(), 100);
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FormORBTest, WithoutTheCatalogueTheStartTellsSoAndGoesOn)
+{
+    QFile::remove(application.filePath("orbCommands.dat"));
+    load();
+    EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"Error Number:53:File not found", noIcon, Buttons::Ok}));
+    EXPECT_EQ(shownGroups(), "CORB");
+}
+
+TEST_F(CommandRunTest, LeavingThePageEndsARunThatTheOperatorBegan)
+{
+    for (PictureButton* page : {&form.pageControl, &form.PageProgram, &form.pageSequence, &form.pageWave}) {
+        instrument.sent.clear();
+        clock.at(clock.elapsed() + 300, [&] { press(*page); });
+        press(form.pageCommand);
+        press(form.fraCommand.chkRepeat);
+
+        press(form.fraCommand.cmdStart);
+
+        EXPECT_THAT(instrument.sent, ElementsAre("1", "2", "1")) << page->caption().toStdString();
+        EXPECT_FALSE(form.fraCommand.cmdStop.enabled());
+    }
+}
+
+TEST_F(CommandRunTest, LeavingThePageKeepsARunOfTheHiddenTwinWhichGoesOnBehindAnotherPage)
+{
+    clock.at(300, [&] { press(form.pageWave); });
+    clock.at(900, [&] {
+        EXPECT_EQ(shownGroups(), "frmDatalog");
+        form.fraCommand.chkRepeat.setValue(CheckBox::Unchecked);
+    });
+    press(form.pageCommand);
+    press(form.fraCommand.chkRepeat);
+
+    run.enter([this] { form.fraCommand.cmdGoClick(); });
+
+    EXPECT_THAT(instrument.sent, ElementsAre("1", "2", "1", "2", "1", "2"));
+}
+
+TEST_F(CommandRunTest, TheConnectPageKeepsARunGoing)
+{
+    clock.at(300, [&] { press(form.pageConnect); });
+    clock.at(900, [&] {
+        EXPECT_TRUE(form.fraCommand.cmdStop.enabled());
+        press(form.pageControl);
+    });
+    press(form.pageCommand);
+    press(form.fraCommand.chkRepeat);
+
+    press(form.fraCommand.cmdStart);
+
+    EXPECT_GT(instrument.sent.size(), 4);
+}
+
+TEST_F(CommandRunTest, ClosingTheFormDuringARunEndsTheProcessAtThatYield)
+{
+    clock.at(300, [&] { form.close(); });
+    press(form.pageCommand);
+    press(form.fraCommand.chkRepeat);
+
+    press(form.fraCommand.cmdStart);
+
+    EXPECT_EQ(ending.exits, 1);
+    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(instrument.sent, ElementsAre("1", "2", "1"));
 }
 
 TEST_F(RecordingTest, TheDataLogAndTheConnectPageKeepALogRunningAndTheCommandPageStopsIt)

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console_tour.h"
+
+#include "form_orb.h"
+#include "operator.h"
+#include "served_log.h"
+#include "tour.h"
+
+namespace orb {
+
+namespace {
+
+const QStringList wantedList{QStringLiteral(":CHAN 2"), QStringLiteral(":CHAN?"), QStringLiteral(":CURR 1.5"),
+                             QStringLiteral(":CURR?"), QStringLiteral("*IDN?")};
+const QStringList wantedLog{QStringLiteral(":CHAN 2"), QStringLiteral(":CHAN? => 2"), QStringLiteral(":CURR 1.5"),
+                            QStringLiteral(":CURR? => 1.5000"), QStringLiteral("*IDN? => ZN,ORB3000,SIM0001,1.0")};
+
+QStringList linesOfList(const ListBox& list)
+{
+    QStringList lines;
+    for (int i = 0; i < list.listCount(); ++i)
+        lines << list.list(i);
+    return lines;
+}
+
+QStringList entriesOf(const CommandPage& page)
+{
+    return page.txtExecLog.text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+}
+
+void demandEqual(const QStringList& seen, const QStringList& wanted, const QString& what)
+{
+    if (seen != wanted)
+        throw TourFailure(what + QStringLiteral(" holds: ") + seen.join(QStringLiteral(" | ")));
+}
+
+/// Puts an entry of the catalogue into the list, with a value or without one.
+void insertStep(Tour& tour, CommandPage& page, const QString& entry, const QString& value = {})
+{
+    tour.then(QStringLiteral("inserts %1 %2").arg(entry, value).trimmed(), [&page, entry, value] {
+        hand::choose(page.lstCommand, entry);
+        if (!value.isEmpty()) {
+            hand::press(page, QStringLiteral("Send Value:"));
+            hand::type(page.txtValue, value);
+        }
+        page.cmdInsert.click();
+    });
+}
+
+void buildSteps(Tour& tour, FormORB& form)
+{
+    CommandPage& page = form.fraCommand;
+    insertStep(tour, page, QStringLiteral(":CHAN"), QStringLiteral("2"));
+    insertStep(tour, page, QStringLiteral(":CHAN"));
+    insertStep(tour, page, QStringLiteral("*IDN?"));
+    insertStep(tour, page, QStringLiteral(":CURR"));
+    insertStep(tour, page, QStringLiteral(":CURR"), QStringLiteral("1.5"));
+    tour.then(QStringLiteral("brings the lines into their order"), [&page] {
+        hand::choose(page.lstCmdPool, QStringLiteral(":CURR 1.5"));
+        page.cmdUp.click();
+        for (int i = 0; i < 2; ++i) { // no line is selected behind a move
+            hand::choose(page.lstCmdPool, QStringLiteral("*IDN?"));
+            page.cmdDown.click();
+        }
+        demandEqual(linesOfList(page.lstCmdPool), wantedList, QStringLiteral("the list"));
+    });
+    tour.picture(form, QStringLiteral("command.png"));
+}
+
+void runSteps(Tour& tour, FormORB& form)
+{
+    CommandPage& page = form.fraCommand;
+    for (int i = 0; i < wantedList.size(); ++i)
+        tour.then(QStringLiteral("sends the line %1").arg(i + 1),
+                  [&page] { hand::press(page, QStringLiteral("Start Log")); });
+    tour.then(QStringLiteral("reads the answers in the log"),
+              [&page] { demandEqual(entriesOf(page), wantedLog, QStringLiteral("the log")); });
+    tour.then(QStringLiteral("shows the log"), [&page] { page.cmdShowPages.click(); });
+    tour.then(QStringLiteral("chooses the repeat"), [&page] { hand::press(page, QStringLiteral("Single Step")); });
+    tour.then(QStringLiteral("starts the list"), [&page] { hand::press(page, QStringLiteral("Start Log")); });
+    tour.then(
+        QStringLiteral("watches it go round twice"), [&page] { return entriesOf(page).size() >= 3 * wantedLog.size(); },
+        [] {});
+    tour.picture(form, QStringLiteral("command_running.png"));
+    tour.then(QStringLiteral("stops it"), [&page] { hand::press(page, QStringLiteral("Stop Log")); });
+    tour.then(QStringLiteral("reads the same answers again"), [&page] {
+        const QStringList entries = entriesOf(page);
+        for (int i = 0; i < entries.size(); ++i)
+            if (entries[i] != wantedLog[i % wantedLog.size()])
+                throw TourFailure(QStringLiteral("entry %1 is %2").arg(i).arg(entries[i]));
+    });
+}
+
+void fileSteps(Tour& tour, FormORB& form)
+{
+    CommandPage& page = form.fraCommand;
+    const QString list = QStringLiteral("commands.scp");
+    const QString log = QStringLiteral("commands.log");
+    tour.then(QStringLiteral("saves the list"), [&tour, &page, list] {
+        QFile::remove(tour.path(list)); // of an earlier tour: the dialogue would ask
+        hand::press(page, QStringLiteral("Save Command File"));
+    });
+    tour.chooseFile(list);
+    tour.answer(QStringLiteral("ORB Commands saved OK (FileName:%1)!").arg(tour.path(list)), QStringLiteral("OK"));
+    tour.then(QStringLiteral("saves the log"), [&tour, &page, log] {
+        QFile::remove(tour.path(log));
+        hand::press(page, QStringLiteral("Save Run Cmd's Log File"));
+    });
+    tour.chooseFile(log);
+    tour.answer(QStringLiteral("ORB Command Log saved OK (FileName:%1)!").arg(tour.path(log)), QStringLiteral("OK"));
+    tour.then(QStringLiteral("compares the file with the log"), [&tour, &page, log] {
+        demandEqual(linesOf(tour.path(log)).filter(QRegularExpression(QStringLiteral("."))), entriesOf(page), log);
+    });
+    tour.then(QStringLiteral("empties the log and the list"), [&page] {
+        hand::press(page, QStringLiteral("Refresh"));
+        while (page.lstCmdPool.listCount() > 0) {
+            hand::choose(page.lstCmdPool, page.lstCmdPool.list(0));
+            page.cmdDelete.click();
+        }
+    });
+    tour.then(QStringLiteral("opens the list"), [&page] { hand::press(page, QStringLiteral("Open Commad File")); });
+    tour.chooseFile(list);
+    tour.then(QStringLiteral("compares it with the first one"),
+              [&page] { demandEqual(linesOfList(page.lstCmdPool), wantedList, QStringLiteral("the opened list")); });
+}
+
+} // namespace
+
+void consoleSteps(Tour& tour, FormORB& form)
+{
+    tour.then(
+        QStringLiteral("goes to the page Command"), [&form] { return hand::find(form, QStringLiteral("Command")); },
+        [&form] { hand::press(form, QStringLiteral("Command")); });
+    buildSteps(tour, form);
+    runSteps(tour, form);
+    fileSteps(tour, form);
+}
+
+} // namespace orb

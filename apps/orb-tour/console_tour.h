@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace orb {
+
+class FormORB;
+class Tour;
+
+/// Builds a command list from the catalogue, runs it step by step and round and round, keeps list and log in files, and
+/// opens the list again.
+void consoleSteps(Tour& tour, FormORB& form);
+
+} // namespace orb
