@@ -82,6 +82,8 @@ Arguments readArguments(const QStringList& list)
             arguments.job = Arguments::Job::Help;
         } else if (option == u"--commands") {
             arguments.job = Arguments::Job::Commands;
+        } else if (option == u"--console") {
+            arguments.job = Arguments::Job::Console;
         } else if (option == u"--catalogue") {
             arguments.job = Arguments::Job::Modules;
         } else if (option == u"--errors") {
@@ -122,6 +124,7 @@ QString helpText()
                           "  --served FILE    write the readings of all channels to this file as they are served,\n"
                           "                   a line each: query, tab, answer\n"
                           "  --commands       print the command language and end\n"
+                          "  --console        print the catalogue of the command console and end\n"
                           "  --catalogue      print the load modules and end\n"
                           "  --errors         print the errors and end\n"
                           "  --help           print this and end\n"

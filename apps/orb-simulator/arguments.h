@@ -12,7 +12,7 @@ namespace orb {
 
 /// What the command line asks for.
 struct Arguments {
-    enum class Job { Serve, Help, Commands, Modules, Errors };
+    enum class Job { Serve, Help, Commands, Console, Modules, Errors };
 
     Job job = Job::Serve;
     quint16 port = 5025;

@@ -2,6 +2,7 @@
 #include "arguments.h"
 #include "termination.h"
 
+#include "console_catalogue.h"
 #include "simulator_manual.h"
 #include "simulator_server.h"
 
@@ -68,6 +69,8 @@ int run(const QCoreApplication& application, const orb::Arguments& arguments)
         return print(orb::helpText().toStdString());
     case orb::Arguments::Job::Commands:
         return print(orb::commandsManual());
+    case orb::Arguments::Job::Console:
+        return print(orb::commandCatalogue());
     case orb::Arguments::Job::Modules:
         return print(orb::modulesManual());
     case orb::Arguments::Job::Errors:

@@ -35,9 +35,11 @@ struct Command {
     std::string_view parameters = {};
     /// The parameters of the query form, in the same way.
     std::string_view queryParameters = {};
-    /// Parameters with which the set form works on the default instrument.
+    /// Parameters with which the set form works on the default instrument right after a reset, once `before` was sent.
     std::string_view example = {};
-    /// What it does, in one sentence, for the manual.
+    /// A message that the set form needs to have been sent before it. Empty for nearly all.
+    std::string_view before = {};
+    /// What it does, in one sentence, for the manual. Holds no bar, caret or line end.
     std::string_view summary = {};
     /// Null where there is no such form.
     CommandAction set = nullptr;

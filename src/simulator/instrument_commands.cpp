@@ -7,12 +7,23 @@ namespace orb {
 
 std::vector<CommandSection> instrumentCommands()
 {
-    return {commonCommands(), systemCommands(), statusCommands(), channelCommands(), loadCommands(), measureCommands()};
+    return {channelCommands(), modeCommands(),   setValueCommands(), loadCommands(),
+            measureCommands(), systemCommands(), statusCommands(),   commonCommands()};
 }
 
 int channelOf(const CommandContext& context, const CommandCall& call)
 {
     return call.suffix(0, context.mainframe.selectedChannel(), 1, context.mainframe.channelCount());
+}
+
+const LoadChannel& channelAt(const CommandContext& context, const CommandCall& call)
+{
+    return context.mainframe.channel(channelOf(context, call));
+}
+
+LoadChannel& changeAt(CommandContext& context, const CommandCall& call)
+{
+    return context.mainframe.change(channelOf(context, call));
 }
 
 } // namespace orb

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "console_catalogue.h"
 #include "loopback.h"
 #include "simulator_manual.h"
 
@@ -176,10 +177,12 @@ TEST_F(OrbSimulatorTest, PrintsItsManual)
 {
     EXPECT_EQ(run({QStringLiteral("--help")}), 0);
     for (const char* option : {"--port", "--channels", "--modules", "--seed", "--faults", "--served", "--commands",
-                               "--catalogue", "--errors", "--help"})
+                               "--console", "--catalogue", "--errors", "--help"})
         EXPECT_THAT(output, HasSubstr(option));
     EXPECT_EQ(run({QStringLiteral("--commands")}), 0);
     EXPECT_EQ(output, commandsManual());
+    EXPECT_EQ(run({QStringLiteral("--console")}), 0);
+    EXPECT_EQ(output, commandCatalogue());
     EXPECT_EQ(run({QStringLiteral("--catalogue")}), 0);
     EXPECT_EQ(output, modulesManual());
     EXPECT_EQ(run({QStringLiteral("--errors")}), 0);

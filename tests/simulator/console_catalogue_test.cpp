@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ascii.h"
+#include "bench.h"
+#include "console_catalogue.h"
+#include "rows.h"
+
+#include <set>
+
+namespace orb {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// A command that is not there to be executed.
+void nothing(CommandContext&, const CommandCall&) {}
+std::string noAnswer(CommandContext&, const CommandCall&)
+{
+    return "";
+}
+
+std::vector<std::string> textsOf(const Command& command)
+{
+    std::vector<std::string> texts;
+    for (const CatalogueEntry& entry : catalogueEntries(command))
+        texts.push_back(entry.text + '^' + entry.description + '^' + entry.format);
+    return texts;
+}
+
+TEST(CommandCatalogue, GivesTheShortFormWithoutOptionalNodesAndNumbers)
+{
+    EXPECT_THAT(textsOf({.header = "ALPHa#[:BETA]:GAMMa", .parameters = "<n>", .summary = "Text.", .set = nothing}),
+                ElementsAre(":ALPH:GAMM^Text.^<n>"));
+    EXPECT_THAT(textsOf({.header = "*CLS", .summary = "Text.", .set = nothing}),
+                ElementsAre("*CLS^Text.^no parameter"));
+}
+
+TEST(CommandCatalogue, MarksWhatCanOnlyBeAsked)
+{
+    EXPECT_THAT(textsOf({.header = "ALPHa[:BETA]", .summary = "Text.", .query = noAnswer}),
+                ElementsAre(":ALPH?^Text.^query"));
+    EXPECT_THAT(textsOf({.header = "ALPHa", .queryParameters = "[<n>]", .summary = "Text.", .query = noAnswer}),
+                ElementsAre(":ALPH?^Text.^[<n>]"));
+    EXPECT_THAT(
+        textsOf({.header = "ALPHa", .parameters = "<n>", .summary = "Text.", .set = nothing, .query = noAnswer}),
+        ElementsAre(":ALPH^Text.^<n>"));
+}
+
+TEST(CommandCatalogue, GivesEachLevelAndEachLimitAnEntry)
+{
+    EXPECT_THAT(textsOf({.header = "ALPHa#[:BETA][:L#]",
+                         .parameters = "<n>",
+                         .queryParameters = "[MINimum|MAXimum]",
+                         .summary = "Text.",
+                         .set = nothing,
+                         .query = noAnswer}),
+                ElementsAre(":ALPH^Text.^<n>", ":ALPH:L1^Level 1 of :ALPH.^<n>", ":ALPH:L2^Level 2 of :ALPH.^<n>",
+                            ":ALPH? MIN^The least that :ALPH can be set to.^query",
+                            ":ALPH? MAX^The most that :ALPH can be set to.^query"));
+}
+
+TEST(CommandCatalogue, HasALineForEachEntryWithTwoCaretsAndALineEnd)
+{
+    const std::string catalogue = commandCatalogue();
+    EXPECT_THAT(catalogue,
+                HasSubstr("\r\n*CLS^Empties the error queue and clears the event registers.^no parameter\r\n"));
+    EXPECT_THAT(catalogue, HasSubstr("\r\n:FETC:VOLT?^The latest reading of the channel's volts.^query\r\n"));
+    std::size_t begin = 0;
+    while (begin < catalogue.size()) {
+        const std::size_t end = catalogue.find("\r\n", begin);
+        ASSERT_NE(end, std::string::npos);
+        const std::string line = catalogue.substr(begin, end - begin);
+        EXPECT_EQ(std::ranges::count(line, '^'), 2) << line;
+        EXPECT_EQ(line.find_first_of("\r\n"), std::string::npos) << line;
+        begin = end + 2;
+    }
+}
+
+TEST(CommandCatalogue, TellsAllEntriesApartWhateverTheLetterCase)
+{
+    std::set<std::string> seen;
+    for (const Command& command : allRows()) {
+        for (const CatalogueEntry& entry : catalogueEntries(command))
+            EXPECT_TRUE(seen.insert(ascii::upper(entry.text)).second) << entry.text;
+    }
+    EXPECT_GE(seen.size(), 70U);
+}
+
+class CatalogueOnTheBenchTest : public BenchTest {};
+
+TEST_F(CatalogueOnTheBenchTest, AFreshInstrumentTakesEveryEntry)
+{
+    for (const Command& command : allRows()) {
+        for (const CatalogueEntry& entry : catalogueEntries(command)) {
+            build(defaultConfiguration());
+            const bool marked = entry.text.find('?') != std::string::npos;
+            if (command.query != nullptr)
+                EXPECT_NE(ask(entry.text + (marked ? "" : "?")), "") << entry.text;
+            else
+                tell(std::string(command.before) + ';' + entry.text + ' ' + std::string(command.example));
+            EXPECT_EQ(errors(), noError) << entry.text;
+        }
+    }
+}
+
+} // namespace
+} // namespace orb
