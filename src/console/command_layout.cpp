@@ -72,8 +72,10 @@ QWidget* CommandPage::catalogueSide()
     for (Label& label : lblCommand) {
         label.setWordWrap(true);
         label.setMinimumWidth(1); // a long description wraps and does not widen the page
+        label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
         grid->addWidget(&label, row++, 0, 1, 2);
     }
+    lblCommand[1].setMinimumHeight(3 * fontMetrics().lineSpacing()); // the list does not jump with the selection
     grid->addWidget(&chkSend, row, 0);
     grid->addWidget(&txtValue, row, 1);
     grid->setRowStretch(0, 1);

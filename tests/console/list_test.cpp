@@ -264,6 +264,23 @@ TEST_F(CommandListTest, TheLogIsNotSavedWhenItIsEmptyOrTheDisplayPageChoseOtherw
     EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
+TEST_F(CommandListTest, TheTabKeyGoesFromTheButtonsOverTheCatalogueToTheList)
+{
+    const std::vector<const QWidget*> wanted{
+        &page.cmdStart,      &page.cmdStop,     &page.cmdOpenSCPI, &page.cmdSaveSCPI, &page.cmdRefresh,
+        &page.cmdSaveResult, &page.lstCommand,  &page.chkSend,     &page.txtValue,    &page.cmdInsert,
+        &page.cmdUp,         &page.cmdDown,     &page.cmdDelete,   &page.lstCmdPool,  &page.chkRepeat,
+        &page.chkShowLog,    &page.cmdShowPages};
+    std::vector<const QWidget*> seen;
+    const QWidget* widget = &page.cmdStart;
+    do {
+        if (std::ranges::find(wanted, widget) != wanted.end())
+            seen.push_back(widget);
+        widget = widget->nextInFocusChain();
+    } while (widget != &page.cmdStart);
+    EXPECT_EQ(seen, wanted);
+}
+
 TEST_F(CommandListTest, TheControlsThatNothingShowsAreHidden)
 {
     EXPECT_FALSE(page.cmdDeleteSCPI.visible());

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console_catalogue.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace orb {
+
+TEST(CommandCatalogueFile, IsWhatTheSimulatedInstrumentUnderstands)
+{
+    QFile file(QStringLiteral(ORB_SOURCE_DIR "/resources/orbCommands.dat"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), commandCatalogue())
+        << "write it anew: cmake --build build/dev --target command_catalogue";
+}
+
+} // namespace orb
