@@ -4,6 +4,7 @@
 #include "form_orb.h"
 #include "real_clock.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 
 #include <cstdio>
