@@ -3,6 +3,9 @@
 
 #include "form_orb.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
+
 using namespace orb;
 using testing::Contains;
 using testing::ElementsAre;
