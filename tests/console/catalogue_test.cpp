@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_test.h"
 
+#include <QDir>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_test.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QMouseEvent>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
