@@ -81,8 +81,9 @@ std::unique_ptr<QTemporaryDir> applicationWith(int rows)
 {
     auto folder = std::make_unique<QTemporaryDir>(workFolder());
     QFile::link(QStringLiteral(ORB_SOURCE_DIR "/resources/ICON"), folder->filePath(QStringLiteral("ICON")));
-    QFile::copy(QStringLiteral(ORB_SOURCE_DIR "/resources/OrbEmpty.jpg"),
-                folder->filePath(QStringLiteral("OrbEmpty.jpg")));
+    for (const char* name : {"OrbEmpty.jpg", "orbCommands.dat"})
+        QFile::copy(QStringLiteral(ORB_SOURCE_DIR "/resources/") + QLatin1String(name),
+                    folder->filePath(QLatin1String(name)));
     sqlite3* database = nullptr;
     sqlite3_open(folder->filePath(QStringLiteral("orb.mdb")).toUtf8().constData(), &database);
     execute(database, contentOf(QStringLiteral(ORB_SOURCE_DIR "/resources/orb.sql")));
