@@ -5,7 +5,6 @@
 #include "paths.h"
 
 #include <QFileInfo>
-#include <QStringDecoder>
 
 namespace orb {
 
@@ -17,11 +16,11 @@ void demand(bool fine, int number)
         throw RuntimeFailure(number);
 }
 
+/// What does not come back the same was no UTF-8, one that is cut off at the end of the line included.
 QString decoded(const QByteArray& bytes)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+    const QString text = QString::fromUtf8(bytes);
+    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }
 
 } // namespace

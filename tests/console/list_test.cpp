@@ -203,6 +203,30 @@ TEST_F(CommandListTest, AFolderInThePlaceOfAListIsReportedAndNothingOnDiskIsLost
     EXPECT_TRUE(QDir(application.filePath("list.scp")).exists());
 }
 
+TEST_F(CommandListTest, ASaveOntoAFolderIsReportedAndTheListAndTheFolderStay)
+{
+    QDir(application.path()).mkdir("list.scp");
+    write("list.scp/inside", "kept");
+    page.lstCmdPool.addItem("*RST");
+    dialogs.files = {application.filePath("list.scp")};
+    press(page.cmdSaveSCPI);
+    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
+    EXPECT_EQ(contentOf(application.filePath("list.scp/inside")), "kept");
+    EXPECT_THAT(page.lstCmdPool.items(), ElementsAre("*RST"));
+}
+
+TEST_F(CommandListTest, AListWithDamagedBytesIsOpenedWithNothingLeftOut)
+{
+    write("list.scp", QByteArray("A\0B\r\n\xC4\r\n", 8) + QByteArray(1 << 20, 'x') + "\nlast");
+    dialogs.files = {application.filePath("list.scp")};
+    press(page.cmdOpenSCPI);
+    ASSERT_EQ(page.lstCmdPool.listCount(), 4);
+    EXPECT_EQ(page.lstCmdPool.list(0), QString::fromLatin1("A\0B", 3));
+    EXPECT_EQ(page.lstCmdPool.list(1), QString::fromLatin1("\xC4"));
+    EXPECT_TRUE(page.lstCmdPool.list(2) == QString(1 << 20, QLatin1Char('x')));
+    EXPECT_EQ(page.lstCmdPool.list(3), "last");
+}
+
 TEST_F(CommandListTest, ThePanelsChangePlacesUnderACaptionThatNamesTheOneOnView)
 {
     EXPECT_EQ(page.cmdShowPages.caption(), "Show Log");
