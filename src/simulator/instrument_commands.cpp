@@ -7,8 +7,8 @@ namespace orb {
 
 std::vector<CommandSection> instrumentCommands()
 {
-    return {channelCommands(), modeCommands(),   setValueCommands(), loadCommands(),
-            measureCommands(), systemCommands(), statusCommands(),   commonCommands()};
+    return {channelCommands(),  modeCommands(),   setValueCommands(), loadCommands(),  measureCommands(),
+            sequenceCommands(), systemCommands(), statusCommands(),   commonCommands()};
 }
 
 int channelOf(const CommandContext& context, const CommandCall& call)

@@ -17,6 +17,7 @@ CommandSection modeCommands();
 CommandSection setValueCommands();
 CommandSection loadCommands();
 CommandSection measureCommands();
+CommandSection sequenceCommands();
 CommandSection systemCommands();
 CommandSection statusCommands();
 CommandSection commonCommands();

@@ -77,6 +77,19 @@ void LoadChannel::switchOn()
 void LoadChannel::switchOff()
 {
     inputOn_ = false;
+    played_.reset();
+    settle();
+}
+
+void LoadChannel::play(double current, LoadRange voltageRange)
+{
+    played_ = {current, voltageRange};
+    settle();
+}
+
+void LoadChannel::endPlay()
+{
+    played_.reset();
     settle();
 }
 
@@ -107,13 +120,19 @@ LoadRange LoadChannel::currentRange() const
     return current ? settings_.range(LoadFunction::Current) : LoadRange::High;
 }
 
+LoadRange LoadChannel::voltageRange() const
+{
+    return played_ ? played_->voltageRange : settings_.range(LoadFunction::Voltage);
+}
+
 OperatingPoint LoadChannel::pointAt(double openCircuitVoltage) const
 {
     if (!inputOn_)
         return openTerminals(openCircuitVoltage);
+    const double setValue = played_ ? played_->current : settings_.setValue();
     const double maxCurrent = module_->range(LoadFunction::Current, currentRange()).highest;
     return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
-                               {settings_.function, settings_.setValue(), maxCurrent, module_->onResistance});
+                               {settings_.function, setValue, maxCurrent, module_->onResistance});
 }
 
 void LoadChannel::settle()
@@ -127,6 +146,7 @@ void LoadChannel::settle()
     if (reasons != 0) {
         tripped_ |= reasons;
         inputOn_ = false;
+        played_.reset();
         operatingPoint_ = openTerminals(volts);
     }
 }
@@ -137,11 +157,11 @@ Reading LoadChannel::measure()
     const double meterNoise = meterNoise_ * noise_.normal();
     const OperatingPoint point = pointAt(volts);
 
-    const LoadRange voltageRange = settings_.range(LoadFunction::Voltage);
+    const LoadRange inForce = voltageRange();
     const double currentCount = module_->currentResolution(currentRange());
     Reading reading;
-    reading.voltage = counted(point.voltage, module_->voltageResolution(voltageRange),
-                              module_->range(LoadFunction::Voltage, voltageRange).highest);
+    reading.voltage = counted(point.voltage, module_->voltageResolution(inForce),
+                              module_->range(LoadFunction::Voltage, inForce).highest);
     // Without a current there is nothing to be noisy: an input that is off reads 0.
     if (point.current > 0)
         reading.current = counted(point.current + currentCount * meterNoise, currentCount,

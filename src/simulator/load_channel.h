@@ -6,6 +6,8 @@
 #include "operating_point.h"
 #include "source.h"
 
+#include <optional>
+
 namespace orb {
 
 /// What a channel's meters say: volts, amperes and watts, each at a whole count of its range.
@@ -56,6 +58,12 @@ public:
     /// Takes all settings at once and switches the input off.
     void recall(const LoadSettings& settings);
 
+    /// Draws `current` amperes in place of the set value, and meters the voltage in that range, until `endPlay` or until
+    /// the input goes off. The input must be on, in CC.
+    void play(double current, LoadRange voltageRange);
+    void endPlay();
+    bool isPlaying() const { return played_.has_value(); }
+
     /// Switches the input on, with what has tripped cleared; it trips again where the reason is still there.
     void switchOn();
     void switchOff();
@@ -68,8 +76,14 @@ public:
     Reading measure();
 
 private:
+    struct Played {
+        double current = 0;
+        LoadRange voltageRange = LoadRange::High;
+    };
+
     /// The range that limits and meters the current.
     LoadRange currentRange() const;
+    LoadRange voltageRange() const;
     OperatingPoint pointAt(double openCircuitVoltage) const;
     void settle();
 
@@ -83,6 +97,7 @@ private:
     double drained_ = 0; // ampere-hours
     unsigned tripped_ = 0;
     bool inputOn_ = false;
+    std::optional<Played> played_;
 };
 
 } // namespace orb

@@ -63,9 +63,25 @@ LoadChannel& Mainframe::change(int number)
 void Mainframe::advance()
 {
     // As numbers, since the difference of two times may be no time at all on a clock that jumps.
-    seconds_ = std::max(seconds_, inSeconds(clock_()) - inSeconds(origin_));
+    const double now = inSeconds(clock_()) - inSeconds(origin_);
+    sequencePlayer_.advanceTo(now, *this);
+    moveTo(now);
+    sequencePlayer_.holdAt(seconds_, *this);
+}
+
+void Mainframe::moveTo(double seconds)
+{
+    seconds_ = std::max(seconds_, seconds);
     for (LoadChannel& channel : channels_)
         channel.advanceTo(seconds_);
+}
+
+bool Mainframe::runSequence()
+{
+    if (sequenceRuns() || !SequencePlayer::canPlay(sequence_, channel(selected_)))
+        return false;
+    sequencePlayer_.start(sequence_, selected_, seconds_, *this);
+    return true;
 }
 
 Reading Mainframe::fetch(int number)
@@ -95,6 +111,7 @@ void Mainframe::reset()
         channel.recall(LoadSettings::afterReset(channel.module()));
         channel.clearTrips();
     }
+    editedPoint_ = 1;
     selected_ = 1;
     displayed_ = 1;
 }

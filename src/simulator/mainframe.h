@@ -2,6 +2,7 @@
 #pragma once
 
 #include "load_channel.h"
+#include "sequence_player.h"
 #include "simulator_configuration.h"
 
 #include <array>
@@ -41,16 +42,31 @@ public:
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
-    /// Moves all channels to the clock's time.
+    /// Moves all channels to the clock's time, through all that a running sequence does on the way.
     void advance();
+    /// Moves all channels to `seconds` since the instrument was switched on.
+    void moveTo(double seconds);
     /// The latest reading of a channel, made anew if it is older than the measurement interval or the channel was
     /// changed since.
     Reading fetch(int number);
     /// A new reading of a channel.
     Reading measure(int number);
 
+    /// The sequence that is edited, and the point (from 1) that the commands for a point mean.
+    SequenceMemory& sequence() { return sequence_; }
+    const SequenceMemory& sequence() const { return sequence_; }
+    int editedPoint() const { return editedPoint_; }
+    void editPoint(int number) { editedPoint_ = number; }
+    /// Plays the sequence on the selected channel. False where `SequencePlayer::canPlay` says no or a run is under way.
+    bool runSequence();
+    /// Ends the run as its last point would.
+    void stopSequence() { sequencePlayer_.stop(*this); }
+    bool sequenceRuns() const { return sequencePlayer_.runs(*this); }
+    const SequencePlayer& sequencePlayer() const { return sequencePlayer_; }
+
     void switchAllOff();
-    /// All inputs off, all settings as after a reset, channel 1 selected. Memories keep what they hold.
+    /// All inputs off, all settings as after a reset, channel 1 and point 1 selected. Memories and the sequence keep what
+    /// they hold.
     void reset();
     /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
     /// a reset. Recalling switches all inputs off.
@@ -77,6 +93,9 @@ private:
     std::vector<LoadChannel> channels_;
     std::vector<Measurement> measurements_;
     std::array<Memory, memoryCount> memories_;
+    SequenceMemory sequence_;
+    SequencePlayer sequencePlayer_;
+    int editedPoint_ = 1;
     int selected_ = 1;
     int displayed_ = 1;
     ControlState controlState_ = ControlState::Local;
