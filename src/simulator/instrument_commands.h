@@ -18,6 +18,8 @@ CommandSection setValueCommands();
 CommandSection loadCommands();
 CommandSection measureCommands();
 CommandSection sequenceCommands();
+CommandSection programCommands();
+CommandSection memoryCommands();
 CommandSection systemCommands();
 CommandSection statusCommands();
 CommandSection commonCommands();

@@ -76,9 +76,27 @@ void LoadChannel::switchOn()
 
 void LoadChannel::switchOff()
 {
-    inputOn_ = false;
-    played_.reset();
+    goOff();
     settle();
+}
+
+void LoadChannel::goOff()
+{
+    inputOn_ = false;
+    short_ = false;
+    played_.reset();
+}
+
+void LoadChannel::setShort(bool on)
+{
+    short_ = on;
+    settle();
+}
+
+void LoadChannel::setJudging(const std::array<JudgedWindow, 3>& windows, bool judged)
+{
+    settings_.windows = windows;
+    settings_.judged = judged;
 }
 
 void LoadChannel::play(double current, LoadRange voltageRange)
@@ -116,7 +134,7 @@ void LoadChannel::advanceTo(double seconds)
 
 LoadRange LoadChannel::currentRange() const
 {
-    const bool current = settings_.function == LoadFunction::Current;
+    const bool current = !short_ && settings_.function == LoadFunction::Current;
     return current ? settings_.range(LoadFunction::Current) : LoadRange::High;
 }
 
@@ -129,6 +147,9 @@ OperatingPoint LoadChannel::pointAt(double openCircuitVoltage) const
 {
     if (!inputOn_)
         return openTerminals(openCircuitVoltage);
+    if (short_)
+        return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
+                                   {LoadFunction::Resistance, 0, module_->maxCurrent(), module_->onResistance});
     const double setValue = played_ ? played_->current : settings_.setValue();
     const double maxCurrent = module_->range(LoadFunction::Current, currentRange()).highest;
     return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
@@ -145,8 +166,7 @@ void LoadChannel::settle()
                              (operatingPoint_.power() > module_->maxPower * tripMargin ? OverPower : 0U);
     if (reasons != 0) {
         tripped_ |= reasons;
-        inputOn_ = false;
-        played_.reset();
+        goOff();
         operatingPoint_ = openTerminals(volts);
     }
 }

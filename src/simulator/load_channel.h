@@ -64,6 +64,13 @@ public:
     void endPlay();
     bool isPlaying() const { return played_.has_value(); }
 
+    /// Shorts the terminals with all the current that the module has, or ends that. It ends as well when the input goes
+    /// off, and must not begin before it is on.
+    void setShort(bool on);
+    bool isShort() const { return short_; }
+    /// The windows that readings are judged by.
+    void setJudging(const std::array<JudgedWindow, 3>& windows, bool judged);
+
     /// Switches the input on, with what has tripped cleared; it trips again where the reason is still there.
     void switchOn();
     void switchOff();
@@ -86,6 +93,7 @@ private:
     LoadRange voltageRange() const;
     OperatingPoint pointAt(double openCircuitVoltage) const;
     void settle();
+    void goOff();
 
     const LoadModule* module_;
     Source source_;
@@ -97,6 +105,7 @@ private:
     double drained_ = 0; // ampere-hours
     unsigned tripped_ = 0;
     bool inputOn_ = false;
+    bool short_ = false;
     std::optional<Played> played_;
 };
 

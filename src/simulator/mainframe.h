@@ -2,6 +2,7 @@
 #pragma once
 
 #include "load_channel.h"
+#include "program_player.h"
 #include "sequence_player.h"
 #include "simulator_configuration.h"
 
@@ -12,6 +13,9 @@ namespace orb {
 
 /// Who may work the instrument: its front panel, the remote interface as well, or the remote interface alone.
 enum class ControlState { Local, Remote, RemoteWithLockout };
+
+/// What the readings of a channel are worth by its windows; off where they are not judged.
+enum class Verdict { Off, Pass, Fail };
 
 /// The instrument without its language: the channels, the one that is selected, the memories, and their common time.
 /// Channels are counted from 1; a number must lie between 1 and `channelCount()`, a memory's between 1 and
@@ -64,14 +68,32 @@ public:
     bool sequenceRuns() const { return sequencePlayer_.runs(*this); }
     const SequencePlayer& sequencePlayer() const { return sequencePlayer_; }
 
+    /// The programs that are edited.
+    ProgramStore& programs() { return programs_; }
+    /// Runs the chain of programs. False where `ProgramPlayer::start` says no or a run is under way.
+    bool runProgram();
+    void stopProgram() { programPlayer_.stop(*this); }
+    bool goOnFromManualStep() { return programPlayer_.goOnFromManualStep(seconds_, *this); }
+    bool programRuns() const { return programPlayer_.phase() != ProgramPlayer::Phase::Idle; }
+    const ProgramPlayer& programPlayer() const { return programPlayer_; }
+
+    /// A new reading of a channel, judged by its windows.
+    Verdict judge(int number);
+
+    /// As somebody at the instrument would: a channel that is switched off takes no part in a program any more.
+    void switchInput(int number, bool on);
     void switchAllOff();
     /// All inputs off, all settings as after a reset, channel 1 and point 1 selected. Memories and the sequence keep what
-    /// they hold.
+    /// they hold; the programs go back to what was saved.
     void reset();
     /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
-    /// a reset. Recalling switches all inputs off.
+    /// a reset. Recalling ends a program and switches all inputs off; taking the settings lets the program go on.
     void saveMemory(int number);
     void recallMemory(int number);
+    void takeSettings(int number);
+    /// As if it had never been written.
+    void clearMemory(int number) { memoryAt(number).clear(); }
+    bool isWritten(int number) const { return !memories_[static_cast<std::size_t>(number - 1)].empty(); }
 
     /// The conditions of all channels together, bits of `LoadChannel::Condition`.
     unsigned condition() const;
@@ -84,6 +106,7 @@ private:
     };
     using Memory = std::vector<LoadSettings>;
 
+    Memory& memoryAt(int number) { return memories_[static_cast<std::size_t>(number - 1)]; }
     static std::size_t indexOfChannel(int number) { return static_cast<std::size_t>(number - 1); }
 
     SimulatorClock clock_;
@@ -96,6 +119,8 @@ private:
     SequenceMemory sequence_;
     SequencePlayer sequencePlayer_;
     int editedPoint_ = 1;
+    ProgramStore programs_;
+    ProgramPlayer programPlayer_;
     int selected_ = 1;
     int displayed_ = 1;
     ControlState controlState_ = ControlState::Local;
