@@ -107,6 +107,13 @@ double CommandCall::limit(std::size_t index, const NumberLimits& limits) const
     return namedNumber(parameter.text, limits);
 }
 
+bool CommandCall::isWord(std::size_t index, std::span<const std::string_view> mnemonics) const
+{
+    const Parameter& parameter = parameters_[index];
+    return parameter.kind == Parameter::Kind::Word &&
+           std::ranges::any_of(mnemonics, [&](std::string_view each) { return isMnemonic(each, parameter.text); });
+}
+
 int CommandCall::integer(std::size_t index, const NumberLimits& limits) const
 {
     const NumberLimits rounded{limits.lowest - 0.5, std::nextafter(limits.highest + 0.5, 0), limits.fallback};

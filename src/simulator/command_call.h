@@ -35,6 +35,8 @@ public:
     double number(std::size_t index, Unit unit, const NumberLimits& limits) const;
     /// What MINimum, MAXimum or DEFault stands for: the parameter of a query for the limits.
     double limit(std::size_t index, const NumberLimits& limits) const;
+    /// Whether the parameter is one of these words, in any letter case.
+    bool isWord(std::size_t index, std::span<const std::string_view> mnemonics) const;
     /// A number that is rounded to a whole one.
     int integer(std::size_t index, const NumberLimits& limits) const;
     /// ON, OFF, or a number: 0 is off.

@@ -7,8 +7,9 @@ namespace orb {
 
 std::vector<CommandSection> instrumentCommands()
 {
-    return {channelCommands(), modeCommands(),   setValueCommands(), loadCommands(),
-            measureCommands(), systemCommands(), statusCommands(),   commonCommands()};
+    return {channelCommands(), modeCommands(),     setValueCommands(), loadCommands(),
+            measureCommands(), sequenceCommands(), programCommands(),  memoryCommands(),
+            systemCommands(),  statusCommands(),   commonCommands()};
 }
 
 int channelOf(const CommandContext& context, const CommandCall& call)

@@ -76,7 +76,38 @@ void LoadChannel::switchOn()
 
 void LoadChannel::switchOff()
 {
+    goOff();
+    settle();
+}
+
+void LoadChannel::goOff()
+{
     inputOn_ = false;
+    short_ = false;
+    played_.reset();
+}
+
+void LoadChannel::setShort(bool on)
+{
+    short_ = on;
+    settle();
+}
+
+void LoadChannel::setJudging(const std::array<JudgedWindow, 3>& windows, bool judged)
+{
+    settings_.windows = windows;
+    settings_.judged = judged;
+}
+
+void LoadChannel::play(double current, LoadRange voltageRange)
+{
+    played_ = {current, voltageRange};
+    settle();
+}
+
+void LoadChannel::endPlay()
+{
+    played_.reset();
     settle();
 }
 
@@ -103,17 +134,26 @@ void LoadChannel::advanceTo(double seconds)
 
 LoadRange LoadChannel::currentRange() const
 {
-    const bool current = settings_.function == LoadFunction::Current;
+    const bool current = !short_ && settings_.function == LoadFunction::Current;
     return current ? settings_.range(LoadFunction::Current) : LoadRange::High;
+}
+
+LoadRange LoadChannel::voltageRange() const
+{
+    return played_ ? played_->voltageRange : settings_.range(LoadFunction::Voltage);
 }
 
 OperatingPoint LoadChannel::pointAt(double openCircuitVoltage) const
 {
     if (!inputOn_)
         return openTerminals(openCircuitVoltage);
+    if (short_)
+        return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
+                                   {LoadFunction::Resistance, 0, module_->maxCurrent(), module_->onResistance});
+    const double setValue = played_ ? played_->current : settings_.setValue();
     const double maxCurrent = module_->range(LoadFunction::Current, currentRange()).highest;
     return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
-                               {settings_.function, settings_.setValue(), maxCurrent, module_->onResistance});
+                               {settings_.function, setValue, maxCurrent, module_->onResistance});
 }
 
 void LoadChannel::settle()
@@ -126,7 +166,7 @@ void LoadChannel::settle()
                              (operatingPoint_.power() > module_->maxPower * tripMargin ? OverPower : 0U);
     if (reasons != 0) {
         tripped_ |= reasons;
-        inputOn_ = false;
+        goOff();
         operatingPoint_ = openTerminals(volts);
     }
 }
@@ -137,11 +177,11 @@ Reading LoadChannel::measure()
     const double meterNoise = meterNoise_ * noise_.normal();
     const OperatingPoint point = pointAt(volts);
 
-    const LoadRange voltageRange = settings_.range(LoadFunction::Voltage);
+    const LoadRange inForce = voltageRange();
     const double currentCount = module_->currentResolution(currentRange());
     Reading reading;
-    reading.voltage = counted(point.voltage, module_->voltageResolution(voltageRange),
-                              module_->range(LoadFunction::Voltage, voltageRange).highest);
+    reading.voltage = counted(point.voltage, module_->voltageResolution(inForce),
+                              module_->range(LoadFunction::Voltage, inForce).highest);
     // Without a current there is nothing to be noisy: an input that is off reads 0.
     if (point.current > 0)
         reading.current = counted(point.current + currentCount * meterNoise, currentCount,

@@ -6,6 +6,8 @@
 #include "operating_point.h"
 #include "source.h"
 
+#include <optional>
+
 namespace orb {
 
 /// What a channel's meters say: volts, amperes and watts, each at a whole count of its range.
@@ -56,6 +58,19 @@ public:
     /// Takes all settings at once and switches the input off.
     void recall(const LoadSettings& settings);
 
+    /// Draws `current` amperes in place of the set value, and meters the voltage in that range, until `endPlay` or until
+    /// the input goes off. The input must be on, in CC.
+    void play(double current, LoadRange voltageRange);
+    void endPlay();
+    bool isPlaying() const { return played_.has_value(); }
+
+    /// Shorts the terminals with all the current that the module has, or ends that. It ends as well when the input goes
+    /// off, and must not begin before it is on.
+    void setShort(bool on);
+    bool isShort() const { return short_; }
+    /// The windows that readings are judged by.
+    void setJudging(const std::array<JudgedWindow, 3>& windows, bool judged);
+
     /// Switches the input on, with what has tripped cleared; it trips again where the reason is still there.
     void switchOn();
     void switchOff();
@@ -68,10 +83,17 @@ public:
     Reading measure();
 
 private:
+    struct Played {
+        double current = 0;
+        LoadRange voltageRange = LoadRange::High;
+    };
+
     /// The range that limits and meters the current.
     LoadRange currentRange() const;
+    LoadRange voltageRange() const;
     OperatingPoint pointAt(double openCircuitVoltage) const;
     void settle();
+    void goOff();
 
     const LoadModule* module_;
     Source source_;
@@ -83,6 +105,8 @@ private:
     double drained_ = 0; // ampere-hours
     unsigned tripped_ = 0;
     bool inputOn_ = false;
+    bool short_ = false;
+    std::optional<Played> played_;
 };
 
 } // namespace orb

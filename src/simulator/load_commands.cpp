@@ -6,19 +6,11 @@ namespace orb {
 
 namespace {
 
-void switchInput(LoadChannel& channel, bool on)
-{
-    if (on)
-        channel.switchOn();
-    else
-        channel.switchOff();
-}
-
 void switchAll(CommandContext& context, const CommandCall& call)
 {
     const bool on = call.boolean(0);
     for (int number = 1; number <= context.mainframe.channelCount(); ++number)
-        switchInput(context.mainframe.change(number), on);
+        context.mainframe.switchInput(number, on);
 }
 
 std::string queryAll(CommandContext& context, const CommandCall&)
@@ -54,7 +46,8 @@ CommandSection loadCommands()
              .parameters = "ON|OFF|1|0",
              .example = "ON",
              .summary = "Switches the input. Switching on clears what protection has tripped. Answers 1 or 0.",
-             .set = [](Context& context, const Call& call) { switchInput(changeAt(context, call), call.boolean(0)); },
+             .set = [](Context& context,
+                       const Call& call) { context.mainframe.switchInput(channelOf(context, call), call.boolean(0)); },
              .query = [](Context& context, const Call& call) -> std::string {
                  return channelAt(context, call).inputOn() ? "1" : "0";
              }},

@@ -23,6 +23,7 @@ LoadSettings LoadSettings::afterReset(const LoadModule& module)
             settings.levels[indexOf(function)][indexOf(range)].fill(gentlest(function, module.range(function, range)));
         settings.slewRates[indexOf(range)].fill(module.slewRate[indexOf(range)].highest);
     }
+    settings.windows = {{{0, module.maxVoltage()}, {0, module.maxCurrent()}, {0, module.maxPower}}};
     return settings;
 }
 

@@ -5,6 +5,14 @@
 
 namespace orb {
 
+/// What a reading is judged by: volts, amperes or watts, the ends included.
+struct JudgedWindow {
+    double low = 0;
+    double high = 0;
+
+    bool holds(double value) const { return value >= low && value <= high; }
+};
+
 /// What can be set on one channel and what a memory keeps of it. The state of the input is no setting.
 struct LoadSettings {
     /// Two levels for each function and range; `level` says which of the two is in force.
@@ -17,6 +25,9 @@ struct LoadSettings {
     /// Rise and fall, by the range of the current.
     std::array<std::array<double, 2>, 2> slewRates{};
     int level = 0;
+    /// The windows of the voltage, the current and the power, and whether readings are judged by them.
+    std::array<JudgedWindow, 3> windows{};
+    bool judged = false;
 
     LoadRange range(LoadFunction of) const { return ranges[indexOf(of)]; }
     /// Both levels of a function in its range in force.
@@ -25,7 +36,8 @@ struct LoadSettings {
     /// The value that the input holds when it is on.
     double setValue() const { return levelsOf(function)[static_cast<std::size_t>(level)]; }
 
-    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates.
+    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates, the
+    /// windows as wide as the module.
     static LoadSettings afterReset(const LoadModule& module);
 };
 

@@ -63,9 +63,27 @@ LoadChannel& Mainframe::change(int number)
 void Mainframe::advance()
 {
     // As numbers, since the difference of two times may be no time at all on a clock that jumps.
-    seconds_ = std::max(seconds_, inSeconds(clock_()) - inSeconds(origin_));
+    const double now = inSeconds(clock_()) - inSeconds(origin_);
+    // Of the two only one is under way.
+    sequencePlayer_.advanceTo(now, *this);
+    programPlayer_.advanceTo(now, *this);
+    moveTo(now);
+    sequencePlayer_.holdAt(seconds_, *this);
+}
+
+void Mainframe::moveTo(double seconds)
+{
+    seconds_ = std::max(seconds_, seconds);
     for (LoadChannel& channel : channels_)
         channel.advanceTo(seconds_);
+}
+
+bool Mainframe::runSequence()
+{
+    if (sequenceRuns() || programRuns() || !SequencePlayer::canPlay(sequence_, channel(selected_)))
+        return false;
+    sequencePlayer_.start(sequence_, selected_, seconds_, *this);
+    return true;
 }
 
 Reading Mainframe::fetch(int number)
@@ -82,26 +100,54 @@ Reading Mainframe::measure(int number)
     return reading;
 }
 
+bool Mainframe::runProgram()
+{
+    return !sequenceRuns() && !programRuns() && programPlayer_.start(programs_.programs, seconds_, *this);
+}
+
+Verdict Mainframe::judge(int number)
+{
+    const LoadSettings& settings = channel(number).settings();
+    if (!settings.judged)
+        return Verdict::Off;
+    const Reading reading = measure(number);
+    const auto& [voltage, current, power] = settings.windows;
+    const bool passes = voltage.holds(reading.voltage) && current.holds(reading.current) && power.holds(reading.power);
+    return passes ? Verdict::Pass : Verdict::Fail;
+}
+
+void Mainframe::switchInput(int number, bool on)
+{
+    if (on)
+        return change(number).switchOn();
+    change(number).switchOff();
+    programPlayer_.leave(number, *this);
+}
+
 void Mainframe::switchAllOff()
 {
+    programPlayer_.stop(*this);
     for (int number = 1; number <= channelCount(); ++number)
         change(number).switchOff();
 }
 
 void Mainframe::reset()
 {
+    programPlayer_.stop(*this);
+    programs_.revert();
     for (int number = 1; number <= channelCount(); ++number) {
         LoadChannel& channel = change(number);
         channel.recall(LoadSettings::afterReset(channel.module()));
         channel.clearTrips();
     }
+    editedPoint_ = 1;
     selected_ = 1;
     displayed_ = 1;
 }
 
 void Mainframe::saveMemory(int number)
 {
-    Memory& memory = memories_[static_cast<std::size_t>(number - 1)];
+    Memory& memory = memoryAt(number);
     memory.clear();
     for (const LoadChannel& channel : channels_)
         memory.push_back(channel.settings());
@@ -109,7 +155,13 @@ void Mainframe::saveMemory(int number)
 
 void Mainframe::recallMemory(int number)
 {
-    const Memory& memory = memories_[static_cast<std::size_t>(number - 1)];
+    programPlayer_.stop(*this);
+    takeSettings(number);
+}
+
+void Mainframe::takeSettings(int number)
+{
+    const Memory& memory = memoryAt(number);
     for (int each = 1; each <= channelCount(); ++each) {
         LoadChannel& channel = change(each);
         const std::size_t index = indexOfChannel(each);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "load_channel.h"
+#include "program_player.h"
+#include "sequence_player.h"
 #include "simulator_configuration.h"
 
 #include <array>
@@ -11,6 +13,9 @@ namespace orb {
 
 /// Who may work the instrument: its front panel, the remote interface as well, or the remote interface alone.
 enum class ControlState { Local, Remote, RemoteWithLockout };
+
+/// What the readings of a channel are worth by its windows; off where they are not judged.
+enum class Verdict { Off, Pass, Fail };
 
 /// The instrument without its language: the channels, the one that is selected, the memories, and their common time.
 /// Channels are counted from 1; a number must lie between 1 and `channelCount()`, a memory's between 1 and
@@ -41,21 +46,54 @@ public:
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
-    /// Moves all channels to the clock's time.
+    /// Moves all channels to the clock's time, through all that a running sequence does on the way.
     void advance();
+    /// Moves all channels to `seconds` since the instrument was switched on.
+    void moveTo(double seconds);
     /// The latest reading of a channel, made anew if it is older than the measurement interval or the channel was
     /// changed since.
     Reading fetch(int number);
     /// A new reading of a channel.
     Reading measure(int number);
 
+    /// The sequence that is edited, and the point (from 1) that the commands for a point mean.
+    SequenceMemory& sequence() { return sequence_; }
+    const SequenceMemory& sequence() const { return sequence_; }
+    int editedPoint() const { return editedPoint_; }
+    void editPoint(int number) { editedPoint_ = number; }
+    /// Plays the sequence on the selected channel. False where `SequencePlayer::canPlay` says no or a run is under way.
+    bool runSequence();
+    /// Ends the run as its last point would.
+    void stopSequence() { sequencePlayer_.stop(*this); }
+    bool sequenceRuns() const { return sequencePlayer_.runs(*this); }
+    const SequencePlayer& sequencePlayer() const { return sequencePlayer_; }
+
+    /// The programs that are edited.
+    ProgramStore& programs() { return programs_; }
+    /// Runs the chain of programs. False where `ProgramPlayer::start` says no or a run is under way.
+    bool runProgram();
+    void stopProgram() { programPlayer_.stop(*this); }
+    bool goOnFromManualStep() { return programPlayer_.goOnFromManualStep(seconds_, *this); }
+    bool programRuns() const { return programPlayer_.phase() != ProgramPlayer::Phase::Idle; }
+    const ProgramPlayer& programPlayer() const { return programPlayer_; }
+
+    /// A new reading of a channel, judged by its windows.
+    Verdict judge(int number);
+
+    /// As somebody at the instrument would: a channel that is switched off takes no part in a program any more.
+    void switchInput(int number, bool on);
     void switchAllOff();
-    /// All inputs off, all settings as after a reset, channel 1 selected. Memories keep what they hold.
+    /// All inputs off, all settings as after a reset, channel 1 and point 1 selected. Memories and the sequence keep what
+    /// they hold; the programs go back to what was saved.
     void reset();
     /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
-    /// a reset. Recalling switches all inputs off.
+    /// a reset. Recalling ends a program and switches all inputs off; taking the settings lets the program go on.
     void saveMemory(int number);
     void recallMemory(int number);
+    void takeSettings(int number);
+    /// As if it had never been written.
+    void clearMemory(int number) { memoryAt(number).clear(); }
+    bool isWritten(int number) const { return !memories_[static_cast<std::size_t>(number - 1)].empty(); }
 
     /// The conditions of all channels together, bits of `LoadChannel::Condition`.
     unsigned condition() const;
@@ -68,6 +106,7 @@ private:
     };
     using Memory = std::vector<LoadSettings>;
 
+    Memory& memoryAt(int number) { return memories_[static_cast<std::size_t>(number - 1)]; }
     static std::size_t indexOfChannel(int number) { return static_cast<std::size_t>(number - 1); }
 
     SimulatorClock clock_;
@@ -77,6 +116,11 @@ private:
     std::vector<LoadChannel> channels_;
     std::vector<Measurement> measurements_;
     std::array<Memory, memoryCount> memories_;
+    SequenceMemory sequence_;
+    SequencePlayer sequencePlayer_;
+    int editedPoint_ = 1;
+    ProgramStore programs_;
+    ProgramPlayer programPlayer_;
     int selected_ = 1;
     int displayed_ = 1;
     ControlState controlState_ = ControlState::Local;

@@ -31,10 +31,10 @@ protected:
     /// A command of the table with a parameter that may fit, and now and then a byte changed, lost or doubled.
     std::string nearlyACommand()
     {
-        constexpr const char* parameters[] = {"",     " 1",    " 2.5",    " -1",  " 1e9",   " MAX", " MIN",
-                                              " ON",  " OFF",  " CCL",    " CRH", " CV",    " 1,2", " LOW",
-                                              " 120", " 0",    " #13abc", " 'x'", " 1mA",   " 5V",  " #HFF",
-                                              "?",    "? MAX", "? 3",     " ,",   " 1e400", " nan"};
+        constexpr const char* parameters[] = {
+            "",      " 1",   " 2.5", " -1",    " 1e9", " MAX",    " MIN",  " ON",  " OFF",  " CCL",  " CRH",
+            " CV",   " 1,2", " LOW", " 120",   " 0",   " #13abc", " 'x'",  " 1mA", " 5V",   " #HFF", "?",
+            "? MAX", "? 3",  " ,",   " 1e400", " nan", " 1.5S",   " OffS", " P03", " AUTO", " MAN",  " 0.01,1,MAX,MAX"};
         std::string text = anyOf(headers_) + anyOf(parameters);
         const std::size_t at = below(text.size());
         switch (below(6)) {
