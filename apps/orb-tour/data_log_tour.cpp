@@ -59,6 +59,11 @@ void recordingSteps(Tour& tour, FormORB& form)
     tour.then(QStringLiteral("presses Stop Log"), [&page] { hand::press(page, QStringLiteral("Stop Log")); });
     tour.then(
         QStringLiteral("the recording has stopped"), [&page] { return !page.logStop.enabled(); }, [] {});
+    tour.then(QStringLiteral("zooms into the first seconds"), [&page] {
+        const QPoint timeAxis(page.graphLog.width() / 9, page.graphLog.height() - 30);
+        hand::turnWheel(page.graphLog, timeAxis, 21);
+    });
+    tour.picture(form, QStringLiteral("data_log_zoomed.png"));
     exportSteps(tour, form, QStringLiteral("log.csv"));
     tour.then(QStringLiteral("compares the file with what was served"), [&tour, firstServed] {
         const int rows = compareWithServed(tour.path(QStringLiteral("log.csv")),

@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QWheelEvent>
 
 namespace orb::hand {
 
@@ -72,6 +73,14 @@ void choose(QListWidget& list, const QString& line)
                           type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(list.viewport(), &event);
     }
+}
+
+void turnWheel(QWidget& widget, const QPoint& at, int notches)
+{
+    constexpr int notch = 120; // eighths of a degree
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, notch * notches}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
 }
 
 void type(QWidget& box, const QString& text)
