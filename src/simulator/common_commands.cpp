@@ -64,8 +64,9 @@ CommandSection commonCommands()
              .set = [](Context& context,
                        const Call& call) { context.mainframe.recallMemory(call.integer(0, memoryLimits)); }},
             {.header = "*RST",
-             .summary = "Resets all settings, switches all inputs off and selects channel 1. Memories, the error queue "
-                        "and the status registers keep what they hold.",
+             .summary = "Resets all settings, switches all inputs off and selects channel 1. The programs go back to "
+                        "what was saved. Memories, the sequence, the error queue and the status registers keep what "
+                        "they hold.",
              .set = [](Context& context, const Call&) { context.mainframe.reset(); }},
             {.header = "*SAV",
              .parameters = "<1 to 120>",

@@ -43,8 +43,8 @@ std::vector<CatalogueEntry> catalogueEntries(const Command& command)
     const std::string mark = command.set == nullptr ? "?" : "";
     std::vector<CatalogueEntry> entries{{header + mark, std::string(command.summary), formatOf(command)}};
     if (command.header.find(levelNode) != std::string_view::npos) {
-        for (const char* level : {"1", "2"})
-            entries.push_back({header + ":L" + level + mark, std::string("Level ") + level + " of " + header + ".",
+        for (const std::string level : {"L1", "L2"})
+            entries.push_back({header + ":" + level + mark, "Level " + level.substr(1) + " of " + header + ".",
                                formatOf(command)});
     }
     if (command.query != nullptr && command.queryParameters.find("MINimum|MAXimum") != std::string_view::npos) {

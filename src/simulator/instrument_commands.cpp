@@ -9,7 +9,7 @@ std::vector<CommandSection> instrumentCommands()
 {
     return {channelCommands(), modeCommands(),     setValueCommands(), loadCommands(),
             measureCommands(), sequenceCommands(), programCommands(),  memoryCommands(),
-            systemCommands(),  statusCommands(),   commonCommands()};
+            panelCommands(),   systemCommands(),   statusCommands(),   commonCommands()};
 }
 
 int channelOf(const CommandContext& context, const CommandCall& call)

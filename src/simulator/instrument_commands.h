@@ -20,9 +20,13 @@ CommandSection measureCommands();
 CommandSection sequenceCommands();
 CommandSection programCommands();
 CommandSection memoryCommands();
+CommandSection panelCommands();
 CommandSection systemCommands();
 CommandSection statusCommands();
 CommandSection commonCommands();
+
+/// The rows of the section Measurement that judge readings.
+std::vector<Command> limitCommands();
 
 /// The channel that a command means: the number behind the first node of its header, or else the selected channel.
 int channelOf(const CommandContext& context, const CommandCall& call);

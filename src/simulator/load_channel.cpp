@@ -93,6 +93,19 @@ void LoadChannel::setShort(bool on)
     settle();
 }
 
+void LoadChannel::setProtection(std::size_t quantity, double value)
+{
+    settings_.protection[quantity] = value;
+    settle();
+}
+
+void LoadChannel::setOnVoltage(double volts, bool latched)
+{
+    settings_.onVoltage = volts;
+    settings_.latched = latched;
+    settle();
+}
+
 void LoadChannel::setJudging(const std::array<JudgedWindow, 3>& windows, bool judged)
 {
     settings_.windows = windows;
@@ -150,6 +163,8 @@ OperatingPoint LoadChannel::pointAt(double openCircuitVoltage) const
     if (short_)
         return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
                                    {LoadFunction::Resistance, 0, module_->maxCurrent(), module_->onResistance});
+    if (!draws_)
+        return openTerminals(openCircuitVoltage);
     const double setValue = played_ ? played_->current : settings_.setValue();
     const double maxCurrent = module_->range(LoadFunction::Current, currentRange()).highest;
     return orb::operatingPoint(openCircuitVoltage, source_.seriesResistance,
@@ -159,11 +174,14 @@ OperatingPoint LoadChannel::pointAt(double openCircuitVoltage) const
 void LoadChannel::settle()
 {
     const double volts = source_.voltage(seconds_, drained_);
+    draws_ = inputOn_ && (volts >= settings_.onVoltage || (draws_ && settings_.latched));
     operatingPoint_ = pointAt(volts);
     if (!inputOn_)
         return;
-    const unsigned reasons = (operatingPoint_.voltage > module_->maxVoltage() * tripMargin ? OverVoltage : 0U) |
-                             (operatingPoint_.power() > module_->maxPower * tripMargin ? OverPower : 0U);
+    const auto& [voltage, current, power] = settings_.protection;
+    const unsigned reasons = (operatingPoint_.voltage > voltage ? OverVoltage : 0U) |
+                             (operatingPoint_.current > current ? OverCurrent : 0U) |
+                             (operatingPoint_.power() > power ? OverPower : 0U);
     if (reasons != 0) {
         tripped_ |= reasons;
         goOff();

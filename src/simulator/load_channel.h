@@ -24,11 +24,13 @@ public:
     /// Facts about the channel, as the bits of its status.
     enum Condition : unsigned {
         OverVoltage = 1, ///< the voltage was too high for the module, and the input is off; kept until cleared
-        OverCurrent = 2, ///< the input draws all that its range allows, and does not reach its set value
-        OverPower = 8,   ///< the power was too high for the module, and the input is off; kept until cleared
+        OverCurrent =
+            2,         ///< the input draws all that its range allows, and does not reach its set value; or the current
+                       ///< was too high, and the input is off, kept until cleared
+        OverPower = 8, ///< the power was too high for the module, and the input is off; kept until cleared
     };
-    /// Protection trips at that multiple of the module's voltage and power.
-    static constexpr double tripMargin = 1.05;
+    /// Protection reaches to that multiple of the module's voltage, current and power.
+    static constexpr double tripMargin = LoadSettings::tripMargin;
     /// Meters go on to that multiple of their range.
     static constexpr double meterSpan = 1.05;
 
@@ -68,6 +70,10 @@ public:
     /// off, and must not begin before it is on.
     void setShort(bool on);
     bool isShort() const { return short_; }
+    /// The volts (0), amperes (1) or watts (2) beyond which protection trips.
+    void setProtection(std::size_t quantity, double value);
+    /// From which volts of the source on the input draws a current, and whether it goes on below them.
+    void setOnVoltage(double volts, bool latched);
     /// The windows that readings are judged by.
     void setJudging(const std::array<JudgedWindow, 3>& windows, bool judged);
 
@@ -106,6 +112,7 @@ private:
     unsigned tripped_ = 0;
     bool inputOn_ = false;
     bool short_ = false;
+    bool draws_ = false; // the source has reached the load-on voltage
     std::optional<Played> played_;
 };
 

@@ -24,6 +24,8 @@ LoadSettings LoadSettings::afterReset(const LoadModule& module)
         settings.slewRates[indexOf(range)].fill(module.slewRate[indexOf(range)].highest);
     }
     settings.windows = {{{0, module.maxVoltage()}, {0, module.maxCurrent()}, {0, module.maxPower}}};
+    settings.protection = {module.maxVoltage() * tripMargin, module.maxCurrent() * tripMargin,
+                           module.maxPower * tripMargin};
     return settings;
 }
 

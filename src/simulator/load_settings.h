@@ -17,6 +17,8 @@ struct JudgedWindow {
 struct LoadSettings {
     /// Two levels for each function and range; `level` says which of the two is in force.
     using Levels = std::array<double, 2>;
+    /// Protection reaches to that multiple of the module's voltage, current and power.
+    static constexpr double tripMargin = 1.05;
 
     LoadFunction function = LoadFunction::Current;
     /// The range in force of each function, by `indexOf(LoadFunction)`.
@@ -28,6 +30,12 @@ struct LoadSettings {
     /// The windows of the voltage, the current and the power, and whether readings are judged by them.
     std::array<JudgedWindow, 3> windows{};
     bool judged = false;
+    /// Beyond these volts, amperes or watts protection trips.
+    std::array<double, 3> protection{};
+    /// The source's volts from which on the input draws a current at all; a latched input goes on below them once it
+    /// has begun.
+    double onVoltage = 0;
+    bool latched = false;
 
     LoadRange range(LoadFunction of) const { return ranges[indexOf(of)]; }
     /// Both levels of a function in its range in force.
@@ -36,8 +44,8 @@ struct LoadSettings {
     /// The value that the input holds when it is on.
     double setValue() const { return levelsOf(function)[static_cast<std::size_t>(level)]; }
 
-    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates, the
-    /// windows as wide as the module.
+    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates, windows and
+    /// protection as wide as the module, a load from 0 V on.
     static LoadSettings afterReset(const LoadModule& module);
 };
 

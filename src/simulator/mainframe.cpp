@@ -135,6 +135,7 @@ void Mainframe::reset()
 {
     programPlayer_.stop(*this);
     programs_.revert();
+    panel_ = {};
     for (int number = 1; number <= channelCount(); ++number) {
         LoadChannel& channel = change(number);
         channel.recall(LoadSettings::afterReset(channel.module()));

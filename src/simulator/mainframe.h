@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "front_panel.h"
+#include "instrument_calendar.h"
 #include "load_channel.h"
 #include "program_player.h"
 #include "sequence_player.h"
@@ -46,6 +48,12 @@ public:
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
+    FrontPanel& panel() { return panel_; }
+    const FrontPanel& panel() const { return panel_; }
+    InstrumentCalendar& calendar() { return calendar_; }
+
+    /// Since the instrument was switched on.
+    double seconds() const { return seconds_; }
     /// Moves all channels to the clock's time, through all that a running sequence does on the way.
     void advance();
     /// Moves all channels to `seconds` since the instrument was switched on.
@@ -83,8 +91,8 @@ public:
     /// As somebody at the instrument would: a channel that is switched off takes no part in a program any more.
     void switchInput(int number, bool on);
     void switchAllOff();
-    /// All inputs off, all settings as after a reset, channel 1 and point 1 selected. Memories and the sequence keep what
-    /// they hold; the programs go back to what was saved.
+    /// All inputs off, all settings as after a reset, channel 1 and point 1 selected, the keys and the screen as at first.
+    /// Memories, the calendar and the sequence keep what they hold; the programs go back to what was saved.
     void reset();
     /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
     /// a reset. Recalling ends a program and switches all inputs off; taking the settings lets the program go on.
@@ -116,6 +124,8 @@ private:
     std::vector<LoadChannel> channels_;
     std::vector<Measurement> measurements_;
     std::array<Memory, memoryCount> memories_;
+    FrontPanel panel_;
+    InstrumentCalendar calendar_;
     SequenceMemory sequence_;
     SequencePlayer sequencePlayer_;
     int editedPoint_ = 1;

@@ -206,8 +206,8 @@ std::vector<Command> stepCommands()
          .parameters = timeParameters,
          .queryParameters = limits,
          .example = "0.5S",
-         .summary = "How many seconds behind the begin of the on-time the readings are judged, at most 119.9 and at "
-                    "most the on-time; 0 is off.",
+         .summary = "How many seconds after the inputs went on the readings are judged, at most 119.9 and at most the "
+                    "on-time; 0 is off.",
          .set = setTime<&Step::judgeSeconds>,
          .query = queryTime<&Step::judgeSeconds>},
         {.header = "PROGram:SEQuence:SHORt:CHANnel",
@@ -224,7 +224,7 @@ std::vector<Command> stepCommands()
          .parameters = timeParameters,
          .queryParameters = limits,
          .example = "0.1S",
-         .summary = "How many seconds the short lasts from the begin of the on-time, at most 60; 0 is off.",
+         .summary = "How many seconds the short lasts after the inputs went on, at most 60; 0 is off.",
          .set = setTime<&Step::shortSeconds>,
          .query = queryTime<&Step::shortSeconds>},
         {.header = "PROGram:SEQuence:DATA",

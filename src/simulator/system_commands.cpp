@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "answer_text.h"
 #include "instrument_commands.h"
 
 #include "mainframe.h"
@@ -17,6 +18,40 @@ constexpr std::string_view remoteModes[] = {"0", "NORMal", "1", "FAST"};
 template <ControlState State> void setControl(CommandContext& context, const CommandCall&)
 {
     context.mainframe.setControlState(State);
+}
+
+std::string joined(int first, int second, int third)
+{
+    return std::to_string(first) + ',' + std::to_string(second) + ',' + std::to_string(third);
+}
+
+void setDate(CommandContext& context, const CommandCall& call)
+{
+    constexpr double first = InstrumentCalendar::firstYear;
+    constexpr double last = InstrumentCalendar::lastYear;
+    const InstrumentCalendar::Date date{call.integer(0, {first, last, first}), call.integer(1, {1, 12, 1}),
+                                        call.integer(2, {1, 31, 1})};
+    if (!context.mainframe.calendar().setDate(date, context.mainframe.seconds()))
+        throw CommandFailure{ErrorNumber::DataOutOfRange};
+}
+
+std::string queryDate(CommandContext& context, const CommandCall&)
+{
+    const auto [year, month, day] = context.mainframe.calendar().date(context.mainframe.seconds());
+    return joined(year, month, day);
+}
+
+void setTime(CommandContext& context, const CommandCall& call)
+{
+    const InstrumentCalendar::Time time{call.integer(0, {0, 23, 0}), call.integer(1, {0, 59, 0}),
+                                        call.integer(2, {0, 59, 0})};
+    context.mainframe.calendar().setTime(time, context.mainframe.seconds());
+}
+
+std::string queryTime(CommandContext& context, const CommandCall&)
+{
+    const auto [hour, minute, second] = context.mainframe.calendar().time(context.mainframe.seconds());
+    return joined(hour, minute, second);
 }
 
 std::string takeAllErrors(StatusRegisters& status)
@@ -71,6 +106,39 @@ CommandSection systemCommands()
                  [](Context& context, const Call&) {
                      return std::string(controlAnswers[static_cast<std::size_t>(context.mainframe.controlState())]);
                  }},
+            {.header = "SYSTem:PRESet",
+             .summary = "Resets all settings and switches all inputs off, as *RST does.",
+             .set = [](Context& context, const Call&) { context.mainframe.reset(); }},
+            {.header = "SYSTem:BEEPer[:IMMediate]",
+             .summary = "Beeps once, if the beeper is on.",
+             .set = [](Context& context, const Call&) { context.mainframe.panel().beep(); }},
+            {.header = "SYSTem:BEEPer:STATe",
+             .parameters = "ON|OFF|1|0",
+             .example = "OFF",
+             .summary = "Whether there is a beep, with each key and when it is asked for. Answers 1 or 0.",
+             .set = [](Context& context, const Call& call) { context.mainframe.panel().setBeeperOn(call.boolean(0)); },
+             .query = [](Context& context, const Call&) -> std::string {
+                 return context.mainframe.panel().beeperOn() ? "1" : "0";
+             }},
+            {.header = "SYSTem:BEEPer:COUNt",
+             .summary = "How often it has beeped since the last reset.",
+             .query = [](Context& context,
+                         const Call&) { return std::to_string(context.mainframe.panel().beepCount()); }},
+            {.header = "SYSTem:DATE",
+             .parameters = "<2000 to 2099>,<1 to 12>,<1 to 31>",
+             .example = "2024,2,29",
+             .summary = "The year, the month and the day, separated by commas.",
+             .set = setDate,
+             .query = queryDate},
+            {.header = "SYSTem:TIME",
+             .parameters = "<0 to 23>,<0 to 59>,<0 to 59>",
+             .example = "23,59,58",
+             .summary = "The hour, the minute and the second, separated by commas.",
+             .set = setTime,
+             .query = queryTime},
+            {.header = "SYSTem:UPTime",
+             .summary = "The seconds since the instrument was switched on.",
+             .query = [](Context& context, const Call&) { return decimalText(context.mainframe.seconds(), 3); }},
             {.header = "UTILity:REMote:MODE",
              .parameters = "FAST|NORMal|1|0",
              .example = "FAST",

@@ -68,6 +68,7 @@ protected:
         const Mainframe& mainframe = instrument->mainframe();
         ASSERT_EQ(mainframe.channelCount(), 8);
         ASSERT_TRUE(mainframe.selectedChannel() >= 1 && mainframe.selectedChannel() <= 8) << after;
+        ASSERT_FALSE(mainframe.sequenceRuns() && mainframe.programRuns()) << after;
         for (int number = 1; number <= 8; ++number) {
             const LoadChannel& each = mainframe.channel(number);
             const LoadSettings& settings = each.settings();
@@ -77,6 +78,7 @@ protected:
             ASSERT_TRUE(std::isfinite(each.operatingPoint().current) && each.operatingPoint().current >= 0) << after;
             ASSERT_LE(each.operatingPoint().power(), each.module().maxPower * LoadChannel::tripMargin) << after;
             ASSERT_TRUE(each.inputOn() || each.operatingPoint().current == 0) << after;
+            ASSERT_TRUE(each.inputOn() || !(each.isPlaying() || each.isShort())) << after;
         }
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench.h"
+#include "rows.h"
 
 namespace orb {
 namespace {
@@ -186,6 +187,18 @@ TEST_F(LoadCommandsTest, NoOtherCommandSwitchesAnInputOn)
     ask("*TST?;:MEAS:ALLV?");
     time.advance(std::chrono::hours(24));
     EXPECT_EQ(ask(":LOAD:ALL?"), "0,0,0");
+}
+
+TEST_F(LoadCommandsTest, NoRowOfTheTableButLoadSwitchesAnInputOn)
+{
+    for (const Command& command : allRows()) {
+        if (command.set == nullptr || command.header == "LOAD#[:STATe]" || command.header == "LOAD:ALL")
+            continue;
+        build(defaultConfiguration());
+        ask(waysToWrite(command.header).front() + ' ' + std::string(command.example));
+        time.advance(std::chrono::seconds(1));
+        EXPECT_EQ(ask(":LOAD:ALL?"), "0,0,0,0,0,0,0,0") << command.header;
+    }
 }
 
 } // namespace

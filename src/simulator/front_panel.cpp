@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "front_panel.h"
+
+#include "mainframe.h"
+
+#include <QByteArray>
+
+namespace orb {
+
+namespace {
+
+/// A new value for the level in force; false where the range does not hold it.
+bool setLevelInForce(LoadChannel& channel, double value)
+{
+    const LoadSettings& settings = channel.settings();
+    const LoadFunction function = settings.function;
+    if (!channel.module().range(function, settings.range(function)).holds(value))
+        return false;
+    channel.setLevel(function, settings.level, value);
+    return true;
+}
+
+/// One step of the range, up or down; nothing beyond its ends.
+void turnKnob(LoadChannel& channel, bool right)
+{
+    const LoadSettings& settings = channel.settings();
+    const double step = channel.module().range(settings.function, settings.range(settings.function)).step;
+    setLevelInForce(channel, settings.setValue() + (right ? step : -step));
+}
+
+/// CC, CR, CV and CC again, each in its range in force.
+void takeNextFunction(LoadChannel& channel)
+{
+    constexpr LoadFunction next[] = {LoadFunction::Resistance, LoadFunction::Voltage, LoadFunction::Current};
+    const LoadFunction function = next[indexOf(channel.settings().function)];
+    channel.setMode(function, channel.settings().range(function));
+}
+
+} // namespace
+
+bool FrontPanel::isKey(int code)
+{
+    return (code >= Digit0 && code <= Help) || code == KnobPress || code == Knob;
+}
+
+bool FrontPanel::isRefused(int code, const Mainframe& mainframe) const
+{
+    const bool switchesOff = code == Load && mainframe.channel(mainframe.selectedChannel()).inputOn();
+    return locked_ && !switchesOff;
+}
+
+void FrontPanel::beep()
+{
+    if (beeperOn_)
+        ++beepCount_;
+}
+
+void FrontPanel::type(char c)
+{
+    const bool secondPoint = c == '.' && entry_.find('.') != std::string::npos;
+    if (entry_.size() < maxEntry && !secondPoint)
+        entry_ += c;
+}
+
+FrontPanel::Outcome FrontPanel::takeEntry(Mainframe& mainframe)
+{
+    bool isNumber = false;
+    const double value = QByteArray::fromStdString(entry_).toDouble(&isNumber);
+    const bool isEmpty = entry_.empty();
+    entry_.clear();
+    if (isEmpty)
+        return Outcome::Done;
+    const bool fits = isNumber && setLevelInForce(mainframe.change(mainframe.selectedChannel()), value);
+    return fits ? Outcome::Done : Outcome::OutOfRange;
+}
+
+FrontPanel::Outcome FrontPanel::press(int code, int count, Mainframe& mainframe)
+{
+    if (!isKey(code))
+        return Outcome::NoSuchKey;
+    beep();
+    if (isRefused(code, mainframe))
+        return Outcome::Locked;
+    lastKey_ = code;
+    lastCount_ = count;
+    return act(code, count, mainframe);
+}
+
+FrontPanel::Outcome FrontPanel::act(int code, int count, Mainframe& mainframe)
+{
+    const int number = mainframe.selectedChannel();
+    if (code >= Digit0 && code <= Digit9) {
+        type(static_cast<char>('0' + (code - Digit0)));
+        return Outcome::Done;
+    }
+    if (code >= F1 && code <= F5) {
+        page_ = static_cast<Page>(code - F1);
+        return Outcome::Done;
+    }
+    switch (code) {
+    case Dot:
+        type('.');
+        break;
+    case Clear:
+        entry_.clear();
+        break;
+    case Enter:
+    case KnobPress:
+        return takeEntry(mainframe);
+    case Preset:
+        mainframe.change(number).chooseLevel(1 - mainframe.channel(number).settings().level);
+        break;
+    case Load:
+        mainframe.switchInput(number, !mainframe.channel(number).inputOn());
+        break;
+    case Channel:
+        mainframe.selectChannel(number % mainframe.channelCount() + 1);
+        mainframe.displayChannel(mainframe.selectedChannel());
+        break;
+    case Function:
+        takeNextFunction(mainframe.change(number));
+        break;
+    case Knob:
+        turnKnob(mainframe.change(number), count == stepToTheRight);
+        break;
+    default: // SHIFT, FILE and HELP change nothing but the last key
+        break;
+    }
+    return Outcome::Done;
+}
+
+} // namespace orb
