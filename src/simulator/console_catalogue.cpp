@@ -42,10 +42,12 @@ std::vector<CatalogueEntry> catalogueEntries(const Command& command)
     const std::string header = shortHeader(command.header);
     const std::string mark = command.set == nullptr ? "?" : "";
     std::vector<CatalogueEntry> entries{{header + mark, std::string(command.summary), formatOf(command)}};
+    const auto addLevel = [&](const std::string& level) {
+        entries.push_back({header + ":L" + level + mark, "Level " + level + " of " + header + ".", formatOf(command)});
+    };
     if (command.header.find(levelNode) != std::string_view::npos) {
-        for (const std::string level : {"L1", "L2"})
-            entries.push_back({header + ":" + level + mark, "Level " + level.substr(1) + " of " + header + ".",
-                               formatOf(command)});
+        addLevel("1");
+        addLevel("2");
     }
     if (command.query != nullptr && command.queryParameters.find("MINimum|MAXimum") != std::string_view::npos) {
         entries.push_back({header + "? MIN", "The least that " + header + " can be set to.", "query"});
