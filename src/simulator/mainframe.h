@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "front_panel.h"
 #include "instrument_calendar.h"
+#include "instrument_panel.h"
 #include "load_channel.h"
 #include "program_player.h"
 #include "sequence_player.h"
@@ -48,8 +48,8 @@ public:
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
-    FrontPanel& panel() { return panel_; }
-    const FrontPanel& panel() const { return panel_; }
+    InstrumentPanel& panel() { return panel_; }
+    const InstrumentPanel& panel() const { return panel_; }
     InstrumentCalendar& calendar() { return calendar_; }
 
     /// Since the instrument was switched on.
@@ -124,7 +124,7 @@ private:
     std::vector<LoadChannel> channels_;
     std::vector<Measurement> measurements_;
     std::array<Memory, memoryCount> memories_;
-    FrontPanel panel_;
+    InstrumentPanel panel_;
     InstrumentCalendar calendar_;
     SequenceMemory sequence_;
     SequencePlayer sequencePlayer_;
