@@ -54,7 +54,8 @@ public:
 
     /// Since the instrument was switched on.
     double seconds() const { return seconds_; }
-    /// Moves all channels to the clock's time, through all that a running sequence does on the way.
+    /// Moves all channels to the clock's time, through all that a running sequence or program does on the
+    /// way.
     void advance();
     /// Moves all channels to `seconds` since the instrument was switched on.
     void moveTo(double seconds);
