@@ -35,6 +35,11 @@ std::string formatOf(const Command& command)
     return command.queryParameters.empty() ? "query" : std::string(command.queryParameters);
 }
 
+CatalogueEntry levelEntry(const Command& command, const std::string& header, char level, const std::string& mark)
+{
+    return {header + ":L" + level + mark, std::string("Level ") + level + " of " + header + '.', formatOf(command)};
+}
+
 } // namespace
 
 std::vector<CatalogueEntry> catalogueEntries(const Command& command)
@@ -42,12 +47,9 @@ std::vector<CatalogueEntry> catalogueEntries(const Command& command)
     const std::string header = shortHeader(command.header);
     const std::string mark = command.set == nullptr ? "?" : "";
     std::vector<CatalogueEntry> entries{{header + mark, std::string(command.summary), formatOf(command)}};
-    const auto addLevel = [&](const std::string& level) {
-        entries.push_back({header + ":L" + level + mark, "Level " + level + " of " + header + ".", formatOf(command)});
-    };
     if (command.header.find(levelNode) != std::string_view::npos) {
-        addLevel("1");
-        addLevel("2");
+        for (const char level : {'1', '2'})
+            entries.push_back(levelEntry(command, header, level, mark));
     }
     if (command.query != nullptr && command.queryParameters.find("MINimum|MAXimum") != std::string_view::npos) {
         entries.push_back({header + "? MIN", "The least that " + header + " can be set to.", "query"});

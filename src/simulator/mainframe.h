@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "front_panel.h"
 #include "instrument_calendar.h"
+#include "instrument_panel.h"
 #include "load_channel.h"
 #include "program_player.h"
 #include "sequence_player.h"
@@ -48,13 +48,14 @@ public:
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
-    FrontPanel& panel() { return panel_; }
-    const FrontPanel& panel() const { return panel_; }
+    InstrumentPanel& panel() { return panel_; }
+    const InstrumentPanel& panel() const { return panel_; }
     InstrumentCalendar& calendar() { return calendar_; }
 
     /// Since the instrument was switched on.
     double seconds() const { return seconds_; }
-    /// Moves all channels to the clock's time, through all that a running sequence does on the way.
+    /// Moves all channels to the clock's time, through all that a running sequence or program does on the
+    /// way.
     void advance();
     /// Moves all channels to `seconds` since the instrument was switched on.
     void moveTo(double seconds);
@@ -124,7 +125,7 @@ private:
     std::vector<LoadChannel> channels_;
     std::vector<Measurement> measurements_;
     std::array<Memory, memoryCount> memories_;
-    FrontPanel panel_;
+    InstrumentPanel panel_;
     InstrumentCalendar calendar_;
     SequenceMemory sequence_;
     SequencePlayer sequencePlayer_;

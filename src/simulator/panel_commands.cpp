@@ -11,30 +11,30 @@ namespace {
 constexpr NumberLimits byteLimits{0, 255, 0};
 constexpr NumberLimits percentLimits{0, 100, 100};
 
-/// The words for `FrontPanel::Page`, in its order.
+/// The words for `InstrumentPanel::Page`, in its order.
 constexpr std::string_view pageWords[] = {"CHANnel", "ALL", "SEQuence", "PROGram", "SYSTem"};
 constexpr std::string_view pageAnswers[] = {"CHAN", "ALL", "SEQ", "PROG", "SYST"};
-static_assert(std::size(pageWords) == FrontPanel::pageCount);
+static_assert(std::size(pageWords) == InstrumentPanel::pageCount);
 
 void pressKey(CommandContext& context, const CommandCall& call)
 {
     const int code = call.integer(0, byteLimits);
     const int count = call.parameterCount() > 1 ? call.integer(1, byteLimits) : 1;
     switch (context.mainframe.panel().press(code, count, context.mainframe)) {
-    case FrontPanel::Outcome::NoSuchKey:
+    case InstrumentPanel::Outcome::NoSuchKey:
         throw CommandFailure{ErrorNumber::IllegalParameterValue};
-    case FrontPanel::Outcome::Locked:
+    case InstrumentPanel::Outcome::Locked:
         throw CommandFailure{ErrorNumber::SettingsConflict};
-    case FrontPanel::Outcome::OutOfRange:
+    case InstrumentPanel::Outcome::OutOfRange:
         throw CommandFailure{ErrorNumber::DataOutOfRange};
-    case FrontPanel::Outcome::Done:
+    case InstrumentPanel::Outcome::Done:
         break;
     }
 }
 
 std::string queryKey(CommandContext& context, const CommandCall&)
 {
-    const FrontPanel& panel = context.mainframe.panel();
+    const InstrumentPanel& panel = context.mainframe.panel();
     return std::to_string(panel.lastKey()) + ',' + std::to_string(panel.lastCount());
 }
 
@@ -88,7 +88,7 @@ CommandSection panelCommands()
                         "programs or the system. Answers CHAN, ALL, SEQ, PROG or SYST.",
              .set =
                  [](Context& context, const Call& call) {
-                     context.mainframe.panel().showPage(static_cast<FrontPanel::Page>(call.choice(0, pageWords)));
+                     context.mainframe.panel().showPage(static_cast<InstrumentPanel::Page>(call.choice(0, pageWords)));
                  },
              .query =
                  [](Context& context, const Call&) {

@@ -101,8 +101,6 @@ void SequencePlayer::advanceTo(double seconds, Mainframe& mainframe)
         skipRounds(seconds);
         // Behind a skip the point may end later than asked for: rounding is all that is left of it.
         mainframe.moveTo(std::min(endOfPoint(), seconds));
-        if (!runs(mainframe))
-            return;
         if (!goOn(mainframe.channel(channel_)))
             return stop(mainframe);
         holdAt(began_, mainframe);

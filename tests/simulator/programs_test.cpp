@@ -16,7 +16,8 @@ protected:
     {
         for (int amperes = 1; amperes <= 5; ++amperes) {
             const std::string text = std::to_string(amperes);
-            tell(":CURR1 " + text + ";:CURR2 0.1;*SAV " + text);
+            tell(":CURR1 " + text);
+            tell(":CURR2 0.1;*SAV " + text);
         }
         tell("*RST");
     }

@@ -111,6 +111,15 @@ TEST_F(ProtectionTest, AProgramJudgesAtItsTime)
     EXPECT_EQ(ask(":PROG:RES?;:PROG:STAT?"), "FAIL,2,1;IDLE") << "9.5 V";
 }
 
+TEST_F(ProtectionTest, AProgramJudgesAtTheEndOfTheOnTimeAtTheLatest)
+{
+    using namespace std::chrono_literals;
+    tell(":CURR 2;:LIM ON;:LIM:CURR:LOW 1;*SAV 1;*RST");
+    tell(":PROG:SEQ:MODE AUTO;:PROG:ONT 1S;:PROG:OFFT 9S;:PROG:PFT 5S;:LOAD ON;:PROG:RUN");
+    time.advance(10s);
+    EXPECT_EQ(ask(":PROG:RES?"), "PASS,1,0") << "while the input is still on";
+}
+
 TEST_F(ProtectionTest, AProgramFailsAStepInWhichProtectionTrips)
 {
     using namespace std::chrono_literals;

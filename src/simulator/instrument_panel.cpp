@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "front_panel.h"
+#include "instrument_panel.h"
 
 #include "mainframe.h"
 
@@ -38,31 +38,31 @@ void takeNextFunction(LoadChannel& channel)
 
 } // namespace
 
-bool FrontPanel::isKey(int code)
+bool InstrumentPanel::isKey(int code)
 {
     return (code >= Digit0 && code <= Help) || code == KnobPress || code == Knob;
 }
 
-bool FrontPanel::isRefused(int code, const Mainframe& mainframe) const
+bool InstrumentPanel::isRefused(int code, const Mainframe& mainframe) const
 {
     const bool switchesOff = code == Load && mainframe.channel(mainframe.selectedChannel()).inputOn();
     return locked_ && !switchesOff;
 }
 
-void FrontPanel::beep()
+void InstrumentPanel::beep()
 {
     if (beeperOn_)
         ++beepCount_;
 }
 
-void FrontPanel::type(char c)
+void InstrumentPanel::type(char c)
 {
     const bool secondPoint = c == '.' && entry_.find('.') != std::string::npos;
     if (entry_.size() < maxEntry && !secondPoint)
         entry_ += c;
 }
 
-FrontPanel::Outcome FrontPanel::takeEntry(Mainframe& mainframe)
+InstrumentPanel::Outcome InstrumentPanel::takeEntry(Mainframe& mainframe)
 {
     bool isNumber = false;
     const double value = QByteArray::fromStdString(entry_).toDouble(&isNumber);
@@ -74,7 +74,7 @@ FrontPanel::Outcome FrontPanel::takeEntry(Mainframe& mainframe)
     return fits ? Outcome::Done : Outcome::OutOfRange;
 }
 
-FrontPanel::Outcome FrontPanel::press(int code, int count, Mainframe& mainframe)
+InstrumentPanel::Outcome InstrumentPanel::press(int code, int count, Mainframe& mainframe)
 {
     if (!isKey(code))
         return Outcome::NoSuchKey;
@@ -86,7 +86,7 @@ FrontPanel::Outcome FrontPanel::press(int code, int count, Mainframe& mainframe)
     return act(code, count, mainframe);
 }
 
-FrontPanel::Outcome FrontPanel::act(int code, int count, Mainframe& mainframe)
+InstrumentPanel::Outcome InstrumentPanel::act(int code, int count, Mainframe& mainframe)
 {
     const int number = mainframe.selectedChannel();
     if (code >= Digit0 && code <= Digit9) {

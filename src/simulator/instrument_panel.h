@@ -9,7 +9,7 @@ class Mainframe;
 
 /// The keys, the screen's settings and the beeper. A key acts on the selected channel. Only the LOAD key switches an
 /// input on.
-class FrontPanel {
+class InstrumentPanel {
 public:
     enum class Page { Channel, All, Sequence, Program, System };
     static constexpr int pageCount = 5;

@@ -6,7 +6,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class FrontPanelTest : public BenchTest {
+class InstrumentPanelTest : public BenchTest {
 protected:
     void press(const std::string& code) { tell(":KEYBoard:CODE " + code); }
     void type(std::string_view digits)
@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(FrontPanelTest, KnowsEveryKeyOfThePanelAndNoOther)
+TEST_F(InstrumentPanelTest, KnowsEveryKeyOfThePanelAndNoOther)
 {
     constexpr int others[] = {123, 214};
     for (int code = 0; code <= 255; ++code) {
@@ -29,7 +29,7 @@ TEST_F(FrontPanelTest, KnowsEveryKeyOfThePanelAndNoOther)
     EXPECT_EQ(errors(), "-222,\"Data out of range\"");
 }
 
-TEST_F(FrontPanelTest, TellsTheLastKey)
+TEST_F(InstrumentPanelTest, TellsTheLastKey)
 {
     EXPECT_EQ(ask(":KEYB:CODE?"), "0,0");
     press("113,1");
@@ -42,7 +42,7 @@ TEST_F(FrontPanelTest, TellsTheLastKey)
     EXPECT_EQ(ask(":KEYB:CODE?"), "120,1") << "no key has that code";
 }
 
-TEST_F(FrontPanelTest, OnlyTheLoadKeySwitchesAnInputOn)
+TEST_F(InstrumentPanelTest, OnlyTheLoadKeySwitchesAnInputOn)
 {
     for (int code = 96; code <= 214; ++code) {
         if (code != 111)
@@ -56,7 +56,7 @@ TEST_F(FrontPanelTest, OnlyTheLoadKeySwitchesAnInputOn)
     EXPECT_EQ(ask(":LOAD:ALL?"), "0,0,0");
 }
 
-TEST_F(FrontPanelTest, TheChannelKeyGoesToTheNextChannel)
+TEST_F(InstrumentPanelTest, TheChannelKeyGoesToTheNextChannel)
 {
     press("112,1");
     EXPECT_EQ(ask(":CHAN?;:CHAN:DISP?"), "2;2");
@@ -65,7 +65,7 @@ TEST_F(FrontPanelTest, TheChannelKeyGoesToTheNextChannel)
     EXPECT_EQ(ask(":CHAN?;:CHAN:DISP?"), "1;1");
 }
 
-TEST_F(FrontPanelTest, DigitsAndEnterSetTheLevelInForce)
+TEST_F(InstrumentPanelTest, DigitsAndEnterSetTheLevelInForce)
 {
     type("1.25");
     EXPECT_EQ(ask(":KEYB:ENTR?;:CURR?"), "\"1.25\";0.0000");
@@ -87,7 +87,7 @@ TEST_F(FrontPanelTest, DigitsAndEnterSetTheLevelInForce)
     EXPECT_EQ(errors(), "-222,\"Data out of range\"");
 }
 
-TEST_F(FrontPanelTest, TheKnobGoesAStepUpOrDownAndNotBeyondTheRange)
+TEST_F(InstrumentPanelTest, TheKnobGoesAStepUpOrDownAndNotBeyondTheRange)
 {
     press("214,1");
     EXPECT_EQ(ask(":CURR?"), "0.0000");
@@ -99,7 +99,7 @@ TEST_F(FrontPanelTest, TheKnobGoesAStepUpOrDownAndNotBeyondTheRange)
     EXPECT_EQ(errors(), noError);
 }
 
-TEST_F(FrontPanelTest, PresetChangesTheLevelAndFunctionTheMode)
+TEST_F(InstrumentPanelTest, PresetChangesTheLevelAndFunctionTheMode)
 {
     press("109,1");
     EXPECT_EQ(ask(":LEV?"), "2");
@@ -113,7 +113,7 @@ TEST_F(FrontPanelTest, PresetChangesTheLevelAndFunctionTheMode)
     EXPECT_EQ(modes, "CRH CV CCH ");
 }
 
-TEST_F(FrontPanelTest, TheFunctionKeysChooseThePage)
+TEST_F(InstrumentPanelTest, TheFunctionKeysChooseThePage)
 {
     std::string pages;
     for (const char* key : {"113,1", "114,1", "115,1", "116,1", "117,1"}) {
@@ -125,7 +125,7 @@ TEST_F(FrontPanelTest, TheFunctionKeysChooseThePage)
     EXPECT_EQ(ask(":DISP:WIND:PAGE?"), "SEQ");
 }
 
-TEST_F(FrontPanelTest, LockedKeysDoNothingButSwitchOff)
+TEST_F(InstrumentPanelTest, LockedKeysDoNothingButSwitchOff)
 {
     tell(":LOAD ON;:KEYB:LOCK ON");
     press("112,1");
@@ -141,7 +141,7 @@ TEST_F(FrontPanelTest, LockedKeysDoNothingButSwitchOff)
     EXPECT_EQ(ask(":KEYB:LOCK?"), "0");
 }
 
-TEST_F(FrontPanelTest, TheScreenHasABrightnessAndCanBeOff)
+TEST_F(InstrumentPanelTest, TheScreenHasABrightnessAndCanBeOff)
 {
     tell(":DISP:BRIG 60;:DISP OFF");
     EXPECT_EQ(ask(":DISP:BRIG?;:DISP?;:DISP:BRIG? MAX"), "60;0;100");
@@ -151,7 +151,7 @@ TEST_F(FrontPanelTest, TheScreenHasABrightnessAndCanBeOff)
     EXPECT_EQ(ask(":DISP:BRIG?;:DISP?"), "100;1");
 }
 
-TEST_F(FrontPanelTest, KeysBeepUnlessTheBeeperIsOff)
+TEST_F(InstrumentPanelTest, KeysBeepUnlessTheBeeperIsOff)
 {
     press("120,1");
     tell(":SYST:BEEP");
@@ -161,7 +161,7 @@ TEST_F(FrontPanelTest, KeysBeepUnlessTheBeeperIsOff)
     EXPECT_EQ(ask(":SYST:BEEP:COUN?;STAT?"), "2;0");
 }
 
-TEST_F(FrontPanelTest, TheCalendarRunsOnTheClock)
+TEST_F(InstrumentPanelTest, TheCalendarRunsOnTheClock)
 {
     EXPECT_EQ(ask(":SYST:DATE?;TIME?;UPT?"), "2000,1,1;0,0,0;0.000");
     time.advance(3723s + 500ms);
@@ -176,7 +176,7 @@ TEST_F(FrontPanelTest, TheCalendarRunsOnTheClock)
     EXPECT_EQ(ask(":SYST:DATE?;TIME?"), "2024,2,29;0,0,0");
 }
 
-TEST_F(FrontPanelTest, APresetIsAReset)
+TEST_F(InstrumentPanelTest, APresetIsAReset)
 {
     tell(":CURR 3;:CHAN 2;:LOAD:ALL ON;:SYST:PRES");
     EXPECT_EQ(ask(":CURR?;:CHAN?;:LOAD:ALL?"), "0.0000;1;0,0,0");
