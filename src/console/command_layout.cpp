@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page.h"
+#include "tool_bar.h"
 
 #include <QGridLayout>
 
@@ -37,12 +38,6 @@ void CommandPage::arrange()
 
 QWidget* CommandPage::toolBar()
 {
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(3);
-    QFont toolFont = font();
-    toolFont.setPointSizeF(toolFont.pointSizeF() * 0.88);
     cmdStart.setPicture(icon("\\ICON\\B1RUNSTOP.jpg"));
     cmdStop.setPicture(icon("\\ICON\\B4STOP.JPG"));
     cmdStop.setEnabled(false);
@@ -50,16 +45,10 @@ QWidget* CommandPage::toolBar()
     cmdSaveSCPI.setPicture(icon("\\ICON\\Save.png"));
     cmdRefresh.setPicture(icon("\\ICON\\Refresh.png"));
     cmdSaveResult.setPicture(icon("\\ICON\\Export.png"));
-    for (PictureButton* button : {&cmdStart, &cmdStop, &cmdOpenSCPI, &cmdSaveSCPI, &cmdRefresh, &cmdSaveResult}) {
-        button->setIconSize({32, 32});
-        button->setFont(toolFont);
-        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        row->addWidget(button);
-    }
     cmdStart.setToolTip(
         QStringLiteral("Send the list: the selected line, or with \"Repeat\" all lines round and round"));
     cmdRefresh.setToolTip(QStringLiteral("Empty the log and show the list"));
-    return bar;
+    return toolBarOf({&cmdStart, &cmdStop, &cmdOpenSCPI, &cmdSaveSCPI, &cmdRefresh, &cmdSaveResult});
 }
 
 QWidget* CommandPage::catalogueSide()

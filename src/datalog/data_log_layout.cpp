@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page.h"
 #include "legend_line.h"
+#include "tool_bar.h"
 
 #include <QGridLayout>
 
@@ -54,12 +55,6 @@ void DataLogPage::arrange()
 
 QWidget* DataLogPage::toolBar()
 {
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(3);
-    QFont toolFont = font();
-    toolFont.setPointSizeF(toolFont.pointSizeF() * 0.88); // eight captions in a row
     logStart.setPicture(icon("\\ICON\\B1RUNSTOP.jpg"));
     logStop.setPicture(icon("\\ICON\\B4STOP.JPG"));
     logRefresh.setPicture(icon("\\ICON\\Refresh.png"));
@@ -68,16 +63,9 @@ QWidget* DataLogPage::toolBar()
     logDelete.setPicture(icon("\\ICON\\Delete.png"));
     logPrint.setPicture(icon("\\ICON\\Print.png"));
     cmdExport.setPicture(icon("\\ICON\\Export.png"));
-    for (PictureButton* button :
-         {&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport}) {
-        button->setIconSize({32, 32});
-        button->setFont(toolFont);
-        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        row->addWidget(button);
-    }
     logSave.setToolTip(QStringLiteral("Keep the log in hand among the saved logs"));
     cmdExport.setToolTip(QStringLiteral("Write the log in hand to a CSV file"));
-    return bar;
+    return toolBarOf({&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport});
 }
 
 QWidget* DataLogPage::graphRow()

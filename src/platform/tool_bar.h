@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "picture_button.h"
+
+namespace orb {
+
+/// The buttons side by side over a page, with captions small enough for eight of them to fit. The row belongs to
+/// whoever takes it into a layout.
+QWidget* toolBarOf(const std::vector<PictureButton*>& buttons);
+
+} // namespace orb
