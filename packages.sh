@@ -25,6 +25,9 @@ build_packages=(
 # What a session without an X server needs besides.
 wayland_packages=(qt6-wayland)
 
+# What bench/run needs besides.
+bench_packages=(xvfb xauth)
+
 # What ./test lint needs besides.
 lint_packages=(clang-format clang-tidy git shellcheck)
 
