@@ -135,6 +135,14 @@ TEST_F(RunnerTest, AnEmptyListAndNoSelectionAreTold)
                                            Shown{"Please choose an item of right side ", information, Buttons::Ok}));
 }
 
+TEST_F(RunnerTest, ARepeatOverAnEmptyListFailsAtTheSelectionOfItsFirstLine)
+{
+    press(page.chkRepeat);
+    go();
+    EXPECT_THAT(instrument.sent, IsEmpty());
+    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '380':\n\nInvalid property value"));
+}
+
 TEST_F(RunnerTest, CheckingTheBoxStartsNothing)
 {
     lines({"1"});
