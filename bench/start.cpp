@@ -72,7 +72,7 @@ int main(int argc, char** argv)
         return arguments[1] == QLatin1String("empty") ? showEmpty() : showProgram(arguments[1]);
     const auto folder = bench::applicationWith(0);
     std::vector<double> empty, program;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < 60; ++i) { // an X server makes single starts swing
         empty.push_back(secondsOf({QStringLiteral("empty")}));
         program.push_back(secondsOf({folder->path()}));
     }

@@ -12,8 +12,8 @@ namespace orb {
 /// The instrument page: a card for each channel, or, without a link, the way to the Connect page.
 class ControlPage final : public Control<QWidget> {
 private:
-    Control<QWidget> cardArea_; // containers stand before what they contain
-    Control<QWidget> emptyArea_;
+    QWidget cardArea_; // containers stand before what they contain
+    QWidget emptyArea_;
 
 public:
     Label lblNoLink;

@@ -29,10 +29,7 @@ public:
     void setVisible(bool visible) override
     {
         visible_ = visible;
-        // What was never hidden comes up with its container. To say so once more would lay it out for no one to see.
-        if (!visible || this->isVisible() || this->isWindow() || this->parentWidget()->isVisible() ||
-            this->testAttribute(Qt::WA_WState_ExplicitShowHide))
-            Widget::setVisible(visible);
+        Widget::setVisible(visible);
     }
 
     bool enabled() const { return enabled_; }
