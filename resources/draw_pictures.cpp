@@ -21,7 +21,8 @@ using namespace orb::drawing;
 
 namespace {
 
-constexpr int pictureSize = 128;
+constexpr int pictureSize = 96;
+constexpr int jpegSize = 128; // at less, what JPEG blurs reaches the corners
 
 struct Picture {
     const char* name; ///< the file's name. A .jpg has the button's face for its ground, a .png is transparent.
@@ -158,7 +159,8 @@ void drawAll(const QDir& folder)
         throw std::runtime_error("cannot make the folder ICON");
     const QDir icons(folder.filePath("ICON"));
     for (const Picture& picture : pictures)
-        save(draw(picture, pictureSize, isJpeg(picture.name) ? QColor(buttonFace) : QColor(Qt::transparent)),
+        save(isJpeg(picture.name) ? draw(picture, jpegSize, QColor(buttonFace))
+                                  : draw(picture, pictureSize, Qt::transparent),
              icons.filePath(picture.name));
     for (const Cursor& cursor : cursors)
         save(cursorFile(draw({gridUnits, gridUnits}, cursor.glyph), cursor.hotSpot), icons.filePath(cursor.name));

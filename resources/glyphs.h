@@ -5,7 +5,7 @@
 #include <QPainter>
 
 /// The hand that draws the program's pictures. All of them lie on a grid of 32 by 32 units, keep a margin of two and
-/// use lines two units wide that run along whole units, so that they stay sharp at 32, 64 and 128 pixels.
+/// use lines two units wide that run along whole units, so that they stay sharp at 32, 64 and 96 pixels.
 namespace orb::drawing {
 
 /// What a button is painted with around its picture. A JPEG picture brings this colour along, since it can't be
