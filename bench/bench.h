@@ -54,7 +54,7 @@ private:
     const QString voltages_ = QStringLiteral("12.1000,12.2000,12.3000,12.4000,12.5000,12.6000,12.7000,12.8000,");
 };
 
-/// Dialogues that no one has to answer; a box that comes up ends the benchmark with its text.
+/// Dialogs that no one has to answer; a box that comes up ends the benchmark with its text.
 class NoDialogs final : public Dialogs {
 public:
     Answer message(const QString& text, Icon icon, Buttons buttons) override;
@@ -65,7 +65,7 @@ public:
 };
 
 /// A failure ends the benchmark.
-class FatalEnding final : public Ending {
+class FatalExit final : public ProcessExit {
 public:
     void report(const RuntimeFailure& failure) override { qFatal("%s", failure.what()); }
     void exit() override { std::exit(1); }

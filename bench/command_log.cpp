@@ -38,8 +38,8 @@ public:
     }
 
 private:
-    bench::FatalEnding ending_;
-    Run run_{ending_};
+    bench::FatalExit processExit_;
+    Run run_{processExit_};
     VirtualClock clock_{run_};
     bench::NoDialogs dialogs_;
     std::unique_ptr<QTemporaryDir> application_ = bench::applicationWith(0);

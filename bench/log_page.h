@@ -20,8 +20,8 @@ public:
 
 private:
     std::unique_ptr<QTemporaryDir> application_;
-    FatalEnding ending_;
-    Run run_{ending_};
+    FatalExit processExit_;
+    Run run_{processExit_};
     VirtualClock clock_{run_};
     NoDialogs dialogs_;
     Paths paths_{application_->path()};

@@ -29,9 +29,9 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     const auto folder = bench::applicationWith(0);
-    bench::FatalEnding ending;
+    bench::FatalExit processExit;
     bench::NoDialogs dialogs;
-    Run run(ending);
+    Run run(processExit);
     VirtualClock clock(run);
     clock.allow(1LL << 60);
     const Paths paths(folder->path());

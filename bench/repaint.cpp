@@ -53,7 +53,7 @@ void fillBare(QCustomPlot& plot, const GraphPlan& plan)
     for (std::size_t i = 0; i < plan.plots.size(); ++i) {
         const std::vector<double> values = samples(static_cast<int>(i));
         QCPGraph* graph = plot.addGraph(plot.xAxis, plan.plots[i].valueAxis == 2 ? plot.yAxis : plot.yAxis2);
-        graph->setPen(QPen(plan.plots[i].colour));
+        graph->setPen(QPen(plan.plots[i].color));
         graph->setData(x, QVector<double>(values.begin(), values.end()), true);
     }
 }
@@ -63,8 +63,8 @@ void fillBare(QCustomPlot& plot, const GraphPlan& plan)
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    bench::FatalEnding ending;
-    Run run(ending);
+    bench::FatalExit processExit;
+    Run run(processExit);
     Form form(run);
     form.resize(size);
     Graph graph(graphLogPlan(), &form);

@@ -38,9 +38,9 @@ int showEmpty()
 
 int showProgram(const QString& folder)
 {
-    bench::FatalEnding ending;
+    bench::FatalExit processExit;
     bench::NoDialogs dialogs;
-    Run run(ending);
+    Run run(processExit);
     RealClock clock(run);
     const Paths paths(folder);
     DeviceControl CORB(clock);

@@ -139,8 +139,8 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     ServerThread server;
-    orb::bench::FatalEnding ending;
-    orb::Run run(ending);
+    orb::bench::FatalExit processExit;
+    orb::Run run(processExit);
     orb::RealClock clock(run);
     orb::Form form(run);
     const QTemporaryDir settings;

@@ -12,7 +12,7 @@ enum class Kind : quint16 { Icon = 1, Cursor = 2 };
 
 struct Entry {
     QSize size;
-    quint16 planesOrHotX = 0; ///< an icon's colour planes, a cursor's hot spot
+    quint16 planesOrHotX = 0; ///< an icon's color planes, a cursor's hot spot
     quint16 depthOrHotY = 0;
     QByteArray picture;
 };
@@ -44,7 +44,7 @@ QByteArray container(Kind kind, const QList<Entry>& entries)
 }
 
 /// Rows run from the bottom up; a set bit of the mask keeps what lies under the cursor.
-void writeColours(QDataStream& out, const QImage& image)
+void writeColors(QDataStream& out, const QImage& image)
 {
     for (int y = image.height() - 1; y >= 0; --y)
         for (int x = 0; x < image.width(); ++x)
@@ -74,9 +74,9 @@ QByteArray headlessBitmap(const QImage& image)
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setByteOrder(QDataStream::LittleEndian);
     out << quint32(40) << qint32(image.width()) << qint32(2 * image.height()) << quint16(1) << quint16(32);
-    for (int unused = 0; unused < 6; ++unused) // no compression; sizes and colours follow from the above
+    for (int unused = 0; unused < 6; ++unused) // no compression; sizes and colors follow from the above
         out << quint32(0);
-    writeColours(out, image);
+    writeColors(out, image);
     writeMask(out, image);
     return bytes;
 }
@@ -94,9 +94,9 @@ QByteArray pngStream(const QImage& image)
 
 QByteArray cursorFile(const QImage& image, const QPoint& hotSpot)
 {
-    const QImage colours = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage colors = image.convertToFormat(QImage::Format_ARGB32);
     return container(Kind::Cursor,
-                     {{colours.size(), quint16(hotSpot.x()), quint16(hotSpot.y()), headlessBitmap(colours)}});
+                     {{colors.size(), quint16(hotSpot.x()), quint16(hotSpot.y()), headlessBitmap(colors)}});
 }
 
 QByteArray iconFile(const QList<QImage>& images)

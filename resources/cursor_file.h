@@ -7,7 +7,7 @@
 
 namespace orb::drawing {
 
-/// The bytes of a Windows cursor file (.cur) with one picture in 32-bit colour and the mask that goes with it.
+/// The bytes of a Windows cursor file (.cur) with one picture in 32-bit color and the mask that goes with it.
 /// `image` is at most 256 pixels wide and high, `hotSpot` the pixel in it that points.
 QByteArray cursorFile(const QImage& image, const QPoint& hotSpot);
 

@@ -8,14 +8,14 @@
 /// use lines two units wide that run along whole units, so that they stay sharp at 32, 64 and 96 pixels.
 namespace orb::drawing {
 
-/// What a button is painted with around its picture. A JPEG picture brings this colour along, since it can't be
+/// What a button is painted with around its picture. A JPEG picture brings this color along, since it can't be
 /// transparent; it is one that JPEG keeps to the last bit.
 constexpr QRgb buttonFace = 0xffF5F6F8;
 
 /// The units of a picture from edge to edge.
 constexpr int gridUnits = 32;
 
-/// The colours of one picture.
+/// The colors of one picture.
 struct Ink {
     QColor line;   ///< outlines
     QColor fill;   ///< the calm surfaces inside of outlines
@@ -71,7 +71,7 @@ void intoInstrument(QPainter& painter, const Ink& ink);
 void outOfInstrument(QPainter& painter, const Ink& ink);
 void simulate(QPainter& painter, const Ink& ink);
 
-/// The program's own sign. Knows one set of colours.
+/// The program's own sign. Knows one set of colors.
 void applicationIcon(QPainter& painter, const Ink& ink);
 /// A screen of 320 by 240 that shows nothing, in pixels of its own and not on the grid.
 void emptyScreen(QPainter& painter);

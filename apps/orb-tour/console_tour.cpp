@@ -108,7 +108,7 @@ void fileSteps(Tour& tour, FormORB& form)
     const QString list = QStringLiteral("commands.scp");
     const QString log = QStringLiteral("commands.log");
     tour.then(QStringLiteral("saves the list"), [&tour, &page, list] {
-        QFile::remove(tour.path(list)); // of an earlier tour: the dialogue would ask
+        QFile::remove(tour.path(list)); // of an earlier tour: the dialog would ask
         hand::press(page, QStringLiteral("Save Command File"));
     });
     tour.chooseFile(list);

@@ -4,7 +4,7 @@
 #include "device_control.h"
 #include "form_orb.h"
 #include "operator.h"
-#include "served_log.h"
+#include "served_log_comparison.h"
 #include "simulator_process.h"
 #include "tour.h"
 
@@ -28,7 +28,7 @@ void pageStep(Tour& tour, FormORB& form, const QString& caption)
 void exportSteps(Tour& tour, FormORB& form, const QString& name)
 {
     tour.then(QStringLiteral("presses the export"), [&tour, &form, name] {
-        QFile::remove(tour.path(name)); // of an earlier tour: the dialogue would ask
+        QFile::remove(tour.path(name)); // of an earlier tour: the dialog would ask
         form.frmDatalog.cmdExport.click();
     });
     tour.chooseFile(name);
@@ -76,15 +76,15 @@ void recordingSteps(Tour& tour, FormORB& form)
 void savedLogSteps(Tour& tour, FormORB& form)
 {
     DataLogPage& page = form.frmDatalog;
-    DataFileDialogue& dialogue = page.FrameDataFileOperate;
+    DataFileDialog& dialog = page.FrameDataFileOperate;
     const QString identifier = QDate::currentDate().toString(QStringLiteral("yyyyMMdd")) + QStringLiteral("001");
     tour.then(QStringLiteral("saves the log"), [&page] { page.logSave.click(); });
     tour.answer(QStringLiteral("Data Log Saved OK(Rec ID:%1)!").arg(identifier), QStringLiteral("OK"));
     tour.then(QStringLiteral("opens the list of saved logs"),
               [&page] { hand::press(page, QStringLiteral("Open Log File")); });
-    tour.then(QStringLiteral("selects the log"), [&dialogue] { dialogue.lstLogMain.setCurrentRow(0); });
+    tour.then(QStringLiteral("selects the log"), [&dialog] { dialog.lstLogMain.setCurrentRow(0); });
     tour.picture(form, QStringLiteral("data_log_open.png"));
-    tour.then(QStringLiteral("opens it"), [&dialogue] { hand::press(dialogue, QStringLiteral("OK")); });
+    tour.then(QStringLiteral("opens it"), [&dialog] { hand::press(dialog, QStringLiteral("OK")); });
     tour.picture(form, QStringLiteral("data_log_opened.png"));
     exportSteps(tour, form, QStringLiteral("log_opened.csv"));
     tour.then(QStringLiteral("compares both exports byte for byte"), [&tour] {

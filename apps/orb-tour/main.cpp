@@ -39,8 +39,8 @@ int work(const QDir& out)
     std::printf("    a simulated instrument listens on port %d\n", simulator.port());
 
     RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
-    RealEnding ending(dialogs);
-    Run run(ending);
+    RealProcessExit processExit(dialogs);
+    Run run(processExit);
     RealClock clock(run);
     const Paths paths(folder.path());
     DeviceControl CORB(clock);

@@ -121,7 +121,7 @@ void acceptFile()
 {
     auto* name = up<QFileDialog>()->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     const QString path = name->text();
-    name->clear(); // typing, not what stands there, takes the mark off the file that the dialogue offers
+    name->clear(); // typing, not what stands there, takes the mark off the file that the dialog offers
     name->setText(path);
     const auto* buttons = up<QFileDialog>()->findChild<QDialogButtonBox*>();
     for (auto* button : buttons->buttons())
@@ -138,7 +138,7 @@ void printTo(const QString& path)
 {
     auto* dialog = up<QPrintDialog>();
     if (!dialog)
-        throw TourFailure(QStringLiteral("no printer dialogue is up"));
+        throw TourFailure(QStringLiteral("no printer dialog is up"));
     dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
     dialog->printer()->setOutputFileName(path);
     dialog->done(QDialog::Accepted);

@@ -43,20 +43,20 @@ void type(QWidget& box, const QString& text);
 /// The message box that is up: its text. Empty while none is.
 QString messageUp();
 
-/// True while a file dialogue is up.
+/// True while a file dialog is up.
 bool fileDialogUp();
 
-/// Types this path into the file dialogue that is up. True when it stands there since the last look: a dialogue that
+/// Types this path into the file dialog that is up. True when it stands there since the last look: a dialog that
 /// still reads its folder puts the name of before into the place of what was typed.
 bool typeFileName(const QString& path);
 
-/// Accepts the file dialogue that is up.
+/// Accepts the file dialog that is up.
 void acceptFile();
 
-/// True while the printer dialogue is up.
+/// True while the printer dialog is up.
 bool printDialogUp();
 
-/// Lets the printer dialogue that is up print to this file.
+/// Lets the printer dialog that is up print to this file.
 void printTo(const QString& path);
 
 /// True when a finished PDF document is in the file.

@@ -66,7 +66,7 @@ int Tour::run()
     return QApplication::exec();
 }
 
-/// Each look is a timer of its own: a step that opens a dialogue goes on inside it.
+/// Each look is a timer of its own: a step that opens a dialog goes on inside it.
 void Tour::schedule()
 {
     QTimer::singleShot(pollMs, &context_, [this] { poll(); });

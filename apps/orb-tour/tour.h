@@ -11,7 +11,7 @@
 namespace orb {
 
 /// Works the program through a list of steps, each as soon as it can be done, while the program's own event loops run,
-/// those of its dialogues and of its recording among them.
+/// those of its dialogs and of its recording among them.
 class Tour {
 public:
     /// Pictures and files go to `out`.
@@ -23,7 +23,7 @@ public:
     void then(const QString& says, std::function<void()> act);
     /// A message box of that text comes up; the operator presses that button.
     void answer(const QString& text, const QString& button);
-    /// The file dialogue comes up; the operator names that file.
+    /// The file dialog comes up; the operator names that file.
     void chooseFile(const QString& name);
     /// Leaves a picture of the widget.
     void picture(const QWidget& widget, const QString& name);

@@ -12,8 +12,8 @@ int main(int argc, char** argv)
 
     const QApplication application(argc, argv);
     RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
-    RealEnding ending(dialogs);
-    Run run(ending);
+    RealProcessExit processExit(dialogs);
+    Run run(processExit);
     RealClock clock(run);
     const Paths paths(QCoreApplication::applicationDirPath());
     DeviceControl CORB(clock);

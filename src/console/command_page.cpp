@@ -18,7 +18,7 @@ CommandPage::CommandPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORB
       CORB_(CORB),
       optDispDev_(optDispDev)
 {
-    arrange();
+    createLayout();
     wire();
 }
 

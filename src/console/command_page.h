@@ -72,7 +72,7 @@ public:
     void cmdSaveResultClick();
 
 private:
-    void arrange();
+    void createLayout();
     QWidget* catalogueSide();
     QWidget* listSide();
     QWidget* toolBar();

@@ -37,7 +37,7 @@ DataLogPage::DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORB
       CORB_(CORB),
       dbMain_(dbMain)
 {
-    arrange();
+    createLayout();
     wire();
 }
 
@@ -170,7 +170,7 @@ void DataLogPage::readCursorOff(int plot)
     GraphCursor& cursor = graphLog.cursor(1);
     const GraphPlot& curve = graphLog.plot(plot);
     cursor.setPlot(curve);
-    cursor.setColour(curve.lineColour());
+    cursor.setColor(curve.lineColor());
     cursor.setVisible(true);
     const GraphAxis& axis = graphLog.axis(plot % 2 ? 2 : 3);
     cursor.setYPosition((axis.maximum() + axis.minimum()) / 2);
@@ -218,7 +218,7 @@ void DataLogPage::cmdExportClick()
     dialog.initialDirectory = paths_.inApplication(QStringLiteral("\\"));
     dialog.filter = QStringLiteral("ORB Data Log文件(*.csv)|*.csv");
     dialogs_.showSave();
-    const QString name = dialog.fileName; // a cancel hands back what the dialogue held before
+    const QString name = dialog.fileName; // a cancel hands back what the dialog held before
     if (!name.isEmpty()) {
         OutputFile file(name);
         file.writeLine(csvHeader(iLogChannels));

@@ -4,7 +4,7 @@
 #include "check_box.h"
 #include "combo_box.h"
 #include "data_control.h"
-#include "data_file_dialogue.h"
+#include "data_file_dialog.h"
 #include "database.h"
 #include "db_grid.h"
 #include "dialogs.h"
@@ -65,8 +65,8 @@ public:
     DataControl DataLog;
     DBGrid DBGrid1;
     /// Lies over the page. Whoever shows it on another page takes it to a container of that page's.
-    DataFileDialogue FrameDataFileOperate;
-    /// What the dialogue's OK does for the stored programs, which its tag "PROCROGRAM" tells.
+    DataFileDialog FrameDataFileOperate;
+    /// What the dialog's OK does for the stored programs, which its tag "PROCROGRAM" tells.
     std::function<void()> ApplyProgramHistory;
     Timer TimerDataLog; ///< has no interval and never ticks
 
@@ -104,7 +104,7 @@ public:
     void TimerDataLogTimer();
 
 private:
-    void arrange();
+    void createLayout();
     void wire();
     QWidget* toolBar();
     QWidget* graphRow();

@@ -7,9 +7,9 @@ namespace orb {
 
 namespace {
 
-const std::array<QColor, graphChannels> channelColours{QColor(0, 255, 0),   QColor(0, 0, 255),     QColor(128, 0, 128),
-                                                       QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0),
-                                                       QColor(128, 0, 0),   QColor(128, 128, 0)};
+const std::array<QColor, graphChannels> channelColors{QColor(0, 255, 0),   QColor(0, 0, 255),     QColor(128, 0, 128),
+                                                      QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0),
+                                                      QColor(128, 0, 0),   QColor(128, 128, 0)};
 
 // The captions differ in case from row to row, and the last three have no second range: both are as the axis takes
 // them. "2Day" to "4Day" are not offered in the list.
@@ -47,7 +47,7 @@ GraphPlan graphLogPlan()
     for (int plot = 0; plot < 2 * graphChannels; ++plot) {
         const bool isCurrent = plot % 2 == 1;
         plan.plots.push_back({QStringLiteral("Plot-%1").arg(plot + 1), isCurrent ? 3 : 2,
-                              channelColours[static_cast<std::size_t>(plot / 2)], isCurrent});
+                              channelColors[static_cast<std::size_t>(plot / 2)], isCurrent});
     }
     plan.cursors = 2 * graphChannels;
     return plan;

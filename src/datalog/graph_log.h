@@ -11,7 +11,7 @@ constexpr double secondInDays = 1.0 / 86400;
 constexpr int graphChannels = 8;
 
 /// What `graphLog` is made of: elapsed time, volts on the left, amperes on the right, two curves and two cursors for
-/// each channel. Odd plots show volts, even plots amperes; both of a channel share a colour.
+/// each channel. Odd plots show volts, even plots amperes; both of a channel share a color.
 GraphPlan graphLogPlan();
 
 /// One choice of `cmbXLength`: what it sets on the time axis.

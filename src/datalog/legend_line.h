@@ -21,7 +21,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(graph_.plotAreaColour());
+        painter.setBrush(graph_.plotAreaColor());
         painter.drawRoundedRect(rect(), 3, 3);
         graph_.plot(plot_).paintLegend(painter, rect().adjusted(3, 0, -3, 0));
     }

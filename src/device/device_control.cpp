@@ -59,7 +59,7 @@ DeviceControl::DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QS
       timerConnect_(clock),
       timerPage_(clock)
 {
-    layOut();
+    createLayout();
     cmdAllOff.onClick = [this] { cmdAllOffClick(); };
     controlPage.onLoad = [this](int channel, bool on) { switchLoad(channel, on); };
     controlPage.onGoToConnect = [this] { ShowConnectPage(); };
@@ -77,7 +77,7 @@ DeviceControl::DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QS
     display();
 }
 
-void DeviceControl::layOut()
+void DeviceControl::createLayout()
 {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(6);

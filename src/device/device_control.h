@@ -52,7 +52,7 @@ public:
     void cmdAllOffClick();
 
 private:
-    void layOut();
+    void createLayout();
     void sendLine(const QByteArray& line);
     void connectTo(const QString& resourceName);
     std::unique_ptr<Transport> makeTransport() const;

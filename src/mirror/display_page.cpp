@@ -16,7 +16,7 @@ constexpr int slowLink = 1;
 DisplayPage::DisplayPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB)
     : Frame(QStringLiteral("DISPLAY")), TimerDisplay(clock), dialogs_(dialogs), paths_(paths), CORB_(CORB)
 {
-    arrange();
+    createLayout();
     dispPlay.onClick = [this] { dispPlayClick(); };
     dispStop.onClick = [this] { dispStopClick(); };
     dispPause.onClick = [this] { dispPauseClick(); };
@@ -25,7 +25,7 @@ DisplayPage::DisplayPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORB
     TimerDisplay.setEnabled(true);
 }
 
-void DisplayPage::arrange()
+void DisplayPage::createLayout()
 {
     resizeTwips(7455, 9555);
     const std::array<QWidget*, 10> children{&Image2,  &Picture1,    &dispPlay, &dispStop,   &dispPause,

@@ -43,7 +43,7 @@ public:
     void TimerDisplayTimer();
 
 private:
-    void arrange();
+    void createLayout();
     QString icon(const QString& name) const { return paths_.inApplication(name); }
 
     Dialogs& dialogs_;

@@ -54,7 +54,7 @@ TEST_F(CatalogueTest, AMissingCatalogueIsToldAndTheStartGoesOn)
     run.enter([&] { page.InitListCommand(); });
 
     EXPECT_THAT(dialogs.shown, ElementsAre(Shown{"Error Number:53:File not found", noIcon, Buttons::Ok}));
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(CatalogueTest, AFolderInThePlaceOfTheCatalogueIsTold)
@@ -93,7 +93,7 @@ TEST_F(CatalogueTest, AnEntryWithoutARowLeavesTheLabelsAsTheyWere)
     pick(page.lstCommand, "stray");
 
     EXPECT_EQ(labels(), "Command:A | Description:b | Format:x");
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(CatalogueTest, ALastLineWithoutAnEndCounts)

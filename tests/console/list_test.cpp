@@ -149,7 +149,7 @@ TEST_F(CommandListTest, AnEmptyLineOfAFileIsSentAsAnEmptyCommand)
     EXPECT_EQ(page.txtExecLog.text(), "\r\n");
 }
 
-TEST_F(CommandListTest, ACancelKeepsTheListThoughTheDialogueHoldsAName)
+TEST_F(CommandListTest, ACancelKeepsTheListThoughTheDialogHoldsAName)
 {
     write("list.scp", "A\r\n");
     page.lstCmdPool.addItem("mine");
@@ -171,7 +171,7 @@ TEST_F(CommandListTest, AnEmptyListIsNotSaved)
     EXPECT_THAT(dialogs.fileDialogs, IsEmpty());
 }
 
-TEST_F(CommandListTest, TheFileDialoguesAskInTheApplicationsFolder)
+TEST_F(CommandListTest, TheFileDialogsAskInTheApplicationsFolder)
 {
     press(page.cmdOpenSCPI);
     ASSERT_EQ(dialogs.fileDialogs.size(), 1);
@@ -199,7 +199,7 @@ TEST_F(CommandListTest, AFolderInThePlaceOfAListIsReportedAndNothingOnDiskIsLost
     QDir(application.path()).mkdir("list.scp");
     dialogs.files = {application.filePath("list.scp")};
     press(page.cmdOpenSCPI);
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
     EXPECT_TRUE(QDir(application.filePath("list.scp")).exists());
 }
 
@@ -210,7 +210,7 @@ TEST_F(CommandListTest, ASaveOntoAFolderIsReportedAndTheListAndTheFolderStay)
     page.lstCmdPool.addItem("*RST");
     dialogs.files = {application.filePath("list.scp")};
     press(page.cmdSaveSCPI);
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
     EXPECT_EQ(contentOf(application.filePath("list.scp/inside")), "kept");
     EXPECT_THAT(page.lstCmdPool.items(), ElementsAre("*RST"));
 }

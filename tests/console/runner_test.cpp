@@ -140,7 +140,7 @@ TEST_F(RunnerTest, ARepeatOverAnEmptyListFailsAtTheSelectionOfItsFirstLine)
     press(page.chkRepeat);
     go();
     EXPECT_THAT(instrument.sent, IsEmpty());
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '380':\n\nInvalid property value"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '380':\n\nInvalid property value"));
 }
 
 TEST_F(RunnerTest, CheckingTheBoxStartsNothing)
@@ -198,7 +198,7 @@ TEST_F(RunnerTest, LinesAddedInARunAreNotReachedAndARemovedOneFails)
     press(page.cmdStart);
 
     EXPECT_THAT(instrument.sent, ElementsAre("1", "2", "1", "2"));
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '380':\n\nInvalid property value"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '380':\n\nInvalid property value"));
 }
 
 TEST_F(RunnerTest, ALinkLostInARunIsNotNoticed)
@@ -224,7 +224,7 @@ TEST_F(RunnerTest, AListOfMoreLinesThanAPositionCountsOverflows)
     press(page.cmdStart);
 
     EXPECT_EQ(instrument.sent.size(), 32768);
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '6':\n\nOverflow"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '6':\n\nOverflow"));
 }
 
 TEST_F(RunnerTest, TheLogIsSavedWithOneFurtherLineEndAndStays)

@@ -17,7 +17,7 @@ protected:
         instrument.onCommand = [this](const QString& query) { return query == ":FETC:ALLC?" ? currents : voltages; };
         dbMain = wsMain.openDatabase(databasePath());
         run.enter([this] { page.InitDataLog(); });
-        EXPECT_THAT(ending.reports, testing::IsEmpty());
+        EXPECT_THAT(processExit.reports, testing::IsEmpty());
     }
 
     /// Records from now on; the operator stops in the yield before the sample behind the last of so many.

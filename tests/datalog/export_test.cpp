@@ -46,7 +46,7 @@ TEST_F(ExportTest, ASuccessfulExportAnswersWithBothBoxesInThisOrder)
     EXPECT_THAT(dialogs.shown, ElementsAre(saved(), cancelled));
 }
 
-TEST_F(ExportTest, TheDialogueAsksInTheApplicationsFolderForACsvFile)
+TEST_F(ExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
 {
     record(1);
 
@@ -66,7 +66,7 @@ TEST_F(ExportTest, WithoutDataInHandNothingIsAsked)
     EXPECT_THAT(dialogs.fileDialogs, IsEmpty());
 }
 
-TEST_F(ExportTest, ACancelOfAnEmptyDialogueSavesNothing)
+TEST_F(ExportTest, ACancelOfAnEmptyDialogSavesNothing)
 {
     record(1);
 
@@ -76,7 +76,7 @@ TEST_F(ExportTest, ACancelOfAnEmptyDialogueSavesNothing)
     EXPECT_EQ(csv(), "no such file");
 }
 
-TEST_F(ExportTest, ACancelHandsBackTheNameThatTheDialogueHeldAndTheExportGoesAhead)
+TEST_F(ExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExportGoesAhead)
 {
     record(1);
     dialogs.CommonDialog1.fileName = csvPath;
@@ -96,8 +96,8 @@ TEST_F(ExportTest, ZeroChannelsWithRowsInHandCannotBeExported)
 
     press(page.cmdExport);
 
-    ASSERT_EQ(ending.reports.size(), 1);
-    EXPECT_TRUE(ending.reports[0].startsWith("Run-time error '3265':")) << ending.reports[0].toStdString();
+    ASSERT_EQ(processExit.reports.size(), 1);
+    EXPECT_TRUE(processExit.reports[0].startsWith("Run-time error '3265':")) << processExit.reports[0].toStdString();
     EXPECT_EQ(csv(), "No.,Time\r\n") << "the file stays as far as it was written";
 }
 
@@ -151,7 +151,7 @@ TEST_F(ExportTest, ANumericFieldIsRefusedByTheJoiningOfTexts)
 
     press(page.cmdExport);
 
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '13':\n\nType mismatch"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '13':\n\nType mismatch"));
     EXPECT_EQ(csv(), "No.,Time,Ch1V,Ch1A\r\n");
 }
 
@@ -162,7 +162,7 @@ TEST_F(ExportTest, AFileThatCannotBeOpenedIsReportedAndNothingIsLost)
 
     press(page.cmdExport);
 
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '76':\n\nPath not found"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '76':\n\nPath not found"));
     EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
 }
 

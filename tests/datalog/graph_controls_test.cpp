@@ -142,7 +142,7 @@ TEST_F(GraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked
     const GraphCursor& cursor = page.graphLog.cursor(1);
     EXPECT_TRUE(cursor.visible());
     EXPECT_EQ(cursor.plot(), &page.graphLog.plot(4));
-    EXPECT_EQ(cursor.colour(), QColor(0, 0, 255));
+    EXPECT_EQ(cursor.color(), QColor(0, 0, 255));
     EXPECT_EQ(cursor.yPosition(), 25);
 }
 
@@ -242,8 +242,8 @@ TEST_F(GraphControlsTest, TheGraphHasItsAxesPlotsAndCursors)
     EXPECT_EQ(graph.cursorCount(), 16);
     EXPECT_EQ(&graph.plot(15).valueAxis(), &graph.axis(2));
     EXPECT_EQ(&graph.plot(16).valueAxis(), &graph.axis(3));
-    EXPECT_EQ(graph.plot(13).lineColour(), QColor(128, 0, 0));
-    EXPECT_EQ(graph.plot(14).lineColour(), QColor(128, 0, 0));
+    EXPECT_EQ(graph.plot(13).lineColor(), QColor(128, 0, 0));
+    EXPECT_EQ(graph.plot(14).lineColor(), QColor(128, 0, 0));
     EXPECT_EQ(graph.plot(16).name(), "Plot-16");
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_test.h"
 
-#include "real_printer.h"
-
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -11,16 +9,16 @@ namespace {
 
 class PrintTest : public DataLogTest {
 protected:
-    /// Every colour of the graph that could change, as one text.
-    QString colours() const
+    /// Every color of the graph that could change, as one text.
+    QString colors() const
     {
         const Graph& graph = page.graphLog;
-        QStringList names{graph.frameColour().name(), graph.plotAreaColour().name(),
+        QStringList names{graph.frameColor().name(), graph.plotAreaColor().name(),
                           graph.elementVisible("Graph Frame") ? "frame" : "no frame"};
         for (int axis = 1; axis <= 3; ++axis)
-            names << graph.axis(axis).gridColour().name();
+            names << graph.axis(axis).gridColor().name();
         for (int plot = 1; plot <= 16; ++plot)
-            names << graph.plot(plot).lineColour().name();
+            names << graph.plot(plot).lineColor().name();
         return names.join(' ');
     }
 
@@ -47,11 +45,11 @@ TEST_F(PrintTest, ATableOfSixRowsAndNineColumnsIsWalkedAndNothingPrinted)
     EXPECT_THAT(std::vector<QString>(told().end() - 3, told().end()), ElementsAre("y 395", "x 740", "end"));
 }
 
-TEST_F(PrintTest, ThePictureIsMadeInPaperColours)
+TEST_F(PrintTest, ThePictureIsMadeInPaperColors)
 {
     QString onPaper;
-    dialogs.recordedPrinter.onPaint = [&] { onPaper = colours(); };
-    const QString before = colours();
+    dialogs.recordedPrinter.onPaint = [&] { onPaper = colors(); };
+    const QString before = colors();
 
     press(page.logPrint);
 
@@ -65,61 +63,28 @@ TEST_F(PrintTest, ThePictureIsMadeInPaperColours)
 
 TEST_F(PrintTest, TheGraphLooksBehindAPrintAsItDidBefore)
 {
-    const QString before = colours();
+    const QString before = colors();
     press(page.logPrint);
-    EXPECT_EQ(colours(), before);
+    EXPECT_EQ(colors(), before);
     EXPECT_EQ(dialogs.printerDialogs, 1);
 }
 
-TEST_F(PrintTest, ACancelOfThePrinterDialogueStillPrints)
+TEST_F(PrintTest, ACancelOfThePrinterDialogStillPrints)
 {
     dialogs.printerAccepted = false;
     press(page.logPrint);
     EXPECT_EQ(told().back(), "end");
 }
 
-TEST_F(PrintTest, AFailureInThePrintingLeavesTheGraphInItsPaperColours)
+TEST_F(PrintTest, AFailureInThePrintingLeavesTheGraphInItsPaperColors)
 {
     dialogs.recordedPrinter.onPaint = [] { throw RuntimeFailure(failure::PrinterError); };
 
     press(page.logPrint);
 
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '482':\n\nPrinter error"));
-    EXPECT_EQ(page.graphLog.plotAreaColour(), QColor(255, 255, 255));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '482':\n\nPrinter error"));
+    EXPECT_EQ(page.graphLog.plotAreaColor(), QColor(255, 255, 255));
     EXPECT_FALSE(page.graphLog.elementVisible("Graph Frame"));
-}
-
-TEST_F(PrintTest, ARealPrinterMakesALandscapePdfOfOnePage)
-{
-    const QString path = application.filePath("page.pdf");
-    RealPrinter printer;
-    printer.device().setOutputFormat(QPrinter::PdfFormat);
-    printer.device().setOutputFileName(path);
-
-    printer.setOrientation(Printer::Landscape);
-    EXPECT_GT(printer.width(), printer.height());
-    printer.paintPicture(page.graphLog.ControlImage(), 0.1 * printer.width(), 0.1 * printer.height(),
-                         0.4 * printer.width(), 0.4 * printer.height());
-    printer.endDoc();
-
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray pdf = file.readAll();
-    EXPECT_TRUE(pdf.startsWith("%PDF"));
-    EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
-}
-
-TEST_F(PrintTest, APrinterThatCannotBeginIsAPrinterError)
-{
-    RealPrinter printer;
-    printer.device().setOutputFormat(QPrinter::PdfFormat);
-    printer.device().setOutputFileName(application.filePath("none/page.pdf"));
-    try {
-        printer.setFontSize(8);
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), failure::PrinterError);
-    }
 }
 
 } // namespace

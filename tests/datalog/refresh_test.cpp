@@ -51,7 +51,7 @@ TEST_F(RefreshTest, AnEmptyTableDrawsEveryPlotWithOnePointAtZeroAndTheSmallestDe
         EXPECT_THAT(plotted(plot), ElementsAre(0)) << plot;
     EXPECT_THAT(plotted(9), IsEmpty());
     EXPECT_EQ(maxima(), "1e-06 1e-06");
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(RefreshTest, ARefreshDrawsPValOnTheOddPlotsAndSValOnTheEvenOnesAndEndsInAFallToZero)
@@ -107,7 +107,7 @@ TEST_F(RefreshTest, WithSevenChannelsThePlotOfTheSeventhCurrentStaysAtZero)
     EXPECT_THAT(plotted(13), ElementsAre(0, 0, 0));
     EXPECT_THAT(plotted(14), ElementsAre(70, 71, 0));
     EXPECT_THAT(plotted(16), IsEmpty());
-    EXPECT_THAT(ending.reports, IsEmpty()) << "the eighth voltage, which no row has, is read";
+    EXPECT_THAT(processExit.reports, IsEmpty()) << "the eighth voltage, which no row has, is read";
 }
 
 TEST_F(RefreshTest, WithEightChannelsEveryCurveIsFlatAtZero)
@@ -188,7 +188,7 @@ TEST_F(RefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)
 
     press(page.logRefresh);
 
-    EXPECT_THAT(ending.reports, ElementsAre("Run-time error '13':\n\nType mismatch"));
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '13':\n\nType mismatch"));
     EXPECT_THAT(plotted(1), IsEmpty());
     EXPECT_EQ(page.adLogSeries[0][0], 1) << "the series stay as far as they were filled";
 }

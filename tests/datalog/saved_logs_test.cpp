@@ -22,7 +22,7 @@ Shown askToDelete(const QString& identifier)
 
 class SavedLogsTest : public DataLogTest {
 protected:
-    DataFileDialogue& dialogue() { return page.FrameDataFileOperate; }
+    DataFileDialog& dialog() { return page.FrameDataFileOperate; }
 
     void recordAndSave(int samples)
     {
@@ -33,9 +33,9 @@ protected:
     void deleteLog(const QString& line)
     {
         press(page.logDelete);
-        pick(dialogue().listLogDel, line);
+        pick(dialog().listLogDel, line);
         dialogs.answers = {Answer::Yes};
-        press(dialogue().cmdOKDataLogFile);
+        press(dialog().cmdOKDataLogFile);
     }
 
     QString masters() const { return table("select LogID,CHNum,RecNum from DataMeasureM order by LogID"); }
@@ -104,8 +104,8 @@ TEST_F(SavedLogsTest, TheChannelCountIsWhatTheInstrumentSaysAtTheSaveAndALaterOp
     press(page.logSave);
 
     press(page.logOpen);
-    pick(dialogue().lstLogMain, "20240131001, 2024/01/31 10:15:02, 2, 2");
-    press(dialogue().cmdOKDataLogFile);
+    pick(dialog().lstLogMain, "20240131001, 2024/01/31 10:15:02, 2, 2");
+    press(dialog().cmdOKDataLogFile);
 
     EXPECT_EQ(page.iLogChannels, 2);
     EXPECT_THAT(plotted(3), ElementsAre(2.1, 2.1, 0));
@@ -120,8 +120,8 @@ TEST_F(SavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpen)
     record(1);
 
     press(page.logOpen);
-    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
-    press(dialogue().cmdOKDataLogFile);
+    pick(dialog().lstLogMain, dialog().lstLogMain.list(0));
+    press(dialog().cmdOKDataLogFile);
 
     EXPECT_EQ(table("select Reason3,Comment,TimeTick,DiffLastTime from DataMeasure"), "r|c|7|1.5\n");
 }
@@ -132,13 +132,13 @@ TEST_F(SavedLogsTest, AnOpenedLogIsTheLogInHand)
     record(1);
 
     press(page.logOpen);
-    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
-    press(dialogue().cmdOKDataLogFile);
+    pick(dialog().lstLogMain, dialog().lstLogMain.list(0));
+    press(dialog().cmdOKDataLogFile);
 
     EXPECT_EQ(page.lLogRecNo, 3);
     EXPECT_THAT(gridColumn("SeqNo"), ElementsAre("0", "1", "2"));
     EXPECT_EQ(plotted(1).size(), 4);
-    EXPECT_FALSE(dialogue().visible());
+    EXPECT_FALSE(dialog().visible());
 }
 
 TEST_F(SavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
@@ -148,18 +148,18 @@ TEST_F(SavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
     press(page.logSave);
 
     press(page.logOpen);
-    EXPECT_THAT(dialogue().lstLogMain.items(),
+    EXPECT_THAT(dialog().lstLogMain.items(),
                 ElementsAre("20240201001, 2024/02/01 09:00:00, 4, 2", "20240131001, 2024/01/31 10:15:02, 4, 2"));
-    EXPECT_EQ(dialogue().lblLogTitle.caption(), "Please Select a Data Log File and Open this File");
-    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "OPENDATALOG");
-    EXPECT_EQ(dialogue().lstLogMain.backColor(), QColor(255, 192, 192));
+    EXPECT_EQ(dialog().lblLogTitle.caption(), "Please Select a Data Log File and Open this File");
+    EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "OPENDATALOG");
+    EXPECT_EQ(dialog().lstLogMain.backColor(), QColor(255, 192, 192));
 
     press(page.logDelete);
-    EXPECT_THAT(dialogue().listLogDel.items(),
+    EXPECT_THAT(dialog().listLogDel.items(),
                 ElementsAre("20240201001, 2024/02/01 09:00:00, 4", "20240131001, 2024/01/31 10:15:02, 4"));
-    EXPECT_EQ(dialogue().lblLogTitle.caption(), "Please Select a Data Log File and Ready to Delete this File");
-    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "DELETEDATALOG");
-    EXPECT_EQ(dialogue().listLogDel.backColor(), QColor(192, 255, 255));
+    EXPECT_EQ(dialog().lblLogTitle.caption(), "Please Select a Data Log File and Ready to Delete this File");
+    EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "DELETEDATALOG");
+    EXPECT_EQ(dialog().listLogDel.backColor(), QColor(192, 255, 255));
 }
 
 TEST_F(SavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothing)
@@ -167,9 +167,9 @@ TEST_F(SavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothi
     recordAndSave(2);
     press(page.logOpen);
 
-    press(dialogue().cmdOKDataLogFile);
+    press(dialog().cmdOKDataLogFile);
 
-    EXPECT_FALSE(dialogue().visible());
+    EXPECT_FALSE(dialog().visible());
     EXPECT_EQ(page.lLogRecNo, 2);
     EXPECT_EQ(plotted(1).size(), 2) << "no refresh was made";
 }
@@ -180,7 +180,7 @@ TEST_F(SavedLogsTest, OkWithoutASelectionInDeleteModeStillSaysThatTheDeleteIsOk)
     dialogs.shown.clear();
     press(page.logDelete);
 
-    press(dialogue().cmdOKDataLogFile);
+    press(dialog().cmdOKDataLogFile);
 
     EXPECT_THAT(dialogs.shown, ElementsAre(deleted));
     EXPECT_EQ(masters(), "20240131001|4|2\n");
@@ -195,7 +195,7 @@ TEST_F(SavedLogsTest, ADeletedLogIsGoneFromBothTables)
 
     EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001"), deleted));
     EXPECT_EQ(masters() + details(), "");
-    EXPECT_FALSE(dialogue().visible());
+    EXPECT_FALSE(dialog().visible());
 }
 
 TEST_F(SavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
@@ -203,14 +203,14 @@ TEST_F(SavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
     recordAndSave(2);
     dialogs.shown.clear();
     press(page.logDelete);
-    pick(dialogue().listLogDel, dialogue().listLogDel.list(0));
+    pick(dialog().listLogDel, dialog().listLogDel.list(0));
     dialogs.answers = {Answer::No};
 
-    press(dialogue().cmdOKDataLogFile);
+    press(dialog().cmdOKDataLogFile);
 
     EXPECT_THAT(dialogs.shown, ElementsAre(askToDelete("20240131001")));
     EXPECT_EQ(masters(), "20240131001|4|2\n");
-    EXPECT_FALSE(dialogue().visible());
+    EXPECT_FALSE(dialog().visible());
 }
 
 TEST_F(SavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
@@ -218,12 +218,12 @@ TEST_F(SavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
     recordAndSave(1);
     press(page.logOpen);
 
-    press(dialogue().cmdCancelDataLogFile);
+    press(dialog().cmdCancelDataLogFile);
 
-    EXPECT_FALSE(dialogue().visible());
-    EXPECT_FALSE(dialogue().lstLogMain.visible());
-    EXPECT_FALSE(dialogue().listLogDel.visible());
-    EXPECT_EQ(dialogue().cmdOKDataLogFile.tag(), "OPENDATALOG");
+    EXPECT_FALSE(dialog().visible());
+    EXPECT_FALSE(dialog().lstLogMain.visible());
+    EXPECT_FALSE(dialog().listLogDel.visible());
+    EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "OPENDATALOG");
 }
 
 TEST_F(SavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHidesTheFrame)
@@ -231,10 +231,10 @@ TEST_F(SavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHide
     int applied = 0;
     page.ApplyProgramHistory = [&] { ++applied; };
     for (const char* tag : {"PROCROGRAM", "SOMETHING"}) {
-        dialogue().setVisible(true);
-        dialogue().cmdOKDataLogFile.setTag(tag);
-        press(dialogue().cmdOKDataLogFile);
-        EXPECT_FALSE(dialogue().visible());
+        dialog().setVisible(true);
+        dialog().cmdOKDataLogFile.setTag(tag);
+        press(dialog().cmdOKDataLogFile);
+        EXPECT_FALSE(dialog().visible());
     }
     EXPECT_EQ(applied, 1);
 }
@@ -318,9 +318,9 @@ TEST_F(SavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsBe
 {
     recordAndSave(2);
     press(page.logOpen);
-    pick(dialogue().lstLogMain, dialogue().lstLogMain.list(0));
+    pick(dialog().lstLogMain, dialog().lstLogMain.list(0));
     const qint64 start = clock.elapsed();
-    clock.at(start + 3500, [&] { press(dialogue().cmdOKDataLogFile); });
+    clock.at(start + 3500, [&] { press(dialog().cmdOKDataLogFile); });
     clock.at(start + 3600, [&] { press(page.logStop); });
 
     press(page.logStart);

@@ -331,7 +331,7 @@ TEST_F(ControlTest, SaysThatAllOffMetNoLink)
 TEST_F(ControlTest, RunsNothingWhenTheFormIsNone)
 {
     connectInstrument();
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 } // namespace orb

@@ -5,7 +5,7 @@
 #include "form.h"
 #include "press.h"
 #include "real_clock.h"
-#include "recorded_ending.h"
+#include "recorded_exit.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -94,8 +94,8 @@ protected:
     }
     static bool isCurrents(const QString& reply) { return reply == QStringLiteral("0.0000,").repeated(8); }
 
-    RecordedEnding ending;
-    orb::Run run{ending};
+    RecordedExit processExit;
+    orb::Run run{processExit};
     RealClock clock{run};
     Form form{run};
     QTemporaryDir settings;

@@ -31,8 +31,8 @@ QDir icons()
     return QDir(besideTheProgram + "/ICON");
 }
 
-/// How far the most colourful point of a picture is from grey, 0 to 255.
-int colourfulness(const QImage& image)
+/// How far the most colorful point of a picture is from grey, 0 to 255.
+int colorfulness(const QImage& image)
 {
     int most = 0;
     for (int y = 0; y < image.height(); ++y) {
@@ -87,11 +87,11 @@ TEST(Pictures, OfWhatIsOutOfUseAreGreyAndTheOthersAreNot)
 {
     for (const QString& name : changingPictures) {
         const bool outOfUse = name.contains("STOP.", Qt::CaseInsensitive);
-        const int colour = colourfulness(QImage(icons().filePath(name)));
+        const int color = colorfulness(QImage(icons().filePath(name)));
         if (outOfUse)
-            EXPECT_LT(colour, 40) << name.toStdString();
+            EXPECT_LT(color, 40) << name.toStdString();
         else
-            EXPECT_GT(colour, 100) << name.toStdString();
+            EXPECT_GT(color, 100) << name.toStdString();
     }
 }
 

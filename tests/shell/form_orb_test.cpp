@@ -179,7 +179,7 @@ TEST_F(FormORBTest, TheDisplayPageCarriesOnPastAFailingStep)
 
     run.enter([&] { form.pageDisplayClick(); });
 
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_THAT(processExit.reports, IsEmpty());
     EXPECT_TRUE(form.fraDisplay.dispPlay.enabled());
     EXPECT_EQ(form.widthTwips(), 9525);
 }
@@ -273,8 +273,8 @@ TEST_F(DamagedStartTest, AMissingDatabaseEndsTheStartWithTheReportAndNothingIsCr
 
     load();
 
-    ASSERT_EQ(ending.reports.size(), 1);
-    EXPECT_TRUE(ending.reports[0].startsWith("Run-time error '3024':")) << ending.reports[0].toStdString();
+    ASSERT_EQ(processExit.reports.size(), 1);
+    EXPECT_TRUE(processExit.reports[0].startsWith("Run-time error '3024':")) << processExit.reports[0].toStdString();
     EXPECT_FALSE(QFile::exists(databasePath()));
     EXPECT_THAT(dialogs.shown, IsEmpty()) << "no message of the application's own comes first";
     EXPECT_THAT(instrument.calls, IsEmpty());
@@ -287,8 +287,8 @@ TEST_F(DamagedStartTest, AnUnreadableDatabaseEndsTheStartAndStaysAsItIs)
 
     load();
 
-    ASSERT_EQ(ending.reports.size(), 1);
-    EXPECT_TRUE(ending.reports[0].startsWith("Run-time error '3343':")) << ending.reports[0].toStdString();
+    ASSERT_EQ(processExit.reports.size(), 1);
+    EXPECT_TRUE(processExit.reports[0].startsWith("Run-time error '3343':")) << processExit.reports[0].toStdString();
     EXPECT_EQ(contentOf(databasePath()), QString::fromUtf8(bytes));
 }
 
@@ -298,8 +298,8 @@ TEST_F(DamagedStartTest, ADatabaseWithoutItsTablesEndsTheStart)
 
     load();
 
-    ASSERT_EQ(ending.reports.size(), 1);
-    EXPECT_TRUE(ending.reports[0].contains("no such table: DataMeasure")) << ending.reports[0].toStdString();
+    ASSERT_EQ(processExit.reports.size(), 1);
+    EXPECT_TRUE(processExit.reports[0].contains("no such table: DataMeasure")) << processExit.reports[0].toStdString();
 }
 
 } // namespace

@@ -20,8 +20,8 @@ constexpr int limitMs = 60'000;
 /// it says how many rows the grid shows.
 TEST(RecordingProcess, DISABLED_RecordsUntilItIsKilled)
 {
-    RecordedEnding ending;
-    orb::Run run(ending);
+    RecordedExit processExit;
+    orb::Run run(processExit);
     RealClock clock(run);
     ScriptedDialogs dialogs;
     const Paths paths(qEnvironmentVariable(folderVariable));

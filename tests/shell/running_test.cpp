@@ -89,8 +89,8 @@ TEST_F(CommandRunTest, ClosingTheFormDuringARunEndsTheProcessAtThatYield)
 
     press(form.fraCommand.cmdStart);
 
-    EXPECT_EQ(ending.exits, 1);
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_EQ(processExit.exits, 1);
+    EXPECT_THAT(processExit.reports, IsEmpty());
     EXPECT_THAT(instrument.sent, ElementsAre("1", "2", "1"));
 }
 
@@ -119,7 +119,7 @@ TEST_F(RecordingTest, AnExitDuringARecordingEndsTheProcessWithoutAStopAndWithout
 
     press(form.frmDatalog.logStart);
 
-    EXPECT_EQ(ending.exits, 1);
+    EXPECT_EQ(processExit.exits, 1);
     EXPECT_TRUE(form.frmDatalog.logStop.enabled());
     EXPECT_TRUE(form.dbMain->isOpen());
     EXPECT_EQ(rows(), "2");
@@ -131,8 +131,8 @@ TEST_F(RecordingTest, ClosingTheFormDuringARecordingClosesTheDatabaseAndEndsTheP
 
     press(form.frmDatalog.logStart);
 
-    EXPECT_EQ(ending.exits, 1);
-    EXPECT_THAT(ending.reports, IsEmpty());
+    EXPECT_EQ(processExit.exits, 1);
+    EXPECT_THAT(processExit.reports, IsEmpty());
     EXPECT_FALSE(form.dbMain->isOpen());
     EXPECT_EQ(rows(), "2");
 }

@@ -3,7 +3,7 @@
 
 #include "form.h"
 #include "printing.h"
-#include "recorded_ending.h"
+#include "recorded_exit.h"
 #include "virtual_clock.h"
 
 #include <gmock/gmock.h>
@@ -20,8 +20,8 @@ protected:
         return control;
     }
 
-    RecordedEnding ending;
-    orb::Run run{ending};
+    RecordedExit processExit;
+    orb::Run run{processExit};
     VirtualClock clock{run};
     Form form{run};
 };

@@ -6,7 +6,7 @@
 #include "paths.h"
 #include "press.h"
 #include "printing.h"
-#include "recorded_ending.h"
+#include "recorded_exit.h"
 #include "scripted_dialogs.h"
 #include "virtual_clock.h"
 
@@ -16,7 +16,7 @@
 
 namespace orb {
 
-/// A virtual clock, scripted dialogues, a fake instrument control, and an application directory of the test's own with
+/// A virtual clock, scripted dialogs, a fake instrument control, and an application directory of the test's own with
 /// the program's pictures and an `orb.mdb` fresh from its schema.
 class PageTest : public testing::Test {
 protected:
@@ -33,8 +33,8 @@ protected:
     static QString contentOf(const QString& path);
 
     QTemporaryDir application;
-    RecordedEnding ending;
-    orb::Run run{ending};
+    RecordedExit processExit;
+    orb::Run run{processExit};
     VirtualClock clock{run};
     ScriptedDialogs dialogs;
     Paths paths{application.path()};

@@ -27,25 +27,25 @@ inline void PrintTo(const Shown& shown, std::ostream* out)
          << static_cast<int>(shown.buttons);
 }
 
-/// A file dialogue as the operator saw it.
+/// A file dialog as the operator saw it.
 struct ShownFileDialog {
     QString mode; ///< "open" or "save"
     CommonDialog dialog;
 };
 
-/// Dialogues whose answers are written down beforehand, and which write down what was shown, in order.
+/// Dialogs whose answers are written down beforehand, and which write down what was shown, in order.
 class ScriptedDialogs final : public Dialogs {
 public:
     /// Answers to the Yes and No boxes in their order; No where none is left.
     std::deque<Answer> answers;
-    /// What the file dialogues give back in their order, nothing for Cancel; Cancel where none is left.
+    /// What the file dialogs give back in their order, nothing for Cancel; Cancel where none is left.
     std::deque<std::optional<QString>> files;
     std::vector<Shown> shown;
     std::vector<ShownFileDialog> fileDialogs;
     int printerDialogs = 0;
     bool printerAccepted = true;
     RecordedPrinter recordedPrinter;
-    /// Called while the printer dialogue is up.
+    /// Called while the printer dialog is up.
     std::function<void()> onPrinterDialog;
     /// Called while a message box is up, before it is answered.
     std::function<void(const Shown&)> onMessage;

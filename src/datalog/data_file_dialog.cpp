@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_file_dialog.h"
+
+#include <QGridLayout>
+
+namespace orb {
+
+DataFileDialog::DataFileDialog(QWidget* parent) : Frame({}, parent)
+{
+    setObjectName(QStringLiteral("FrameDataFileOperate"));
+    setStyleSheet(QStringLiteral("#FrameDataFileOperate { background: palette(window); border: 2px solid #5a6472; "
+                                 "border-radius: 4px; }"));
+    resizeTwips(6000, 4500);
+    lstLogMain.setBackColor(QColor(255, 192, 192));
+    listLogDel.setBackColor(QColor(192, 255, 255));
+    auto* grid = new QGridLayout(this);
+    lblLogTitle.setWordWrap(true);
+    grid->addWidget(&lblLogTitle, 0, 0, 1, 3);
+    for (ListBox* list : {&lstLogMain, &listLogDel, &lstProgFile}) { // they lie over one another
+        grid->addWidget(list, 1, 0, 1, 3);
+        list->setVisible(false);
+    }
+    grid->setColumnStretch(0, 1);
+    for (PictureButton* button : {&cmdOKDataLogFile, &cmdCancelDataLogFile})
+        button->setMinimumSize(80, 28);
+    grid->addWidget(&cmdOKDataLogFile, 2, 1);
+    grid->addWidget(&cmdCancelDataLogFile, 2, 2);
+    setVisible(false);
+}
+
+} // namespace orb

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data_log_page.h"
+#include "legend_line.h"
+#include "tool_bar.h"
+
+#include <QGridLayout>
+
+namespace orb {
+
+namespace {
+
+constexpr int pageWidthTwips = 10590;
+constexpr int pageHeightTwips = 9300;
+
+const std::array<GridColumn, 22> columns{
+    {{"SeqNo", "SeqNo", 900}, {"RecTime", "RecTime", 2100}, {"PVal1", "CH1 A"},
+     {"SVal1", "CH1 V"},      {"PVal2", "CH2 A"},           {"SVal2", "CH2 V"},
+     {"PVal3", "CH3 A"},      {"SVal3", "CH3 V"},           {"PVal4", "CH4 A"},
+     {"SVal4", "CV4 V"}, // the V in second place is the caption's own
+     {"PVal5", "CH5 A"},      {"SVal5", "CH5 V"},           {"PVal6", "CH6 A"},
+     {"SVal6", "CH6 V"},      {"PVal7", "CH7 A"},           {"SVal7", "CH7 V"},
+     {"PVal8", "CH8 A"},      {"SVal8", "CH8 V"},           {"Reason3", "Reason3"},
+     {"Comment", "Comment"},  {"TimeTick", "TimeTick"},     {"DiffLastTime", "DiffLastTime"}}};
+
+} // namespace
+
+void DataLogPage::createLayout()
+{
+    resizeTwips(pageWidthTwips, pageHeightTwips);
+    DataLog.setConnectText(QStringLiteral("Access 2000;"));
+    DataLog.setCaption(QStringLiteral("Sequence Settings"));
+    DataLog.setRecordSource(QStringLiteral("DataMeasure"));
+    DBGrid1.setDataSource(DataLog);
+    DBGrid1.setColumns({columns.begin(), columns.end()});
+    arrangeChannels();
+    arrangeCursorFrame();
+
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(8, 4, 8, 8);
+    page->setSpacing(6);
+    page->addWidget(toolBar());
+    page->addWidget(graphRow(), 3);
+    page->addWidget(graphHandles());
+    auto* rows = new QHBoxLayout;
+    rows->addWidget(&DBGrid1, 1);
+    rows->addWidget(&FrameCursor);
+    page->addLayout(rows, 2);
+    for (QWidget* unseen : {static_cast<QWidget*>(&DataLog), static_cast<QWidget*>(&lstWave)})
+        unseen->setParent(this);
+    FrameDataFileOperate.setParent(this);
+    FrameDataFileOperate.moveTwips((pageWidthTwips - FrameDataFileOperate.widthTwips()) / 2, 2100);
+    DataLog.setVisible(false);
+    lstWave.setVisible(false);
+}
+
+QWidget* DataLogPage::toolBar()
+{
+    logStart.setPicture(icon("\\ICON\\B1RUNSTOP.jpg"));
+    logStop.setPicture(icon("\\ICON\\B4STOP.JPG"));
+    logRefresh.setPicture(icon("\\ICON\\Refresh.png"));
+    logSave.setPicture(icon("\\ICON\\Save.png"));
+    logOpen.setPicture(icon("\\ICON\\Open.png"));
+    logDelete.setPicture(icon("\\ICON\\Delete.png"));
+    logPrint.setPicture(icon("\\ICON\\Print.png"));
+    cmdExport.setPicture(icon("\\ICON\\Export.png"));
+    logSave.setToolTip(QStringLiteral("Keep the log in hand among the saved logs"));
+    cmdExport.setToolTip(QStringLiteral("Write the log in hand to a CSV file"));
+    return toolBarOf({&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport});
+}
+
+QWidget* DataLogPage::graphRow()
+{
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(&graphLog, 1);
+    layout->addWidget(&FrameChannel);
+    return row;
+}
+
+/// The boxes in a row for each channel, and before each row a line in the color of its plots.
+void DataLogPage::arrangeChannels()
+{
+    auto* grid = new QGridLayout(&FrameChannel);
+    grid->setContentsMargins(6, 4, 6, 4);
+    grid->setVerticalSpacing(2);
+    for (int plot = 1; plot <= 16; ++plot) {
+        CheckBox& box = boxOf(plot);
+        box.setValue(CheckBox::Checked);
+        box.setEnabled(false);
+        const int row = (plot - 1) / 2;
+        const int column = (plot - 1) % 2 * 2;
+        grid->addWidget(new LegendLine(graphLog, plot), row, column);
+        grid->addWidget(&box, row, column + 1);
+    }
+}
+
+QWidget* DataLogPage::graphHandles()
+{
+    auto* handles = new QWidget;
+    auto* row = new QHBoxLayout(handles);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto add = [row](const QString& caption, ComboBox& combo) {
+        auto* label = new Label(caption);
+        label->setBuddy(&combo);
+        row->addWidget(label);
+        row->addWidget(&combo);
+    };
+    add(QStringLiteral("Time Len"), cmbXLength);
+    add(QStringLiteral("Voltage"), cmbYVoltage);
+    add(QStringLiteral("Current"), cmbYCurrent);
+    row->addStretch();
+    auto* modes = new QHBoxLayout(&Frame3);
+    modes->setContentsMargins(6, 2, 6, 2);
+    for (OptionButton& mode : optGraphMode)
+        modes->addWidget(&mode);
+    optGraphMode[0].setValue(true);
+    graphLog.setTrackMode(Graph::TrackZoom);
+    row->addWidget(&Frame3);
+    return handles;
+}
+
+void DataLogPage::arrangeCursorFrame()
+{
+    auto* grid = new QGridLayout(&FrameCursor);
+    grid->setContentsMargins(6, 4, 6, 4);
+    grid->setSpacing(3);
+    int row = 0;
+    const auto add = [&](const QString& caption, TextBox& box) {
+        box.setReadOnly(true);
+        box.setFixedWidth(90);
+        grid->addWidget(new Label(caption), row, 0);
+        grid->addWidget(&box, row++, 1);
+    };
+    add(QStringLiteral("X Position:"), XPosition);
+    add(QStringLiteral("Y Position:"), YPosition);
+    grid->addWidget(new Label(QStringLiteral("Measurements")), row++, 0, 1, 2);
+    add(QStringLiteral("Amplitude:"), AmplitudeVal);
+    add(QStringLiteral("Period:"), PeriodVal);
+    lstChannel.setMinimumHeight(24);
+    grid->addWidget(&lstChannel, row, 0, 1, 2);
+    FrameCursor.setVisible(false);
+}
+
+} // namespace orb

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "form.h"
+
+#include <QCloseEvent>
+
+namespace orb {
+
+void enter(const QWidget& source, const std::function<void()>& handler) noexcept
+{
+    if (const auto* form = dynamic_cast<const Form*>(source.window()))
+        form->run().enter(handler);
+}
+
+Form::Form(Run& run, QWidget* parent) : Control<QWidget>(parent), run_(run) {}
+
+bool Form::event(QEvent* event)
+{
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::WindowActivate)
+        enter(onActivate);
+    return handled;
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    enter(onUnload);
+    event->accept();
+}
+
+void Form::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    enter(onResize);
+}
+
+} // namespace orb

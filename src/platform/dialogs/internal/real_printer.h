@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "printer.h"
+
+#include <QPainter>
+#include <QPrinter>
+
+namespace orb {
+
+/// The printer that the operator chose, or the system's default one.
+class RealPrinter final : public Printer {
+public:
+    RealPrinter();
+    ~RealPrinter() override;
+
+    void setOrientation(Orientation orientation) override;
+    double width() override;
+    double height() override;
+    void setFontSize(int points) override;
+    void setCurrentX(double x) override { at_.setX(x); }
+    void setCurrentY(double y) override { at_.setY(y); }
+    void paintPicture(const QImage& picture, double x, double y, double width, double height) override;
+    void endDoc() override;
+
+    /// For the printer dialog to set up.
+    QPrinter& device() { return printer_; }
+
+private:
+    void begin();
+
+    QPrinter printer_{QPrinter::HighResolution};
+    QPainter painter_;
+    QPointF at_;
+};
+
+} // namespace orb

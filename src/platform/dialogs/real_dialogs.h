@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "dialogs.h"
+#include "run.h"
+
+#include <memory>
+
+class QFileDialog;
+
+namespace orb {
+
+class RealPrinter;
+
+/// The dialogs that the operator sees, above the active window of the program.
+class RealDialogs final : public Dialogs {
+public:
+    /// `title` is the application's title, on every box that has none of its own.
+    explicit RealDialogs(const QString& title);
+    ~RealDialogs() override;
+
+    Answer message(const QString& text, Icon icon, Buttons buttons) override;
+    bool showOpen() override;
+    bool showSave() override;
+    bool showPrinter() override;
+    Printer& printer() override;
+
+private:
+    void prepare(QFileDialog& dialog) const;
+    bool take(QFileDialog& dialog);
+
+    QString title_;
+    std::unique_ptr<RealPrinter> printer_; ///< made at its first use: looking for printers takes its time
+};
+
+/// Reports a failure that nothing caught and ends the process, without running anything more.
+class RealProcessExit final : public ProcessExit {
+public:
+    explicit RealProcessExit(Dialogs& dialogs) : dialogs_(dialogs) {}
+    [[noreturn]] void report(const RuntimeFailure& failure) override;
+    [[noreturn]] void exit() override;
+
+private:
+    Dialogs& dialogs_;
+};
+
+} // namespace orb

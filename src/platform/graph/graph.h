@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "control.h"
+#include "graph_axis.h"
+#include "graph_cursor.h"
+#include "graph_plot.h"
+
+#include <QImage>
+
+namespace orb {
+
+/// A graph of curves over one x axis. Axes, plots and cursors are numbered from 1, and a number that none has is
+/// refused with `RuntimeFailure` 9.
+///
+/// Changes show at the next turn of the event queue, at most 25 times a second; a hidden graph costs no painting.
+/// The wheel zooms at the mouse, over an axis that axis alone; a double click returns to the ranges last set. Neither
+/// works while `TrackMode` is `TrackNone`.
+class Graph : public Control<QWidget> {
+public:
+    /// What a drag of the mouse does.
+    enum TrackModes : int {
+        TrackNone = 0,
+        TrackCursor = 2, ///< moves the nearest visible cursor along its curve
+        TrackPan = 3,    ///< shifts all axes
+        TrackZoom = 6    ///< draws a rectangle that then fills the plot area
+    };
+
+    /// The operator moved a cursor; its place, in the units of the axes.
+    std::function<void(double x, double y)> onCursorChange;
+    /// The operator pressed and released the mouse without a drag.
+    std::function<void()> onClick;
+
+    explicit Graph(const GraphPlan& plan, QWidget* parent = nullptr);
+    ~Graph() override;
+
+    int axisCount() const;
+    int plotCount() const;
+    int cursorCount() const;
+    GraphAxis& axis(int number) const;
+    GraphPlot& plot(int number) const;
+    GraphCursor& cursor(int number) const;
+
+    /// All plots lose their data. Ranges, colors and cursors stay.
+    void ClearData();
+
+    int TrackMode() const;
+    /// Refuses a number that is no `TrackModes` with 380.
+    void setTrackMode(int mode);
+
+    /// The surface around the plot area, on which captions and labels stand; these take a color that can be read on it.
+    QColor frameColor() const;
+    void setFrameColor(const QColor& color);
+    /// The surface behind the curves. A curve too dark or too light for it gets an edge that sets it off.
+    QColor plotAreaColor() const;
+    void setPlotAreaColor(const QColor& color);
+
+    /// The named elements of the drawing: "Graph Frame" is the bezel. Another name is refused with 9.
+    bool elementVisible(const QString& name) const;
+    void setElementVisible(const QString& name, bool visible);
+
+    /// The graph as it looks now, wherever the widget is and whether or not it shows: at twice the resolution of the
+    /// screen's 96 dpi at least, so that it is fit for paper.
+    QImage ControlImage() const;
+
+    /// Paints at once, whatever is queued, if the graph is on the screen.
+    void repaintNow();
+    /// How often the curves were painted on the screen.
+    int repaintCount() const;
+    /// The part of the widget in which the curves are drawn.
+    QRect plotArea() const;
+
+    QSize sizeHint() const override { return {720, 420}; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    struct Parts;
+    void reportCursor(const GraphCursor& cursor);
+
+    std::unique_ptr<Parts> parts_;
+};
+
+} // namespace orb

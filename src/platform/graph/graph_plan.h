@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <vector>
+
+namespace orb {
+
+/// The side of the plot area at which an axis stands.
+enum class AxisSide { Bottom, Left, Right };
+
+/// An axis as it is at the start.
+struct GraphAxisPlan {
+    QString name = {};
+    AxisSide side = AxisSide::Bottom;
+    QString caption = {};
+    double minimum = 0;
+    double maximum = 1;
+    /// As for `GraphAxis::setFormatString`; empty for plain numbers.
+    QString format = {};
+    int divisions = 5;
+    /// The range follows the data until `SetMinMax` gives it a fixed one.
+    bool autoScale = false;
+};
+
+/// A plot as it is at the start: visible, and without data.
+struct GraphPlotPlan {
+    QString name = {};
+    /// The number of the axis that its values use.
+    int valueAxis = 2;
+    QColor color = {};
+    /// Told apart from a solid plot of the same color.
+    bool dashed = false;
+};
+
+/// What a graph is made of. Axes and plots get their numbers, from 1, by their place here. Axis 1 stands at the bottom
+/// and is the x axis of all plots, the others stand left or right.
+struct GraphPlan {
+    std::vector<GraphAxisPlan> axes;
+    std::vector<GraphPlotPlan> plots;
+    /// How many cursors there are. All start hidden.
+    int cursors = 0;
+};
+
+} // namespace orb

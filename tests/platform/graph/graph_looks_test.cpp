@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "contrast.h"
+#include "graph_test.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace orb {
+namespace {
+
+using testing::ElementsAre;
+using testing::Ge;
+
+/// One choice of the length of the time axis.
+struct TimeLength {
+    double first;
+    const char* format;
+    int divisions;
+    const char* minimum;
+    const char* maximum;
+    const char* labels;
+};
+
+const TimeLength timeLengths[] = {
+    {60, "h:n:ss", 5, "0:0:0", "0:5:00", "0:0:00|0:1:00|0:2:00|0:3:00|0:4:00|0:5:00"},
+    {120, "h:n:ss", 5, "0:0:0", "0:10:00", "0:0:00|0:2:00|0:4:00|0:6:00|0:8:00|0:10:00"},
+    {240, "h:n:ss", 5, "0:0", "0:20:00", "0:0:00|0:4:00|0:8:00|0:12:00|0:16:00|0:20:00"},
+    {360, "h:n:ss", 5, "0:00", "0:30:00", "0:0:00|0:6:00|0:12:00|0:18:00|0:24:00|0:30:00"},
+    {720, "h:n:ss", 6, "0:0:0", "1:0:00", "0:0:00|0:10:00|0:20:00|0:30:00|0:40:00|0:50:00|1:0:00"},
+    {60, "h:nn", 6, "0:00", "1:00", "0:00|0:10|0:20|0:30|0:40|0:50|1:00"},
+    {180, "h:nn", 6, "0:00", "3:00", "0:00|0:30|1:00|1:30|2:00|2:30|3:00"},
+    {360, "h:nn", 6, "0:0", "6:00", "0:00|1:00|2:00|3:00|4:00|5:00|6:00"},
+    {720, "h:nn", 6, "0:00", "12:00", "0:00|2:00|4:00|6:00|8:00|10:00|12:00"},
+    {1440, "hh:nn", 6, "0:00", "23:59", "00:00|03:59|07:59|11:59|15:59|19:59|23:59"},
+    {2880, "dd h:nn", 6, nullptr, nullptr, "00 0:00|480 0:00|960 0:00|1440 0:00|1920 0:00|2400 0:00|2880 0:00"},
+    {4320, "dd h:n", 6, nullptr, nullptr, "00 0:0|720 0:0|1440 0:0|2160 0:0|2880 0:0|3600 0:0|4320 0:0"},
+    {5760, "dd h:n", 6, nullptr, nullptr, "00 0:0|960 0:0|1920 0:0|2880 0:0|3840 0:0|4800 0:0|5760 0:0"},
+};
+
+void choose(GraphAxis& axis, const TimeLength& length)
+{
+    axis.SetMinMax(0, length.first);
+    axis.setFormatString(length.format);
+    axis.setMajorDivisions(length.divisions);
+    if (length.minimum)
+        axis.SetMinMax(QString(length.minimum), QString(length.maximum));
+}
+
+/// Whether the labels of the time axis, drawn as they are at its ticks, stand apart and inside of the graph.
+void expectLabelsApart(const Graph& graph)
+{
+    const QFontMetricsF metrics(graph.font());
+    const QStringList labels = graph.axis(1).labels();
+    double last = 0;
+    for (qsizetype i = 0; i < labels.size(); ++i) {
+        if (labels[i].isEmpty())
+            continue;
+        const double middle = graph.plotArea().left() + graph.plotArea().width() * static_cast<double>(i) /
+                                                            static_cast<double>(labels.size() - 1);
+        const double half = metrics.horizontalAdvance(labels[i]) / 2;
+        EXPECT_GT(middle - half, last) << labels[i].toStdString();
+        last = middle + half;
+    }
+    EXPECT_LT(last, graph.width());
+}
+
+TEST_F(GraphTest, LabelsEveryTimeLengthAtItsDivisions)
+{
+    for (const TimeLength& length : timeLengths) {
+        choose(graph.axis(1), length);
+        graph.repaintNow();
+        EXPECT_EQ(graph.axis(1).labels().join(u'|').toStdString(), length.labels);
+        expectLabelsApart(graph);
+    }
+}
+
+TEST_F(GraphTest, LeavesOutLabelsThatWouldTouchInANarrowGraph)
+{
+    graph.resize(330, 200);
+    for (const TimeLength& length : timeLengths) {
+        choose(graph.axis(1), length);
+        graph.repaintNow();
+        expectLabelsApart(graph);
+    }
+    EXPECT_THAT(graph.axis(1).labels(), ElementsAre("00 0:0", "", "1920 0:0", "", "3840 0:0", "", "5760 0:0"));
+}
+
+TEST_F(GraphTest, TellsLabelsApartHoweverFarTheOperatorZooms)
+{
+    choose(graph.axis(1), timeLengths[9]);
+    double span = graph.axis(1).maximum();
+    while (graph.axis(1).view(0.5, 0.5 + span)) {
+        graph.repaintNow();
+        QStringList labels = graph.axis(1).labels();
+        labels.removeAll(QString());
+        ASSERT_THAT(labels.size(), Ge(2)) << span;
+        ASSERT_EQ(labels.removeDuplicates(), 0) << span;
+        span /= 3;
+    }
+    EXPECT_LT(span, 0.001 * second);
+}
+
+TEST_F(GraphTest, LeavesOutLabelsOfAFlatGraph)
+{
+    graph.resize(740, 120);
+    graph.repaintNow();
+    graph.axis(2).setMajorDivisions(30);
+    graph.repaintNow();
+    QStringList labels = graph.axis(2).labels();
+    EXPECT_EQ(labels.size(), 31);
+    labels.removeAll(QString());
+    EXPECT_LT(static_cast<double>(labels.size()) * QFontMetricsF(graph.font()).height(), 120);
+}
+
+/// How many pixels of the plot area are of that color, or near to it.
+int pixelsOf(const QImage& image, const QColor& color)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor here = image.pixelColor(x, y);
+            const int distance = std::abs(here.red() - color.red()) + std::abs(here.green() - color.green()) +
+                                 std::abs(here.blue() - color.blue());
+            count += distance < 12 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST_F(GraphTest, GivesItsPictureAtTwiceTheResolutionWhetherOrNotItShows)
+{
+    graph.plot(1).PlotY(std::vector<double>(3600, 15.0), "0:00", second);
+    graph.repaintNow();
+    const QImage shown = graph.ControlImage();
+    EXPECT_EQ(shown.size(), QSize(1480, 840));
+    EXPECT_EQ(shown.devicePixelRatio(), 2);
+    EXPECT_GT(pixelsOf(shown, QColor(0, 255, 0)), 2000);
+    graph.setVisible(false);
+    EXPECT_EQ(graph.ControlImage(), shown);
+}
+
+TEST(GraphLooks, GivesAPictureOfAGraphThatNeverWasOnTheScreen)
+{
+    Graph graph(twoChannels());
+    graph.resize(0, 0);
+    graph.plot(1).PlotY(std::vector<double>(3600, 15.0), "0:00", second);
+    const QImage image = graph.ControlImage();
+    EXPECT_EQ(image.size(), QSize(1440, 840));
+    EXPECT_GT(pixelsOf(image, QColor(0, 255, 0)), 2000);
+}
+
+TEST(GraphLooks, FitsItsLabelsToThePictureTheFirstTimeAlready)
+{
+    Graph graph(twoChannels());
+    graph.resize(330, 200);
+    choose(graph.axis(1), timeLengths[10]);
+    const QImage first = graph.ControlImage();
+    EXPECT_EQ(graph.ControlImage(), first);
+}
+
+TEST(GraphLooks, LeavesRoomForTheLastLabelWhereNoAxisStandsAtTheRight)
+{
+    GraphPlan plan = twoChannels();
+    plan.axes.pop_back();
+    plan.plots.clear();
+    Graph graph(plan);
+    graph.resize(740, 420);
+    choose(graph.axis(1), timeLengths[12]);
+    graph.ControlImage();
+    expectLabelsApart(graph);
+}
+
+TEST_F(GraphTest, DrawsOnlyThePlotsThatAreVisible)
+{
+    graph.plot(1).PlotY({20, 20}, "0:00", 1);
+    graph.plot(4).PlotY({10, 10}, "0:00", 1);
+    EXPECT_GT(pixelsOf(graph.ControlImage(), QColor(0, 0, 255)), 500);
+    graph.plot(4).setVisible(false);
+    EXPECT_EQ(pixelsOf(graph.ControlImage(), QColor(0, 0, 255)), 0);
+    EXPECT_GT(pixelsOf(graph.ControlImage(), QColor(0, 255, 0)), 500);
+}
+
+TEST_F(GraphTest, DrawsInTheColorsThatAreSet)
+{
+    graph.plot(1).PlotY({20, 20}, "0:00", 1);
+    graph.plot(1).setLineColor(Qt::black);
+    graph.setFrameColor(Qt::white);
+    graph.setPlotAreaColor(Qt::white);
+    graph.axis(1).setGridColor(QColor(255, 0, 255));
+    graph.setElementVisible("Graph Frame", false);
+    const QImage image = graph.ControlImage();
+    EXPECT_EQ(image.pixelColor(3, 3), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_GT(pixelsOf(image, Qt::black), 1000);
+    EXPECT_GT(pixelsOf(image, QColor(255, 0, 255)), 1000);
+}
+
+TEST_F(GraphTest, LooksAsBeforeWhenTheColorsArePutBack)
+{
+    graph.plot(1).PlotY({20, 25, 3}, "0:00", 0.01);
+    const QImage before = graph.ControlImage();
+    const QColor frame = graph.frameColor();
+    const QColor area = graph.plotAreaColor();
+    const QColor grid = graph.axis(1).gridColor();
+    const QColor line = graph.plot(1).lineColor();
+    graph.setFrameColor(Qt::white);
+    graph.setPlotAreaColor(Qt::white);
+    graph.axis(1).setGridColor(Qt::gray);
+    graph.plot(1).setLineColor(Qt::black);
+    graph.setElementVisible("Graph Frame", false);
+    EXPECT_NE(graph.ControlImage(), before);
+    graph.setFrameColor(frame);
+    graph.setPlotAreaColor(area);
+    graph.axis(1).setGridColor(grid);
+    graph.plot(1).setLineColor(line);
+    graph.setElementVisible("Graph Frame", true);
+    EXPECT_EQ(graph.ControlImage(), before);
+}
+
+TEST_F(GraphTest, BearsValuesBeyondAllMeasure)
+{
+    for (const double value : {5.0, 1e308, -1e308, std::nan(""), double(INFINITY), -double(INFINITY), -5.0, 5e-324}) {
+        for (int i = 1; i <= 4; ++i)
+            for (int k = 0; k < 300 * i; ++k)
+                graph.plot(i).ChartY(k % 3 == 0 ? value : 5, second);
+        graph.repaintNow();
+    }
+    for (const double maximum : {1e-6, 1e300}) {
+        graph.axis(2).SetMinMax(0, maximum);
+        graph.axis(1).SetMinMax(0, 1e-7);
+        graph.repaintNow();
+        graph.axis(1).SetMinMax(0, 5760);
+        graph.repaintNow();
+    }
+    EXPECT_GT(pixelsOf(graph.ControlImage(), graph.plotAreaColor()), 1000);
+}
+
+TEST_F(GraphTest, ShowsACursorAsACrossInItsColor)
+{
+    GraphCursor& cursor = graph.cursor(1);
+    cursor.setColor(QColor(255, 0, 255));
+    EXPECT_EQ(pixelsOf(graph.ControlImage(), QColor(255, 0, 255)), 0);
+    cursor.setVisible(true);
+    cursor.setYPosition(15);
+    const QSize area = graph.plotArea().size() * 2;
+    EXPECT_GT(pixelsOf(graph.ControlImage(), QColor(255, 0, 255)), 2 * (area.width() + area.height()) - 100);
+    cursor.setVisible(false);
+    EXPECT_EQ(pixelsOf(graph.ControlImage(), QColor(255, 0, 255)), 0);
+}
+
+TEST_F(GraphTest, PaintsALegendLikeTheCurve)
+{
+    QImage image(60, 12, QImage::Format_ARGB32_Premultiplied);
+    const auto drawnPixels = [&](int plot) {
+        image.fill(graph.plotAreaColor());
+        QPainter painter(&image);
+        graph.plot(plot).paintLegend(painter, QRectF(5, 0, 50, 12));
+        painter.end();
+        return image.width() * image.height() - pixelsOf(image, graph.plotAreaColor());
+    };
+    EXPECT_EQ(drawnPixels(1), 2 * 50);
+    EXPECT_EQ(drawnPixels(2), 2 * (4 * 7 + 6)); // four dashes and the beginning of a fifth
+}
+
+TEST(Contrast, SetsDarkAndLightLinesOffFromTheirGround)
+{
+    const QColor ground(12, 15, 20);
+    for (const QColor& line :
+         {QColor(0, 255, 0), QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0), QColor(128, 128, 0)})
+        EXPECT_FALSE(edgeFor(line, ground).isValid()) << line.name().toStdString();
+    for (const QColor& line : {QColor(0, 0, 255), QColor(128, 0, 128), QColor(128, 0, 0)}) {
+        const QColor edge = edgeFor(line, ground);
+        ASSERT_TRUE(edge.isValid()) << line.name().toStdString();
+        EXPECT_GE(contrast(edge, ground), 3) << line.name().toStdString();
+    }
+    EXPECT_TRUE(edgeFor(Qt::white, Qt::white).isValid());
+    EXPECT_FALSE(edgeFor(Qt::black, Qt::white).isValid());
+    EXPECT_DOUBLE_EQ(contrast(Qt::black, Qt::white), 21);
+}
+
+TEST(Contrast, FindsTextThatCanBeReadOnAnyGround)
+{
+    for (int grey = 0; grey <= 255; grey += 5)
+        EXPECT_GE(contrast(textOn(QColor(grey, grey, grey)), QColor(grey, grey, grey)), 3.5) << grey;
+}
+
+} // namespace
+} // namespace orb
