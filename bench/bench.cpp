@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench.h"
+#include "directories.h"
 
 #include <QDir>
 #include <QFile>
@@ -80,13 +81,13 @@ QString workFolder()
 std::unique_ptr<QTemporaryDir> applicationWith(int rows)
 {
     auto folder = std::make_unique<QTemporaryDir>(workFolder());
-    QFile::link(QStringLiteral(ORB_SOURCE_DIR "/resources/ICON"), folder->filePath(QStringLiteral("ICON")));
+    QFile::link(sourceDirectory() + QStringLiteral("/resources/ICON"), folder->filePath(QStringLiteral("ICON")));
     for (const char* name : {"OrbEmpty.jpg", "orbCommands.dat"})
-        QFile::copy(QStringLiteral(ORB_SOURCE_DIR "/resources/") + QLatin1String(name),
+        QFile::copy(sourceDirectory() + QStringLiteral("/resources/") + QLatin1String(name),
                     folder->filePath(QLatin1String(name)));
     sqlite3* database = nullptr;
     sqlite3_open(folder->filePath(QStringLiteral("orb.mdb")).toUtf8().constData(), &database);
-    execute(database, contentOf(QStringLiteral(ORB_SOURCE_DIR "/resources/orb.sql")));
+    execute(database, contentOf(sourceDirectory() + QStringLiteral("/resources/orb.sql")));
     if (rows > 0)
         execute(database, insertSamples(rows));
     execute(database, "pragma wal_checkpoint(truncate)");

@@ -1,9 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# The headers that nearly every library with widgets includes, compiled once.
+# The headers that nearly every library with widgets includes, compiled once. They are listed here and not in a file of
+# their own, since its path would tell one clone from another and ccache would serve neither from the other.
+set(orb_precompiled_headers <QtCore> <QtGui> <QtWidgets> <array> <chrono> <cmath> <functional> <memory> <optional>
+    <string> <vector>)
 add_library(orb_pch STATIC pch.cpp)
 target_link_libraries(orb_pch PUBLIC orb_options Qt6::Widgets)
-target_precompile_headers(orb_pch PRIVATE pch.h)
+target_precompile_headers(orb_pch PRIVATE ${orb_precompiled_headers})
+set(orb_precompiled_headers ${orb_precompiled_headers} PARENT_SCOPE)
 
 # subsystem(NAME [USES LIBRARY...] QT MODULE... [WITH TARGET...]): the folder NAME becomes the library orb_NAME, a slash
 # read as an underscore. Its users see the folder itself, the libraries of USES and the modules of QT; NAME/internal and

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The command runner, the instrument control and a served instrument, over a real socket.
 #include "command_page.h"
+#include "directories.h"
 #include "peers.h"
 #include "scripted_dialogs.h"
 #include "tcp_control.h"
@@ -44,7 +45,7 @@ protected:
     }
 
     ScriptedDialogs dialogs;
-    Paths paths{QStringLiteral(ORB_SOURCE_DIR "/resources")};
+    Paths paths{sourceDirectory() + QStringLiteral("/resources")};
     OptionButton optDispDev;
     CommandPage page{clock, dialogs, paths, control, optDispDev};
 };

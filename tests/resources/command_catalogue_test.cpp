@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console_catalogue.h"
+#include "directories.h"
 
 #include <QFile>
 
@@ -9,7 +10,7 @@ namespace orb {
 
 TEST(CommandCatalogueFile, IsWhatTheSimulatedInstrumentUnderstands)
 {
-    QFile file(QStringLiteral(ORB_SOURCE_DIR "/resources/orbCommands.dat"));
+    QFile file(sourceDirectory() + QStringLiteral("/resources/orbCommands.dat"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().toStdString(), commandCatalogue())
         << "write it anew: cmake --build build/dev --target command_catalogue";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cursor_file.h"
+#include "directories.h"
 #include "glyphs.h"
 
 #include <QDir>
@@ -17,7 +18,7 @@ using testing::Lt;
 
 namespace {
 
-const QString besideTheProgram = QStringLiteral(ORB_BINARY_DIR);
+const QString besideTheProgram = orb::binaryDirectory();
 
 /// The pictures that the pages change while the program runs.
 const QStringList changingPictures{"A3RMTCTRL.jpg",   "A3RMTCTRLSTOP.JPG",  "B1RUNSTART.JPG", "B1RUNSTOP.jpg",

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_test.h"
+#include "directories.h"
 
 #include <QDir>
 
@@ -51,7 +52,7 @@ QString read(const QString& path)
 
 PageTest::PageTest()
 {
-    const QString resources = QStringLiteral(ORB_SOURCE_DIR "/resources");
+    const QString resources = sourceDirectory() + QStringLiteral("/resources");
     QFile::link(resources + QStringLiteral("/ICON"), application.filePath(QStringLiteral("ICON")));
     for (const char* name : {"OrbEmpty.jpg", "ORBScrBtn.dat", "orbCommands.dat"})
         QFile::copy(resources + QLatin1Char('/') + QLatin1String(name), application.filePath(QLatin1String(name)));

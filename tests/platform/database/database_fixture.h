@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "directories.h"
 #include "failure.h"
 #include "workspace.h"
 
@@ -47,7 +48,7 @@ class DatabaseTest : public testing::Test {
 protected:
     DatabaseTest()
     {
-        QFile schema(QStringLiteral(ORB_SOURCE_DIR "/resources/orb.sql"));
+        QFile schema(sourceDirectory() + QStringLiteral("/resources/orb.sql"));
         EXPECT_TRUE(schema.open(QIODevice::ReadOnly));
         OtherProgram(path).run(QString::fromUtf8(schema.readAll()));
         database = workspace.openDatabase(path);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database_fixture.h"
+#include "directories.h"
 
 #include <QDir>
 #include <QProcess>
@@ -76,7 +77,7 @@ protected:
         QProcess cmake;
         cmake.setProcessChannelMode(QProcess::MergedChannels);
         cmake.start("cmake", {"-DSHELL=sqlite3", "-DSCHEMA=" + statements, "-DDATABASE=" + path, "-P",
-                              ORB_SOURCE_DIR "/resources/make_database.cmake"});
+                              sourceDirectory() + QStringLiteral("/resources/make_database.cmake")});
         return cmake.waitForFinished(-1) && cmake.exitCode() == 0;
     }
 
@@ -88,7 +89,7 @@ protected:
 
     QTemporaryDir folder;
     const QString path = folder.filePath("bin/orb.mdb");
-    const QString schema = ORB_SOURCE_DIR "/resources/orb.sql";
+    const QString schema = sourceDirectory() + QStringLiteral("/resources/orb.sql");
 };
 
 TEST_F(DatabaseRuleTest, MakesADatabaseThatOpens)

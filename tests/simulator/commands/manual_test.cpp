@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "directories.h"
 #include "simulator_manual.h"
 
 #include <QFile>
@@ -11,7 +12,7 @@ namespace {
 /// What stands in a document between "<!-- begin NAME -->" and "<!-- end NAME -->", the lines of these two left out.
 std::string printedPart(const char* document, const std::string& name)
 {
-    QFile file(QStringLiteral(ORB_SOURCE_DIR "/docs/") + QString::fromLatin1(document));
+    QFile file(sourceDirectory() + QStringLiteral("/docs/") + QString::fromLatin1(document));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << document;
     const std::string text = file.readAll().toStdString();
     const std::string begin = "<!-- begin " + name + " -->\n";

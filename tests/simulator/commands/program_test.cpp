@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console_catalogue.h"
+#include "directories.h"
 #include "loopback.h"
 #include "simulator_manual.h"
 
@@ -26,7 +27,7 @@ protected:
 
     void start(const QStringList& arguments)
     {
-        process.start(QStringLiteral(ORB_BINARY_DIR "/orb-simulator"), arguments);
+        process.start(binaryDirectory() + QStringLiteral("/orb-simulator"), arguments);
         ASSERT_TRUE(process.waitForStarted(30'000)) << process.errorString().toStdString();
     }
     /// Runs it to its end and returns its exit code, -1 where it did not end by itself.
