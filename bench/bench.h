@@ -17,14 +17,14 @@ namespace orb::bench {
 /// Prints "name | ratio | budget | ok or over". The result is what `main` returns: 0 within the budget, 1 over it.
 int report(const char* name, double ratio, double budget, const char* unit = "times");
 
-/// Seconds that `work` takes, the least of so many runs.
+/// The seconds that `work` takes: the least of `runs` runs.
 double seconds(const std::function<void()>& work, int runs = 3);
 
-/// The middle one of the values.
+/// The median of the values.
 double median(std::vector<double> values);
 
-/// A folder for the files of a benchmark, in memory where the system has such a place, so that a ratio tells of the
-/// work and not of the disk.
+/// A folder for the files of a benchmark, in memory if the system has one, so that a ratio measures the work and not
+/// the disk.
 QString workFolder();
 
 /// Makes an application directory with the program's pictures and an `orb.mdb` whose live table has so many rows of
@@ -54,7 +54,7 @@ private:
     const QString voltages_ = QStringLiteral("12.1000,12.2000,12.3000,12.4000,12.5000,12.6000,12.7000,12.8000,");
 };
 
-/// Dialogs that no one has to answer; a box that comes up ends the benchmark with its text.
+/// Dialogs for a run without a user; a message box ends the benchmark with its text.
 class NoDialogs final : public Dialogs {
 public:
     Answer message(const QString& text, Icon icon, Buttons buttons) override;

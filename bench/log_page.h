@@ -13,7 +13,7 @@ class LogPage {
 public:
     explicit LogPage(int rows);
 
-    /// Runs `work` as the operator's doing, and lets the event queue run behind it.
+    /// Runs `work` as an event handler, and the event queue after it.
     void enter(const std::function<void()>& work);
 
     QString databasePath() const { return application_->filePath(QStringLiteral("orb.mdb")); }

@@ -6,8 +6,8 @@ namespace orb {
 class FormORB;
 class Tour;
 
-/// Builds a command list from the catalogue, runs it step by step and round and round, keeps list and log in files, and
-/// opens the list again.
+/// Builds a command list from the catalogue, runs it in single steps and in repeat, saves list and log to files, and opens
+/// the list again.
 void consoleSteps(Tour& tour, FormORB& form);
 
 } // namespace orb

@@ -3,10 +3,10 @@
 
 #include "device_control.h"
 #include "form_orb.h"
-#include "operator.h"
 #include "served_log_comparison.h"
 #include "simulator_process.h"
 #include "tour.h"
+#include "user_interface.h"
 
 #include <cstdio>
 
@@ -14,21 +14,21 @@ namespace orb {
 
 namespace {
 
-constexpr int wantedSamples = 5;
+constexpr int sampleCount = 5;
 
 const QString failedAsUserCancel = QStringLiteral("Data Log CSV saved Failed as User Cancel Opeation!");
 
 void pageStep(Tour& tour, FormORB& form, const QString& caption)
 {
     tour.then(
-        QStringLiteral("goes to the page ") + caption, [&form, caption] { return hand::find(form, caption); },
-        [&form, caption] { hand::press(form, caption); });
+        QStringLiteral("goes to the page ") + caption, [&form, caption] { return ui::find(form, caption); },
+        [&form, caption] { ui::press(form, caption); });
 }
 
 void exportSteps(Tour& tour, FormORB& form, const QString& name)
 {
     tour.then(QStringLiteral("presses the export"), [&tour, &form, name] {
-        QFile::remove(tour.path(name)); // of an earlier tour: the dialog would ask
+        QFile::remove(tour.path(name)); // left by an earlier tour; the dialog would ask
         form.frmDatalog.cmdExport.click();
     });
     tour.chooseFile(name);
@@ -36,8 +36,7 @@ void exportSteps(Tour& tour, FormORB& form, const QString& name)
     tour.answer(failedAsUserCancel, QStringLiteral("OK"));
 }
 
-/// How many lines the record of what was served has when the recording begins: the pages of the instrument control
-/// have asked before.
+/// The lines of the record of served answers before the recording begins: the instrument control has queried before.
 int servedLines(const Tour& tour)
 {
     return static_cast<int>(linesOf(tour.path(QStringLiteral("served.txt"))).size());
@@ -51,17 +50,17 @@ void recordingSteps(Tour& tour, FormORB& form)
         QStringLiteral("presses Start Log"), [&page] { return page.logStart.enabled(); },
         [&tour, &page, firstServed] {
             *firstServed = servedLines(tour);
-            hand::press(page, QStringLiteral("Start Log"));
+            ui::press(page, QStringLiteral("Start Log"));
         });
     tour.then(
-        QStringLiteral("watches the curves grow"), [&page] { return page.lLogRecNo >= wantedSamples; }, [] {});
+        QStringLiteral("waits for samples"), [&page] { return page.lLogRecNo >= sampleCount; }, [] {});
     tour.picture(form, QStringLiteral("data_log_recording.png"));
-    tour.then(QStringLiteral("presses Stop Log"), [&page] { hand::press(page, QStringLiteral("Stop Log")); });
+    tour.then(QStringLiteral("presses Stop Log"), [&page] { ui::press(page, QStringLiteral("Stop Log")); });
     tour.then(
         QStringLiteral("the recording has stopped"), [&page] { return !page.logStop.enabled(); }, [] {});
     tour.then(QStringLiteral("zooms into the first seconds"), [&page] {
         const QPoint timeAxis(page.graphLog.width() / 9, page.graphLog.height() - 30);
-        hand::turnWheel(page.graphLog, timeAxis, 21);
+        ui::turnWheel(page.graphLog, timeAxis, 21);
     });
     tour.picture(form, QStringLiteral("data_log_zoomed.png"));
     exportSteps(tour, form, QStringLiteral("log.csv"));
@@ -72,7 +71,7 @@ void recordingSteps(Tour& tour, FormORB& form)
     });
 }
 
-/// Keeps the log, records another one over it, and opens it again: the second export must be the first one.
+/// Saves the log and opens it again: the second export must equal the first.
 void savedLogSteps(Tour& tour, FormORB& form)
 {
     DataLogPage& page = form.frmDatalog;
@@ -81,10 +80,10 @@ void savedLogSteps(Tour& tour, FormORB& form)
     tour.then(QStringLiteral("saves the log"), [&page] { page.logSave.click(); });
     tour.answer(QStringLiteral("Data Log Saved OK(Rec ID:%1)!").arg(identifier), QStringLiteral("OK"));
     tour.then(QStringLiteral("opens the list of saved logs"),
-              [&page] { hand::press(page, QStringLiteral("Open Log File")); });
+              [&page] { ui::press(page, QStringLiteral("Open Log File")); });
     tour.then(QStringLiteral("selects the log"), [&dialog] { dialog.lstLogMain.setCurrentRow(0); });
     tour.picture(form, QStringLiteral("data_log_open.png"));
-    tour.then(QStringLiteral("opens it"), [&dialog] { hand::press(dialog, QStringLiteral("OK")); });
+    tour.then(QStringLiteral("opens it"), [&dialog] { ui::press(dialog, QStringLiteral("OK")); });
     tour.picture(form, QStringLiteral("data_log_opened.png"));
     exportSteps(tour, form, QStringLiteral("log_opened.csv"));
     tour.then(QStringLiteral("compares both exports byte for byte"), [&tour] {
@@ -96,13 +95,12 @@ void savedLogSteps(Tour& tour, FormORB& form)
 void cursorSteps(Tour& tour, FormORB& form)
 {
     DataLogPage& page = form.frmDatalog;
-    tour.then(QStringLiteral("looks at half an hour"), [&page] { hand::pick(page, QStringLiteral("30m")); });
+    tour.then(QStringLiteral("shows half an hour"), [&page] { ui::pick(page, QStringLiteral("30m")); });
     tour.picture(form, QStringLiteral("data_log_30m.png"));
-    tour.then(QStringLiteral("chooses the cursor"),
-              [&page] { hand::press(page, QStringLiteral("Cursor Coodinates")); });
-    tour.then(QStringLiteral("checks a curve"), [&page] { hand::press(page, QStringLiteral("Ch1 A")); });
+    tour.then(QStringLiteral("chooses the cursor"), [&page] { ui::press(page, QStringLiteral("Cursor Coodinates")); });
+    tour.then(QStringLiteral("checks a curve"), [&page] { ui::press(page, QStringLiteral("Ch1 A")); });
     tour.picture(form, QStringLiteral("data_log_cursor.png"));
-    tour.then(QStringLiteral("goes back to the zoom"), [&page] { hand::press(page, QStringLiteral("Zoom")); });
+    tour.then(QStringLiteral("goes back to the zoom"), [&page] { ui::press(page, QStringLiteral("Zoom")); });
 }
 
 void printSteps(Tour& tour, FormORB& form)
@@ -110,13 +108,13 @@ void printSteps(Tour& tour, FormORB& form)
     DataLogPage& page = form.frmDatalog;
     tour.then(QStringLiteral("prints the picture"), [&tour, &page] {
         QFile::remove(tour.path(QStringLiteral("graph.pdf")));
-        hand::press(page, QStringLiteral("Print Log Picture"));
+        ui::press(page, QStringLiteral("Print Log Picture"));
     });
     tour.then(
-        QStringLiteral("prints it to a PDF file"), [] { return hand::printDialogUp(); },
-        [&tour] { hand::printTo(tour.path(QStringLiteral("graph.pdf"))); });
+        QStringLiteral("prints it to a PDF file"), [] { return ui::printDialogUp(); },
+        [&tour] { ui::printTo(tour.path(QStringLiteral("graph.pdf"))); });
     tour.then(
-        QStringLiteral("the page is there"), [&tour] { return hand::isPdf(tour.path(QStringLiteral("graph.pdf"))); },
+        QStringLiteral("the page is there"), [&tour] { return ui::isPdf(tour.path(QStringLiteral("graph.pdf"))); },
         [] {});
     tour.picture(form, QStringLiteral("data_log_printed.png"));
 }
@@ -128,12 +126,12 @@ void connectSteps(Tour& tour, FormORB& form, DeviceControl& CORB, const Simulato
     tour.picture(form, QStringLiteral("control_without_link.png"));
     pageStep(tour, form, QStringLiteral("Connect"));
     tour.then(QStringLiteral("chooses the network"),
-              [&CORB] { hand::pick(CORB.connectPage, QStringLiteral("Network (TCP)")); });
+              [&CORB] { ui::pick(CORB.connectPage, QStringLiteral("Network (TCP)")); });
     tour.then(QStringLiteral("types the address"), [&CORB, &simulator] {
-        hand::type(CORB.connectPage.cmbAddress, QStringLiteral("127.0.0.1:%1").arg(simulator.port()));
+        ui::type(CORB.connectPage.cmbAddress, QStringLiteral("127.0.0.1:%1").arg(simulator.port()));
     });
     tour.picture(form, QStringLiteral("connect.png"));
-    tour.then(QStringLiteral("presses Connect"), [&CORB] { hand::press(CORB.connectPage, QStringLiteral("Connect")); });
+    tour.then(QStringLiteral("presses Connect"), [&CORB] { ui::press(CORB.connectPage, QStringLiteral("Connect")); });
     tour.then(
         QStringLiteral("the instrument is connected"), [&CORB] { return CORB.IsConnected(); }, [] {});
     tour.then(
@@ -143,18 +141,16 @@ void connectSteps(Tour& tour, FormORB& form, DeviceControl& CORB, const Simulato
     pageStep(tour, form, QStringLiteral("Control"));
     tour.then(
         QStringLiteral("the channels have their readings"),
-        [&CORB] {
-            return CORB.controlPage.cards.size() == 8 && hand::find(CORB.controlPage, QStringLiteral("LOAD ON"));
-        },
+        [&CORB] { return CORB.controlPage.cards.size() == 8 && ui::find(CORB.controlPage, QStringLiteral("LOAD ON")); },
         [] {});
     for (std::size_t channel : {0U, 1U, 2U})
         tour.then(
             QStringLiteral("switches the input of channel %1 on").arg(channel + 1),
-            [&CORB, channel] { return hand::find(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); },
-            [&CORB, channel] { hand::press(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); });
+            [&CORB, channel] { return ui::find(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); },
+            [&CORB, channel] { ui::press(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); });
     tour.then(
         QStringLiteral("the inputs are on"),
-        [&CORB] { return hand::find(*CORB.controlPage.cards[2], QStringLiteral("LOAD OFF")); }, [] {});
+        [&CORB] { return ui::find(*CORB.controlPage.cards[2], QStringLiteral("LOAD OFF")); }, [] {});
     tour.picture(form, QStringLiteral("control.png"));
 }
 

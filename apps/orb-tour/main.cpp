@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Works the real program from the first click to the exported file, beside a simulated instrument in another process,
-// and leaves a picture of each page.
+// Runs the real program from the first click to the exported file, with a simulated instrument in another process, and
+// saves a picture of each page.
 #include "console_tour.h"
 #include "data_log_tour.h"
 #include "device_control.h"
 #include "form_orb.h"
-#include "operator.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
 #include "simulator_process.h"
 #include "tour.h"
+#include "user_interface.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,8 +22,8 @@ namespace {
 
 using namespace orb;
 
-/// The program's own folder, fresh: its pictures, and a database in which no one has recorded yet.
-void furnish(const QDir& application)
+/// Creates an application folder with the program's files and an empty database.
+void createApplicationFolder(const QDir& application)
 {
     const QDir beside(QCoreApplication::applicationDirPath());
     for (const char* name : {"orb.mdb", "OrbEmpty.jpg", "orbCommands.dat", "ORBScrBtn.dat"})
@@ -31,10 +31,10 @@ void furnish(const QDir& application)
     QFile::link(beside.filePath(QStringLiteral("ICON")), application.filePath(QStringLiteral("ICON")));
 }
 
-int work(const QDir& out)
+int runTour(const QDir& out)
 {
     const QTemporaryDir folder;
-    furnish(QDir(folder.path()));
+    createApplicationFolder(QDir(folder.path()));
     const SimulatorProcess simulator(out.filePath(QStringLiteral("served.txt")));
     std::printf("    a simulated instrument listens on port %d\n", simulator.port());
 
@@ -57,8 +57,8 @@ int work(const QDir& out)
 
 } // namespace
 
-/// Without a screen the program is worked all the same.
-void useNoScreenWhereThereIsNone()
+/// Selects the offscreen platform where there is no display.
+void selectPlatform()
 {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -70,12 +70,12 @@ void useNoScreenWhereThereIsNone()
 
 int main(int argc, char** argv)
 {
-    useNoScreenWhereThereIsNone();
+    selectPlatform();
     QStandardPaths::setTestModeEnabled(true); // the settings of the user stay as they are
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orb-tour"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Works the program as an operator would and leaves pictures."));
+    parser.setApplicationDescription(QStringLiteral("Runs the program as an operator would and saves pictures."));
     parser.addHelpOption();
     const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The folder for pictures and files."),
                                        QStringLiteral("folder"), QStringLiteral("build/tour"));
@@ -85,7 +85,7 @@ int main(int argc, char** argv)
     if (!QDir().mkpath(out.path()))
         return EXIT_FAILURE;
     try {
-        const int result = work(out);
+        const int result = runTour(out);
         std::printf("The pictures and files are in %s\n", qPrintable(out.path()));
         return result;
     } catch (const TourFailure& failure) {

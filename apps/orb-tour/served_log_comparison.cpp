@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "served_log_comparison.h"
 
-#include "operator.h"
+#include "user_interface.h"
 
 #include <QFile>
 
@@ -9,11 +9,11 @@ namespace orb {
 
 namespace {
 
-/// The values that a line of the record holds; the list's closing comma ends in nothing.
+/// The values of one line of the record. The comma at the end of the list closes it, no value follows.
 QStringList valuesOf(const QString& served, const QString& query)
 {
     if (served.section(QLatin1Char('\t'), 0, 0) != query)
-        throw TourFailure(QStringLiteral("served is \"%1\" where %2 was to come").arg(served, query));
+        throw TourFailure(QStringLiteral("served is \"%1\" where %2 was expected").arg(served, query));
     QStringList values = served.section(QLatin1Char('\t'), 1).split(QLatin1Char(','));
     if (!values.takeLast().isEmpty())
         throw TourFailure(QStringLiteral("the list is not closed by a comma: ") + served);

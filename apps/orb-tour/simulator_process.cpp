@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulator_process.h"
 
-#include "operator.h"
+#include "user_interface.h"
 
 #include <QCoreApplication>
 
@@ -19,7 +19,7 @@ constexpr int limitMs = 20'000;
 SimulatorProcess::SimulatorProcess(const QString& servedPath)
 {
 #ifdef Q_OS_LINUX
-    // A tour that breaks off ends without its destructors: the instrument ends with it all the same.
+    // A tour that fails ends without destructors; the instrument must end with it.
     process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
 #endif
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);

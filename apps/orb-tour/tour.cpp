@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tour.h"
 
-#include "operator.h"
+#include "user_interface.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -21,15 +21,15 @@ QString withPlainLineEnds(QString text)
 }
 } // namespace
 
-void Tour::then(const QString& says, std::function<bool()> ready, std::function<void()> act)
+void Tour::then(const QString& description, std::function<bool()> ready, std::function<void()> act)
 {
-    steps_.push_back({says, std::move(ready), std::move(act)});
+    steps_.push_back({description, std::move(ready), std::move(act)});
 }
 
-void Tour::then(const QString& says, std::function<void()> act)
+void Tour::then(const QString& description, std::function<void()> act)
 {
     then(
-        says, [] { return true; }, std::move(act));
+        description, [] { return true; }, std::move(act));
 }
 
 void Tour::answer(const QString& text, const QString& button)
@@ -37,20 +37,20 @@ void Tour::answer(const QString& text, const QString& button)
     then(
         QStringLiteral("answers \"%1\" with %2")
             .arg(QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')), button),
-        [text] { return hand::messageUp() == withPlainLineEnds(text); },
-        [button] { hand::press(*QApplication::activeModalWidget(), button); });
+        [text] { return ui::messageUp() == withPlainLineEnds(text); },
+        [button] { ui::press(*QApplication::activeModalWidget(), button); });
 }
 
 void Tour::chooseFile(const QString& name)
 {
     then(
         QStringLiteral("names the file ") + name,
-        [this, name] { return hand::fileDialogUp() && hand::typeFileName(path(name)); }, [] { hand::acceptFile(); });
+        [this, name] { return ui::fileDialogUp() && ui::typeFileName(path(name)); }, [] { ui::acceptFile(); });
 }
 
 void Tour::picture(const QWidget& widget, const QString& name)
 {
-    constexpr int untilPaintedMs = 200; // what was just done has been painted by then
+    constexpr int untilPaintedMs = 200; // enough for the repaint after the last step
     then(
         QStringLiteral("takes the picture ") + name, [this] { return waiting_.elapsed() > untilPaintedMs; },
         [this, &widget, name] {
@@ -66,7 +66,7 @@ int Tour::run()
     return QApplication::exec();
 }
 
-/// Each look is a timer of its own: a step that opens a dialog goes on inside it.
+/// Each poll is a timer of its own, so that a step that opens a dialog is followed by the next one inside it.
 void Tour::schedule()
 {
     QTimer::singleShot(pollMs, &context_, [this] { poll(); });
@@ -79,13 +79,13 @@ void Tour::poll()
     schedule();
     if (!steps_.front().ready()) {
         if (waiting_.elapsed() > limitMs)
-            fail(QStringLiteral("waited in vain; a box says: \"%1\"").arg(hand::messageUp()));
+            fail(QStringLiteral("timed out; the open message box says: \"%1\"").arg(ui::messageUp()));
         return;
     }
     const Step step = std::move(steps_.front());
     steps_.pop_front();
     waiting_.restart();
-    std::printf("%2d  %s\n", ++done_, qPrintable(step.says));
+    std::printf("%2d  %s\n", ++done_, qPrintable(step.description));
     std::fflush(stdout);
     try {
         step.act();
@@ -94,11 +94,11 @@ void Tour::poll()
     }
 }
 
-/// The program may be deep in its own loops: there is no way out of them but the end of the process.
-void Tour::fail(const QString& words)
+/// Ends the process: the program may be inside nested event loops, which nothing else would leave.
+void Tour::fail(const QString& message)
 {
-    const QString step = steps_.empty() ? QString() : steps_.front().says;
-    std::printf("FAILED: %s (next: %s)\n", qPrintable(words), qPrintable(step));
+    const QString step = steps_.empty() ? QString() : steps_.front().description;
+    std::printf("FAILED: %s (next: %s)\n", qPrintable(message), qPrintable(step));
     if (const QWidget* window = QApplication::activeWindow())
         const_cast<QWidget*>(window)->grab().save(path(QStringLiteral("failed.png")));
     std::fflush(stdout);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "operator.h"
+#include "user_interface.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,7 +15,7 @@
 #include <QPrinter>
 #include <QWheelEvent>
 
-namespace orb::hand {
+namespace orb::ui {
 
 namespace {
 
@@ -89,7 +89,7 @@ void type(QWidget& box, const QString& text)
     if (!edit)
         edit = box.findChild<QLineEdit*>();
     if (!edit || !box.isVisible() || !box.isEnabled())
-        throw TourFailure(QStringLiteral("there is no place to type \"%1\"").arg(text));
+        throw TourFailure(QStringLiteral("there is no field to type \"%1\"").arg(text));
     edit->selectAll();
     for (const QChar c : text) {
         QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
@@ -121,7 +121,7 @@ void acceptFile()
 {
     auto* name = up<QFileDialog>()->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     const QString path = name->text();
-    name->clear(); // typing, not what stands there, takes the mark off the file that the dialog offers
+    name->clear(); // only a change of the text clears the selected file
     name->setText(path);
     const auto* buttons = up<QFileDialog>()->findChild<QDialogButtonBox*>();
     for (auto* button : buttons->buttons())
@@ -138,7 +138,7 @@ void printTo(const QString& path)
 {
     auto* dialog = up<QPrintDialog>();
     if (!dialog)
-        throw TourFailure(QStringLiteral("no printer dialog is up"));
+        throw TourFailure(QStringLiteral("no printer dialog is open"));
     dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
     dialog->printer()->setOutputFileName(path);
     dialog->done(QDialog::Accepted);
@@ -153,4 +153,4 @@ bool isPdf(const QString& path)
     return bytes.startsWith("%PDF") && bytes.trimmed().endsWith("%%EOF");
 }
 
-} // namespace orb::hand
+} // namespace orb::ui

@@ -12,15 +12,15 @@ class QListWidget;
 
 namespace orb {
 
-/// What is not as the operator expects it, in words.
+/// Thrown where the program does not do what the tour expects; `what` is a sentence for the operator.
 class TourFailure : public std::runtime_error {
 public:
-    explicit TourFailure(const QString& words) : std::runtime_error(words.toStdString()) {}
+    explicit TourFailure(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// The operator of the tour: sees captions, presses what is shown and enabled, answers what comes up. Each throws
-/// `TourFailure` where the operator could not do it.
-namespace hand {
+/// User input by caption, for controls that are shown and enabled. Each throws `TourFailure` where a user could not do
+/// it.
+namespace ui {
 
 /// The button, box or option of that caption that is shown and enabled on `where`. Null where there is none.
 QAbstractButton* find(const QWidget& where, const QString& caption);
@@ -37,31 +37,31 @@ void choose(QListWidget& list, const QString& line);
 /// Turns the wheel by so many notches, forward if positive, at a place on the widget.
 void turnWheel(QWidget& widget, const QPoint& at, int notches);
 
-/// Types a text into the editable box in the place of what stood there.
+/// Replaces the text of an editable box by typing.
 void type(QWidget& box, const QString& text);
 
-/// The message box that is up: its text. Empty while none is.
+/// The text of the message box that is open; empty if there is none.
 QString messageUp();
 
-/// True while a file dialog is up.
+/// True while a file dialog is open.
 bool fileDialogUp();
 
-/// Types this path into the file dialog that is up. True when it stands there since the last look: a dialog that
-/// still reads its folder puts the name of before into the place of what was typed.
+/// Types this path into the open file dialog. True when the path was already there at the call: a dialog that is
+/// still reading its folder overwrites what was typed.
 bool typeFileName(const QString& path);
 
-/// Accepts the file dialog that is up.
+/// Accepts the open file dialog.
 void acceptFile();
 
-/// True while the printer dialog is up.
+/// True while the printer dialog is open.
 bool printDialogUp();
 
-/// Lets the printer dialog that is up print to this file.
+/// Sets the open printer dialog to print to this file, and accepts it.
 void printTo(const QString& path);
 
 /// True when a finished PDF document is in the file.
 bool isPdf(const QString& path);
 
-} // namespace hand
+} // namespace ui
 
 } // namespace orb
