@@ -22,7 +22,7 @@ protected:
         return names.join(' ');
     }
 
-    const std::vector<QString>& told() const { return dialogs.recordedPrinter.told; }
+    const std::vector<QString>& told() const { return dialogs.recordedPrinter.calls; }
 };
 
 TEST_F(PrintTest, ThePictureTakesTheUpperLeftOfALandscapePageAtFourTenthsOfItsSize)

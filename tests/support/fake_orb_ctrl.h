@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "journal.h"
 #include "orb_ctrl.h"
 
 #include <deque>
@@ -11,6 +12,9 @@ namespace orb {
 /// An instrument control whose every answer a test writes down beforehand.
 class FakeORBCtrl final : public ORBCtrl {
 public:
+    /// Writes every use of a member into `journal`, which must outlive the control.
+    explicit FakeORBCtrl(Journal* journal = nullptr) : journal_(journal) {}
+
     bool connected = false;
     /// What the next reads of `IsConnected` give, one each; `connected` when none is left.
     std::deque<bool> connectedReads;
@@ -31,8 +35,8 @@ public:
     void SendCommand(const QString& command) override;
     QString Reply() override;
     bool IsConnected() override;
-    std::int16_t LinkType() override { return linkType; }
-    std::int16_t ChannelCount() override { return channelCount; }
+    std::int16_t LinkType() override;
+    std::int16_t ChannelCount() override;
     void PanelActive(bool active) override { called(active ? "PanelActive True" : "PanelActive False"); }
     void ShowControlPage() override { called("ShowControlPage"); }
     void ShowConnectPage() override { called("ShowConnectPage"); }
@@ -43,8 +47,10 @@ public:
     void SendProgramFile() override { called("SendProgramFile"); }
 
 private:
-    void called(const char* member) { calls.push_back(QString::fromLatin1(member)); }
+    void called(const char* member);
+    void write(const QString& line);
 
+    Journal* journal_;
     QString reply_;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "form.h"
+#include "journal.h"
 #include "printing.h"
 #include "recorded_exit.h"
 #include "virtual_clock.h"
@@ -20,9 +21,10 @@ protected:
         return control;
     }
 
-    RecordedExit processExit;
+    Journal journal;
+    RecordedExit processExit{&journal};
     orb::Run run{processExit};
-    VirtualClock clock{run};
+    VirtualClock clock{run, &journal};
     Form form{run};
 };
 

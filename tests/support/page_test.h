@@ -3,6 +3,7 @@
 
 #include "fake_orb_ctrl.h"
 #include "form.h"
+#include "journal.h"
 #include "paths.h"
 #include "press.h"
 #include "printing.h"
@@ -33,12 +34,14 @@ protected:
     static QString contentOf(const QString& path);
 
     QTemporaryDir application;
-    RecordedExit processExit;
+    /// What all the fakes below did, in one order; the application directory is written as APP.
+    Journal journal;
+    RecordedExit processExit{&journal};
     orb::Run run{processExit};
-    VirtualClock clock{run};
-    ScriptedDialogs dialogs;
+    VirtualClock clock{run, &journal};
+    ScriptedDialogs dialogs{&journal};
     Paths paths{application.path()};
-    FakeORBCtrl instrument;
+    FakeORBCtrl instrument{&journal};
 
     const Icon critical = Icon::Critical;
     const Icon information = Icon::Information;

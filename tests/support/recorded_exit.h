@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "journal.h"
 #include "run.h"
 
 #include <vector>
@@ -10,12 +11,32 @@ namespace orb {
 /// The end of a run as a fact that a test can read.
 class RecordedExit final : public ProcessExit {
 public:
+    /// Writes reports and exits into `journal`, which must outlive this object.
+    explicit RecordedExit(Journal* journal = nullptr) : journal_(journal) {}
+
     /// "Run-time error '6':", an empty line, "Overflow", one for each report.
     std::vector<QString> reports;
     int exits = 0;
 
-    void report(const RuntimeFailure& failure) override { reports.push_back(runtimeErrorReport(failure)); }
-    void exit() override { ++exits; }
+    void report(const RuntimeFailure& failure) override
+    {
+        reports.push_back(runtimeErrorReport(failure));
+        write(QStringLiteral("report ") + QString::fromUtf8(failure.what()));
+    }
+    void exit() override
+    {
+        ++exits;
+        write(QStringLiteral("exit"));
+    }
+
+private:
+    void write(const QString& line)
+    {
+        if (journal_)
+            journal_->write(line);
+    }
+
+    Journal* journal_;
 };
 
 } // namespace orb

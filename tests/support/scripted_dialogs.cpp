@@ -3,9 +3,28 @@
 
 namespace orb {
 
+namespace {
+
+QString name(Icon icon)
+{
+    return icon == Icon::Critical      ? QStringLiteral("critical")
+           : icon == Icon::Information ? QStringLiteral("information")
+                                       : QStringLiteral("none");
+}
+
+} // namespace
+
+void ScriptedDialogs::write(const QString& line)
+{
+    if (journal_)
+        journal_->write(line);
+}
+
 Answer ScriptedDialogs::message(const QString& text, Icon icon, Buttons buttons)
 {
     shown.push_back({text, icon, buttons});
+    write(QStringLiteral("message \"%1\" %2 %3")
+              .arg(text, name(icon), buttons == Buttons::Ok ? QStringLiteral("Ok") : QStringLiteral("YesNo")));
     if (onMessage)
         onMessage(shown.back());
     if (buttons == Buttons::Ok)
@@ -20,6 +39,9 @@ Answer ScriptedDialogs::message(const QString& text, Icon icon, Buttons buttons)
 bool ScriptedDialogs::showFile(const QString& mode)
 {
     fileDialogs.push_back({mode, CommonDialog1});
+    write(QStringLiteral("%1 directory \"%2\" filter \"%3\" title \"%4\" name \"%5\"")
+              .arg(mode, CommonDialog1.initialDirectory, CommonDialog1.filter, CommonDialog1.title,
+                   CommonDialog1.fileName));
     if (files.empty())
         return false;
     const auto file = files.front();
@@ -32,6 +54,7 @@ bool ScriptedDialogs::showFile(const QString& mode)
 bool ScriptedDialogs::showPrinter()
 {
     ++printerDialogs;
+    write(QStringLiteral("printer dialog"));
     if (onPrinterDialog)
         onPrinterDialog();
     return printerAccepted;

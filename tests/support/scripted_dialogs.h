@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs.h"
+#include "journal.h"
 #include "recorded_printer.h"
 
 #include <deque>
@@ -36,6 +37,9 @@ struct ShownFileDialog {
 /// Dialogs whose answers are written down beforehand, and which write down what was shown, in order.
 class ScriptedDialogs final : public Dialogs {
 public:
+    /// Writes every dialog into `journal`, which must outlive the dialogs.
+    explicit ScriptedDialogs(Journal* journal = nullptr) : recordedPrinter(journal), journal_(journal) {}
+
     /// Answers to the Yes and No boxes in their order; No where none is left.
     std::deque<Answer> answers;
     /// What the file dialogs give back in their order, nothing for Cancel; Cancel where none is left.
@@ -58,6 +62,9 @@ public:
 
 private:
     bool showFile(const QString& mode);
+    void write(const QString& line);
+
+    Journal* journal_;
 };
 
 } // namespace orb

@@ -5,14 +5,24 @@
 
 namespace orb {
 
-VirtualClock::VirtualClock(Run& run, const QDateTime& start) : Clock(run), start_(start) {}
+VirtualClock::VirtualClock(Run& run, Journal* journal) : Clock(run), journal_(journal)
+{
+    if (journal_)
+        journal_->elapsed = [this] { return elapsed_; };
+}
+
+void VirtualClock::write(const QString& line)
+{
+    if (journal_)
+        journal_->write(line);
+}
 
 void VirtualClock::pass(qint64 ms)
 {
     elapsed_ += ms;
     if (elapsed_ <= allowed_)
         return;
-    allowed_ = elapsed_ + allowed_; // told once
+    allowed_ = elapsed_ + allowed_; // notified once
     if (onOverrun)
         onOverrun();
     run().end();
@@ -21,12 +31,14 @@ void VirtualClock::pass(qint64 ms)
 void VirtualClock::sleep(int ms)
 {
     sleeps.push_back(ms);
+    write(QStringLiteral("sleep %1").arg(ms));
     pass(std::max(ms, 0));
 }
 
 void VirtualClock::yield()
 {
     run().beginYield();
+    write(QStringLiteral("yield"));
     pass(1);
     while (runNextDue(elapsed_)) {
     }
@@ -48,13 +60,17 @@ void VirtualClock::at(qint64 ms, std::function<void()> action)
 
 void VirtualClock::reschedule(Timer& timer)
 {
-    forget(timer);
+    if (journal_)
+        journal_->update();
+    std::erase_if(timers_, [&](const Due& due) { return due.timer == &timer; });
     if (timer.isTicking())
         timers_.push_back({elapsed_ + timer.interval(), &timer});
 }
 
 void VirtualClock::forget(Timer& timer)
 {
+    if (journal_)
+        journal_->unwatch(&timer);
     std::erase_if(timers_, [&](const Due& due) { return due.timer == &timer; });
 }
 

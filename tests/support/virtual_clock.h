@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "journal.h"
 #include "timer.h"
 
 #include <vector>
 
 namespace orb {
 
-/// A clock for tests: a sleep costs nothing, is written down and moves the time on; a yield moves it on by 1 ms and
-/// lets happen what fell due: the operator's hand (`at`) and the timers' ticks, in the order of their time.
+/// A clock for tests: a sleep takes no real time and moves the virtual time on; a yield moves it on by 1 ms and runs
+/// what fell due: user input (`at`) and the timers' ticks, in the order of their time.
 class VirtualClock final : public Clock {
 public:
     /// Called once when more time passed than was allowed: a loop hangs, or the test should have said so. The run is
@@ -17,7 +18,8 @@ public:
     /// Every sleep so far, in milliseconds.
     std::vector<int> sleeps;
 
-    explicit VirtualClock(Run& run, const QDateTime& start = QDateTime({2024, 1, 31}, {10, 15, 0}));
+    /// Writes sleeps, yields and the watched timers into `journal`, which must outlive the clock.
+    explicit VirtualClock(Run& run, Journal* journal = nullptr);
 
     QDateTime now() const override { return start_.addMSecs(elapsed_); }
     qint64 elapsed() const override { return elapsed_; }
@@ -26,8 +28,7 @@ public:
     void reschedule(Timer& timer) override;
     void forget(Timer& timer) override;
 
-    /// Runs `action` as the operator's doing when `ms` have passed since the start; heard at the next yield, or within
-    /// `advance`.
+    /// Runs `action` as user input when `ms` have passed since the start, at the next yield or within `advance`.
     void at(qint64 ms, std::function<void()> action);
     /// Lets `ms` milliseconds pass with the event queue idle: ticks and actions happen each at its time.
     void advance(qint64 ms);
@@ -48,8 +49,10 @@ private:
 
     void pass(qint64 ms);
     bool runNextDue(qint64 until);
+    void write(const QString& line);
 
-    QDateTime start_;
+    Journal* journal_;
+    QDateTime start_{{2024, 1, 31}, {10, 15, 0}};
     qint64 elapsed_ = 0;
     qint64 allowed_ = 3'600'000;
     std::vector<Due> timers_;
