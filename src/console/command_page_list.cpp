@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page.h"
 #include "input_file.h"
+#include "is_query.h"
 #include "text_file.h"
 
 namespace orb {
@@ -10,11 +11,6 @@ namespace {
 const QString listFilter = QStringLiteral("ORB Command Log文件(*.scp)|*.scp");
 const QString showsList = QStringLiteral("Show CMD");
 const QString showsLog = QStringLiteral("Show Log");
-
-bool isQuery(const QString& line)
-{
-    return line.contains(QLatin1Char('?'));
-}
 
 } // namespace
 

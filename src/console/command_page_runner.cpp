@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page.h"
+#include "is_query.h"
 #include "text_file.h"
 #include "values.h"
 
@@ -23,7 +24,7 @@ void CommandPage::sendSelectedLine()
 {
     const QString line = lstCmdPool.list(lstCmdPool.listIndex());
     CORB_.SendCommand(line);
-    if (line.contains(QLatin1Char('?')))
+    if (isQuery(line))
         txtExecLog.appendText(line + QStringLiteral(" => ") + CORB_.Reply() + QStringLiteral("\r\n"));
     else
         txtExecLog.appendText(line + QStringLiteral("\r\n"));
@@ -34,7 +35,7 @@ void CommandPage::sendWithFollowUp()
 {
     const QString line = lstCmdPool.selectedText();
     sendSelectedLine();
-    if (line.contains(QLatin1Char('?'))) {
+    if (isQuery(line)) {
         clock_.sleep(pauseMs);
     } else if (line.contains(QStringLiteral("CHAN"))) {
         clock_.sleep(pauseMs);

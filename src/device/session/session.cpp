@@ -11,20 +11,6 @@ constexpr qint64 quietAfterLossMs = 100;
 constexpr qsizetype longestHeard = 256;
 } // namespace
 
-bool isQuery(const QByteArray& line)
-{
-    char quote = 0;
-    for (const char c : line) {
-        if (quote != 0)
-            quote = c == quote ? '\0' : quote;
-        else if (c == '"' || c == '\'')
-            quote = c;
-        else if (c == '?')
-            return true;
-    }
-    return false;
-}
-
 Session::Session(Clock& clock, Transport& transport)
     : clock_(clock), transport_(transport), lastLook_(clock.elapsed()), lastBytesAt_(lastLook_)
 {}

@@ -4,12 +4,10 @@
 #include "answer_book.h"
 #include "clock.h"
 #include "framer.h"
+#include "is_query.h"
 #include "transport.h"
 
 namespace orb {
-
-/// True when the command line asks for an answer: it holds a "?" outside of quotes.
-bool isQuery(const QByteArray& line);
 
 /// The conversation with an instrument over an open transport: lines out, answers in, each to its query. Nothing in it
 /// waits but the members that say so, and none of them longer than they are told.

@@ -40,21 +40,6 @@ protected:
     int answers = 0;
 };
 
-TEST(IsQuery, LooksForAQuestionMarkOutsideOfQuotes)
-{
-    EXPECT_TRUE(isQuery("*IDN?"));
-    EXPECT_TRUE(isQuery(":CHAN:ID?"));
-    EXPECT_TRUE(isQuery(":CURR 5;:CURR?"));
-    EXPECT_TRUE(isQuery(":DISP:TEXT \"what\";:CURR?"));
-    EXPECT_TRUE(isQuery(":DISP:TEXT 'say \"what';*OPC?"));
-    EXPECT_FALSE(isQuery(":CURR 5"));
-    EXPECT_FALSE(isQuery(":DISP:TEXT \"what?\""));
-    EXPECT_FALSE(isQuery(":DISP:TEXT 'what?'"));
-    EXPECT_FALSE(isQuery(":DISP:TEXT \"don't?\""));
-    EXPECT_FALSE(isQuery(":DISP:TEXT \"open?"));
-    EXPECT_FALSE(isQuery(""));
-}
-
 TEST_F(SessionTest, SendsALineAndReadsItsAnswer)
 {
     echo(1);
