@@ -2,9 +2,9 @@
 // The command runner, the instrument control and a served instrument, over a real socket.
 #include "command_page.h"
 #include "directories.h"
-#include "peers.h"
 #include "scripted_dialogs.h"
 #include "tcp_control.h"
+#include "test_servers.h"
 
 #include <gmock/gmock.h>
 

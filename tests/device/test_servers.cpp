@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "peers.h"
+#include "test_servers.h"
 
 #include <gmock/gmock.h>
 
@@ -63,7 +63,7 @@ void ServedInstrument::stop()
         context_.get(), [this] { server_.reset(); }, Qt::BlockingQueuedConnection);
 }
 
-std::string PeerSocket::line()
+std::string ClientConnection::line()
 {
     std::string text;
     for (char c = 0; ::recv(descriptor_, &c, 1, 0) == 1;) {
@@ -74,7 +74,7 @@ std::string PeerSocket::line()
     return {};
 }
 
-void PeerSocket::say(const std::string& bytes) const
+void ClientConnection::say(const std::string& bytes) const
 {
     std::size_t at = 0;
     while (at < bytes.size()) {
@@ -85,27 +85,27 @@ void PeerSocket::say(const std::string& bytes) const
     }
 }
 
-void PeerSocket::reset()
+void ClientConnection::reset()
 {
     const linger discard{1, 0};
     ::setsockopt(descriptor_, SOL_SOCKET, SO_LINGER, &discard, sizeof discard);
 }
 
-void PeerSocket::stay()
+void ClientConnection::stay()
 {
     char bytes[256];
     while (::recv(descriptor_, bytes, sizeof bytes, 0) > 0) {
     }
 }
 
-BadServer::BadServer(std::function<void(PeerSocket&)> serve)
+FaultyServer::FaultyServer(std::function<void(ClientConnection&)> serve)
 {
     listener_ = boundSocket(port_);
     ::listen(listener_, 4);
     thread_ = std::thread([this, body = std::move(serve)] { run(body); });
 }
 
-BadServer::~BadServer()
+FaultyServer::~FaultyServer()
 {
     ending_ = true;
     ::shutdown(listener_, SHUT_RDWR);
@@ -114,16 +114,16 @@ BadServer::~BadServer()
     ::close(listener_);
 }
 
-void BadServer::run(const std::function<void(PeerSocket&)>& serve)
+void FaultyServer::run(const std::function<void(ClientConnection&)>& serve)
 {
     while (!ending_) {
         const int connection = ::accept(listener_, nullptr, nullptr);
         if (connection < 0)
             continue;
         connection_ = connection;
-        PeerSocket peer(connection);
+        ClientConnection client(connection);
         if (!ending_)
-            serve(peer);
+            serve(client);
         connection_ = -1;
         ::close(connection);
     }

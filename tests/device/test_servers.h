@@ -13,16 +13,16 @@
 
 namespace orb {
 
-/// The simulated instrument behind a real socket, in a thread of its own so that a test may block.
+/// The simulated instrument on a real socket, in a thread of its own so that a test may block.
 class ServedInstrument {
 public:
     explicit ServedInstrument(const std::string& faultScript = {});
     ~ServedInstrument();
 
     quint16 port() const { return port_; }
-    /// What it makes of a message that another client sends.
+    /// The answer to a message of another client.
     std::string execute(const std::string& message);
-    /// No more clients, and none of those that are there.
+    /// Closes every connection and takes no more.
     void stop();
 
 private:
@@ -33,35 +33,35 @@ private:
     quint16 port_ = 0;
 };
 
-/// One connection as a bad server sees it: a bare blocking socket.
-class PeerSocket {
+/// The server's side of one connection: a blocking socket.
+class ClientConnection {
 public:
-    explicit PeerSocket(int descriptor) : descriptor_(descriptor) {}
+    explicit ClientConnection(int descriptor) : descriptor_(descriptor) {}
 
-    /// One line without its line end; empty when the client is gone or the server is to end.
+    /// Reads one line without its line end; empty when the client is gone or the server ends.
     std::string line();
     void say(const std::string& bytes) const;
     /// Ends the connection with a reset.
     void reset();
-    /// Stays until the client goes or the server is to end.
+    /// Reads until the client is gone or the server ends.
     void stay();
 
 private:
     int descriptor_;
 };
 
-/// A server that does with each connection, one after the other, what `serve` does. The connection is closed behind it.
-class BadServer {
+/// A server that runs `serve` for each connection, one after the other, and then closes the connection.
+class FaultyServer {
 public:
-    explicit BadServer(std::function<void(PeerSocket&)> serve);
-    ~BadServer();
-    BadServer(const BadServer&) = delete;
-    BadServer& operator=(const BadServer&) = delete;
+    explicit FaultyServer(std::function<void(ClientConnection&)> serve);
+    ~FaultyServer();
+    FaultyServer(const FaultyServer&) = delete;
+    FaultyServer& operator=(const FaultyServer&) = delete;
 
     quint16 port() const { return port_; }
 
 private:
-    void run(const std::function<void(PeerSocket&)>& serve);
+    void run(const std::function<void(ClientConnection&)>& serve);
 
     int listener_ = -1;
     quint16 port_ = 0;
@@ -70,7 +70,7 @@ private:
     std::thread thread_;
 };
 
-/// A port of this machine at which nobody listens.
+/// A port of this machine that refuses connections.
 quint16 refusingPort();
 
 } // namespace orb

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "peers.h"
 #include "session.h"
 #include "tcp_control.h"
 #include "tcp_transport.h"
+#include "test_servers.h"
 
 #include <QCoreApplication>
 
@@ -20,7 +20,7 @@ TcpAddress local(quint16 port)
 }
 
 /// Answers as an instrument, and anything that is none of its questions by `otherwise`.
-void actAsInstrument(PeerSocket& peer, const std::function<bool(const std::string& line)>& otherwise)
+void actAsInstrument(ClientConnection& peer, const std::function<bool(const std::string& line)>& otherwise)
 {
     for (std::string line = peer.line(); !line.empty(); line = peer.line()) {
         if (line == "*IDN?")
@@ -108,7 +108,7 @@ TEST(TcpTransport, EndsALookUpThatNobodyWaitsForAnyMore)
 
 TEST(TcpTransport, GivesWhatCameBeforeThePeerClosed)
 {
-    BadServer server([](PeerSocket& peer) { peer.say("last words"); });
+    FaultyServer server([](ClientConnection& peer) { peer.say("last words"); });
     TcpTransport transport(local(server.port()));
     ASSERT_TRUE(transport.open(generousMs));
     QByteArray bytes;
@@ -122,7 +122,7 @@ TEST(TcpTransport, GivesWhatCameBeforeThePeerClosed)
 
 TEST(TcpTransport, OutlivesAReset)
 {
-    BadServer server([](PeerSocket& peer) {
+    FaultyServer server([](ClientConnection& peer) {
         peer.line();
         peer.reset();
     });
@@ -139,7 +139,7 @@ TEST(TcpTransport, OutlivesAReset)
 TEST(TcpTransport, CutsALinkThatTakesNothingAnyMore)
 {
     std::atomic<bool> done = false;
-    BadServer server([&](PeerSocket&) {
+    FaultyServer server([&](ClientConnection&) {
         while (!done)
             QThread::msleep(1); // reads nothing
     });
@@ -218,18 +218,18 @@ TEST_F(HastyTcpControlTest, TellsARefusingPortFromASilentPeerFromOneThatIsNoInst
     EXPECT_FALSE(connectTo(refusingPort()));
     EXPECT_THAT(status(), HasSubstr("refused the connection"));
 
-    BadServer silent([](PeerSocket& peer) { peer.stay(); });
+    FaultyServer silent([](ClientConnection& peer) { peer.stay(); });
     EXPECT_FALSE(connectTo(silent.port()));
     EXPECT_THAT(status(), HasSubstr("did not answer *IDN?"));
 
-    BadServer stranger([](PeerSocket& peer) {
+    FaultyServer stranger([](ClientConnection& peer) {
         peer.say("SSH-2.0-stranger\r\n");
         peer.stay();
     });
     EXPECT_FALSE(connectTo(stranger.port()));
     EXPECT_THAT(status(), HasSubstr("SSH-2.0-stranger"));
 
-    BadServer garbage([](PeerSocket& peer) {
+    FaultyServer garbage([](ClientConnection& peer) {
         peer.line();
         peer.say(std::string(200'000, '\xff') + '\n');
         peer.stay();
@@ -237,11 +237,11 @@ TEST_F(HastyTcpControlTest, TellsARefusingPortFromASilentPeerFromOneThatIsNoInst
     EXPECT_FALSE(connectTo(garbage.port()));
     EXPECT_THAT(status(), HasSubstr("not as an instrument does"));
 
-    BadServer closing([](PeerSocket& peer) { peer.line(); });
+    FaultyServer closing([](ClientConnection& peer) { peer.line(); });
     EXPECT_FALSE(connectTo(closing.port()));
     EXPECT_THAT(status(), HasSubstr("closed the connection"));
 
-    BadServer resetting([](PeerSocket& peer) {
+    FaultyServer resetting([](ClientConnection& peer) {
         peer.line();
         peer.reset();
     });
@@ -255,7 +255,7 @@ TEST_F(HastyTcpControlTest, TellsARefusingPortFromASilentPeerFromOneThatIsNoInst
 
 TEST_F(HastyTcpControlTest, EndsOneThatNeverStopsTalking)
 {
-    BadServer chatterbox([](PeerSocket& peer) {
+    FaultyServer chatterbox([](ClientConnection& peer) {
         for (int i = 0; i < 500 && !peer.line().empty(); ++i)
             peer.say(std::string(4'000'000, 'x'));
     });
@@ -265,7 +265,7 @@ TEST_F(HastyTcpControlTest, EndsOneThatNeverStopsTalking)
 
 TEST_F(TcpControlTest, CanBeCancelledWhileItConnects)
 {
-    BadServer silent([](PeerSocket& peer) { peer.stay(); });
+    FaultyServer silent([](ClientConnection& peer) { peer.stay(); });
     pressConnect(QStringLiteral("127.0.0.1:%1").arg(silent.port()));
     press(page().cmdCancel);
     EXPECT_EQ(status(), "Connecting was cancelled.");
@@ -331,7 +331,7 @@ TEST_F(TcpControlTest, HandsOutNoPartWhenThePeerClosesOrResetsInMidAnswer)
 TEST_F(TcpControlTest, SendsQuietlyToAPeerThatReadsNothing)
 {
     std::atomic<bool> done = false;
-    BadServer server([&](PeerSocket& peer) {
+    FaultyServer server([&](ClientConnection& peer) {
         actAsInstrument(peer, [](const std::string&) { return false; });
         while (!done)
             QThread::msleep(1);
@@ -349,7 +349,7 @@ TEST_F(TcpControlTest, SendsQuietlyToAPeerThatReadsNothing)
 TEST_F(TcpControlTest, ReadsNothingButAnswersFromAPeerThatSaysAnything)
 {
     std::atomic<unsigned> seed = 0;
-    BadServer server([&](PeerSocket& peer) {
+    FaultyServer server([&](ClientConnection& peer) {
         unsigned random = 1 + seed++;
         actAsInstrument(peer, [&](const std::string&) {
             std::string bytes;
