@@ -12,7 +12,7 @@ namespace orb {
 
 namespace {
 
-/// A line under way. It keeps its memory from row to row.
+/// A line under construction. It keeps its memory from row to row.
 class Line {
 public:
     void begin(std::int64_t number)
@@ -22,7 +22,7 @@ public:
         text_.assign(digits.data(), end);
     }
 
-    /// Joins a text. Nothing is joined for Null, and a number can't be.
+    /// Appends a text, nothing for Null. Throws 13 for a number.
     void add(const FieldValue& value)
     {
         if (value.type == FieldType::Integer || value.type == FieldType::Real)

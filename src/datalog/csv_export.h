@@ -8,16 +8,16 @@ namespace orb {
 class OutputFile;
 class Recordset;
 
-/// The first line of an exported log of so many channels. `PVal`, the column of the current, is named V here and
-/// `SVal` is named A: the crossing belongs to the file.
+/// The first line of an exported log of so many channels. `PVal`, the column of the current, is called V here and
+/// `SVal` is called A: the file's labels are crossed on purpose.
 QString csvHeader(int channels);
 
-/// The statement that gives the rows to export, in no order of its own.
+/// The query for the rows to export. It asks for no order.
 QString csvSelect(int channels);
 
-/// Writes a line for each row of `rows`: SeqNo, RecTime, then both values of each channel, as the table gives them; a
-/// value that is Null leaves its place empty. There is always a first channel: throws `RuntimeFailure` 3265 where a
-/// row has no such field, and 13 where a value that has to be text is a number.
+/// Writes a line for each row of `rows`: SeqNo, RecTime, then both values of each channel, as the table gives them; Null
+/// leaves its place empty. Throws `RuntimeFailure` 3265 without a first channel, and 13 for a number where a text is
+/// needed.
 void writeCsvRows(Recordset& rows, int channels, OutputFile& file);
 
 } // namespace orb

@@ -16,7 +16,7 @@ DataFileDialog::DataFileDialog(QWidget* parent) : Frame({}, parent)
     auto* grid = new QGridLayout(this);
     lblLogTitle.setWordWrap(true);
     grid->addWidget(&lblLogTitle, 0, 0, 1, 3);
-    for (ListBox* list : {&lstLogMain, &listLogDel, &lstProgFile}) { // they lie over one another
+    for (ListBox* list : {&lstLogMain, &listLogDel, &lstProgFile}) { // the lists share one place
         grid->addWidget(list, 1, 0, 1, 3);
         list->setVisible(false);
     }
@@ -26,6 +26,16 @@ DataFileDialog::DataFileDialog(QWidget* parent) : Frame({}, parent)
     grid->addWidget(&cmdOKDataLogFile, 2, 1);
     grid->addWidget(&cmdCancelDataLogFile, 2, 2);
     setVisible(false);
+}
+
+void DataFileDialog::showOn(QWidget& page)
+{
+    constexpr int topTwips = 2100;
+    if (parentWidget() != &page)
+        setParent(&page);
+    move((page.width() - width()) / 2, pixels(topTwips));
+    bringToFront();
+    setVisible(true);
 }
 
 } // namespace orb

@@ -7,8 +7,8 @@
 
 namespace orb {
 
-/// The small frame in which the operator picks a saved log, or a stored program, to open or to delete. What its OK does
-/// is told by the tag of `cmdOKDataLogFile`. It lies over the pages that use it and does not block them.
+/// The small frame in which the operator selects a saved log, or a stored program, to open or to delete. The tag of
+/// `cmdOKDataLogFile` says what its OK does. It stands over a page, which stays usable.
 class DataFileDialog final : public Frame {
 public:
     explicit DataFileDialog(QWidget* parent = nullptr);
@@ -16,9 +16,12 @@ public:
     Label lblLogTitle;
     ListBox lstLogMain;  ///< saved logs to open
     ListBox listLogDel;  ///< saved logs to delete
-    ListBox lstProgFile; ///< stored programs; its own tag tells opening from deleting
+    ListBox lstProgFile; ///< stored programs; its own tag says whether to open or to delete
     PictureButton cmdOKDataLogFile{QStringLiteral("OK")};
     PictureButton cmdCancelDataLogFile{QStringLiteral("Cancel")};
+
+    /// Shows it on a page, in front of all controls there. The page must not delete it.
+    void showOn(QWidget& page);
 };
 
 } // namespace orb

@@ -14,26 +14,25 @@
 #include "orb_ctrl.h"
 #include "paths.h"
 #include "picture_button.h"
-#include "sample.h"
 #include "text_box.h"
 #include "timer.h"
 
 namespace orb {
 
-/// The page that records the current and the voltage of every channel about once a second, and plots, shows and
-/// exports the log in hand: the rows of the table `DataMeasure`.
+/// The page that records the current and the voltage of every channel about once a second, and plots, shows, saves and
+/// exports the current log: the rows of the table `DataMeasure`.
 class DataLogPage final : public Frame {
 public:
-    /// All references must outlive the page. `dbMain` must be open before `InitDataLog`; `wsMain` is what the bound
-    /// grid's data control opens its database through.
+    /// All references must outlive the page. `dbMain` must be open before `InitDataLog`; the bound grid's data control
+    /// opens its database through `wsMain`.
     DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, Workspace& wsMain,
                 const std::unique_ptr<Database>& dbMain);
 
     bool bLogRunning = false;      ///< the loop of the recording goes on
     bool bLogStarted = false;      ///< a recording was started in this run
-    std::int32_t lLogRecNo = 0;    ///< `SeqNo` of the next row; below 1 no data is in hand
-    std::int16_t iLogChannels = 0; ///< channels of the log in hand, 0 until one is started or opened
-    /// What the last refresh gave to the plots: series a feeds plot a+1. Valid right after a refresh alone.
+    std::int32_t lLogRecNo = 0;    ///< `SeqNo` of the next row; below 1 there is no log to export
+    std::int16_t iLogChannels = 0; ///< channels of the current log, 0 until one is started or opened
+    /// The data of the last refresh: series a feeds plot a+1. Valid only right after a refresh.
     std::array<std::vector<double>, 16> adLogSeries;
     float vLogLastTick = 0; ///< end of the previous sample cycle, in seconds since midnight
 
@@ -64,25 +63,25 @@ public:
     Graph graphLog;
     DataControl DataLog;
     DBGrid DBGrid1;
-    /// Lies over the page. Whoever shows it on another page takes it to a container of that page's.
+    /// Shared with the page of the stored programs: each page shows it on itself.
     DataFileDialog FrameDataFileOperate;
-    /// What the dialog's OK does for the stored programs, which its tag "PROCROGRAM" tells.
+    /// What the dialog's OK does when its tag is "PROCROGRAM".
     std::function<void()> ApplyProgramHistory;
     Timer TimerDataLog; ///< has no interval and never ticks
 
-    /// Brings the page to its first state, with an empty live table. Called once, while the main form loads. Throws
-    /// what the database throws.
+    /// Sets the page up, with an empty live table. Called once, while the main form loads. Throws what the database
+    /// throws.
     void InitDataLog();
-    /// Lets `logStart` follow the link.
+    /// Updates `logStart` from the link; it stays disabled while a recording runs.
     void RefreshDataLogPage();
-    /// One sample cycle: asks for the currents and the voltages, plots and stores them, and waits out the rest of the
-    /// second. Any failure in it is told and stops the log; no row is written for that cycle.
+    /// One sample cycle: queries the currents and the voltages, plots and stores them, and sleeps for the rest of the
+    /// second. A failure is shown and stops the log; no row is written for that cycle.
     void FetchLogSample();
 
-    /// Records until it is stopped: does not return before.
+    /// Records, and returns when the recording has ended.
     void logStartClick();
     void logStopClick();
-    /// Reads the whole table back into the curves, and scales the value axes whose combos stand on "Default".
+    /// Reads the whole table back into the curves, and scales the value axes whose combos are at "Default".
     void logRefreshClick();
     void logSaveClick();
     void logOpenClick();
@@ -91,13 +90,14 @@ public:
     void cmdExportClick();
     void cmdOKDataLogFileClick();
     void cmdCancelDataLogFileClick();
-    /// Copies the log selected in `lstLogMain` back into the live table and shows it. Nothing without a selection.
+    /// Copies the log selected in `lstLogMain` back into the live table and shows it; does nothing without a selection.
     void OpenDataLog();
-    /// Deletes the log selected in `listLogDel`, if the operator agrees.
+    /// Deletes the log selected in `listLogDel` if the operator agrees.
     void DeleteDataLog();
     void cmbXLengthClick();
     void cmbYVoltageClick();
     void cmbYCurrentClick();
+    /// Both throw `RuntimeFailure` 340 for an index that has no control; `optGraphModeClick` takes 3 as 2.
     void cbPlotClick(int index);
     void optGraphModeClick(int index);
     void graphLogCursorChange(double x, double y);
@@ -105,33 +105,37 @@ public:
 
 private:
     void createLayout();
-    void wire();
     QWidget* toolBar();
     QWidget* graphRow();
-    QWidget* graphHandles();
-    void arrangeChannels();
-    void arrangeCursorFrame();
+    QWidget* graphControls();
+    void layoutChannels();
+    void layoutCursorFrame();
+    void wire();
 
+    void emptyLog();
     void rebindDataLog();
+    /// Throws `RuntimeFailure` 340 for a plot that has no box.
+    CheckBox& boxOf(int plot);
     void clearChannel(int channel);
     void showChannel(int channel);
     void setValueAxis(const ComboBox& combo, int axis);
-    void readCursorOff(int plot);
-    void clearChannelForRefresh(int channel);
-    void checkChannel(int channel);
+    void attachCursor(int plot);
+
+    void beginRecording();
+    void sampleCycle();
+    QStringList fetchList(const QString& query);
+    QString askAgain(const QString& query);
+    void waitOutTheSecond();
+
     void readSeries();
     void plotSeries();
     void scaleValueAxes();
+
     void saveLog();
     QString nextLogID() const;
     void offerLogs(ListBox& list, const QString& title, const QString& tag, const QStringList& fields);
     bool deleteLog(const QString& identifier);
-    void sampleCycle();
-    ReplyList fetchList(const QString& query);
-    QString askAgain(const QString& query);
-    void waitOutTheSecond();
-    /// Throws `RuntimeFailure` 9 for a plot that there is none of.
-    CheckBox& boxOf(int plot);
+    void exportTo(const QString& name);
     QString icon(const char* literal) const { return paths_.inApplication(QLatin1String(literal)); }
 
     Clock& clock_;
@@ -139,6 +143,7 @@ private:
     const Paths& paths_;
     ORBCtrl& CORB_;
     const std::unique_ptr<Database>& dbMain_;
+    bool loopIsRunning_ = false; ///< the loop of a recording is on the stack
 };
 
 } // namespace orb

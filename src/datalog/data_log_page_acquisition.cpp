@@ -1,13 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page.h"
 #include "graph_log.h"
+#include "sample_statement.h"
 #include "values.h"
 
 namespace orb {
 
 namespace {
+
 constexpr int replyWaitMs = 100;
 constexpr int furtherPolls = 3;
+
+/// Throws `RuntimeFailure` 9 for a list that no reply has filled.
+int lastIndex(const QStringList& list)
+{
+    if (list.isEmpty())
+        throw RuntimeFailure(failure::SubscriptOutOfRange);
+    return static_cast<int>(list.size()) - 1;
+}
+
+/// Throws `RuntimeFailure` 9 beyond the end of the list.
+const QString& fieldOf(const QStringList& list, int index)
+{
+    if (index >= list.size())
+        throw RuntimeFailure(failure::SubscriptOutOfRange);
+    return list[index];
+}
+
 } // namespace
 
 void DataLogPage::logStartClick()
@@ -16,15 +35,23 @@ void DataLogPage::logStartClick()
         dialogs_.message(QStringLiteral("Please Connect Device first, and then try again!"), Icon::Critical);
         return;
     }
+    beginRecording();
+    if (loopIsRunning_) // stopped and started again within one yield: the loop that yields goes on with the new log
+        return;
+    loopIsRunning_ = true;
+    while (bLogRunning) {
+        clock_.yield();
+        FetchLogSample();
+    }
+    loopIsRunning_ = false;
+}
+
+void DataLogPage::beginRecording()
+{
     bLogStarted = true;
     logStop.setEnabled(true);
     logStop.setPicture(icon("\\ICON\\B4STOP-A.JPG"));
-    lLogRecNo = 0;
-    graphLog.ClearData();
-    dbMain_->execute(QStringLiteral("delete * from DataMeasure"));
-    rebindDataLog();
-    for (int channel = 0; channel < graphChannels; ++channel)
-        clearChannel(channel);
+    emptyLog();
     const int channels = CORB_.ChannelCount();
     for (int channel = 0; channel < channels; ++channel)
         showChannel(channel);
@@ -32,19 +59,6 @@ void DataLogPage::logStartClick()
     logStart.setEnabled(false);
     vLogLastTick = clock_.secondsSinceMidnight();
     bLogRunning = true;
-    while (bLogRunning) {
-        clock_.yield();
-        FetchLogSample();
-    }
-}
-
-void DataLogPage::showChannel(int channel)
-{
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot) {
-        graphLog.plot(plot).setVisible(true);
-        boxOf(plot).setEnabled(true);
-        boxOf(plot).setValue(CheckBox::Checked);
-    }
 }
 
 void DataLogPage::logStopClick()
@@ -69,16 +83,21 @@ void DataLogPage::sampleCycle()
 {
     if (!CORB_.IsConnected()) {
         dialogs_.message(QStringLiteral("Please Setup Device first, and then try again!"), Icon::Critical);
-        // What is switched here is a timer that no one ever assigned: the log stops by that failure, told as well.
+        // The timer to be disabled here was never assigned: this failure is shown too, and stops the log.
         throw RuntimeFailure(failure::ObjectVariableNotSet);
     }
-    const ReplyList currents = fetchList(QStringLiteral(":FETC:ALLC?"));
-    const ReplyList voltages = fetchList(QStringLiteral(":FETC:ALLV?"));
-    dbMain_->execute(sampleStatement(lLogRecNo, clock_.now(), currents, voltages,
-                                     [this](int channel, const QString& current, const QString& voltage) {
-                                         graphLog.plot(2 * channel + 1).ChartY(numericValue(voltage), secondInDays);
-                                         graphLog.plot(2 * channel + 2).ChartY(numericValue(current), secondInDays);
-                                     }));
+    const QStringList currents = fetchList(QStringLiteral(":FETC:ALLC?"));
+    const QStringList voltages = fetchList(QStringLiteral(":FETC:ALLV?"));
+    const int channels = lastIndex(currents); // the last field is never used: the list closes with a comma
+    SampleStatement statement(lLogRecNo, clock_.now(), channels);
+    for (int i = 0; i < channels; ++i) {
+        const QString& current = fieldOf(currents, i);
+        const QString& voltage = fieldOf(voltages, i);
+        statement.append(current, voltage);
+        graphLog.plot(2 * i + 1).ChartY(numericValue(voltage), secondInDays);
+        graphLog.plot(2 * i + 2).ChartY(numericValue(current), secondInDays);
+    }
+    dbMain_->execute(statement.sql());
     ++lLogRecNo;
     DataLog.refresh();
     DBGrid1.refresh();
@@ -86,9 +105,9 @@ void DataLogPage::sampleCycle()
     waitOutTheSecond();
 }
 
-/// Sends a list query and waits for its reply; asks the operator when it does not come. Nothing where it never came;
-/// the log is stopped then, and the cycle goes on all the same.
-ReplyList DataLogPage::fetchList(const QString& query)
+/// Sends a list query and waits for its reply; asks the operator when none comes. The fields of the reply, an empty
+/// list where it never came: the log is stopped then, and the cycle goes on all the same.
+QStringList DataLogPage::fetchList(const QString& query)
 {
     CORB_.SendCommand(query);
     clock_.sleep(replyWaitMs);
@@ -99,7 +118,7 @@ ReplyList DataLogPage::fetchList(const QString& query)
     }
     if (reply.isEmpty())
         reply = askAgain(query);
-    return reply.isEmpty() ? ReplyList() : ReplyList(reply.split(QLatin1Char(',')));
+    return reply.isEmpty() ? QStringList() : reply.split(QLatin1Char(','));
 }
 
 QString DataLogPage::askAgain(const QString& query)
@@ -124,7 +143,7 @@ QString DataLogPage::askAgain(const QString& query)
 void DataLogPage::waitOutTheSecond()
 {
     const float difference = clock_.secondsSinceMidnight() - vLogLastTick;
-    const double e = toDouble(text(difference)); // the seconds that the cycle took; nothing guards against midnight
+    const double e = toDouble(text(difference)); // seconds that the cycle took; nothing guards against midnight
     if (1 - e > 0)
         clock_.sleep(toLong((1 - e) * 1000));
     vLogLastTick = clock_.secondsSinceMidnight();

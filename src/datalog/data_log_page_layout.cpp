@@ -32,25 +32,23 @@ void DataLogPage::createLayout()
     DataLog.setRecordSource(QStringLiteral("DataMeasure"));
     DBGrid1.setDataSource(DataLog);
     DBGrid1.setColumns({columns.begin(), columns.end()});
-    arrangeChannels();
-    arrangeCursorFrame();
+    layoutChannels();
+    layoutCursorFrame();
 
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(8, 4, 8, 8);
     page->setSpacing(6);
     page->addWidget(toolBar());
     page->addWidget(graphRow(), 3);
-    page->addWidget(graphHandles());
+    page->addWidget(graphControls());
     auto* rows = new QHBoxLayout;
     rows->addWidget(&DBGrid1, 1);
     rows->addWidget(&FrameCursor);
     page->addLayout(rows, 2);
-    for (QWidget* unseen : {static_cast<QWidget*>(&DataLog), static_cast<QWidget*>(&lstWave)})
-        unseen->setParent(this);
-    FrameDataFileOperate.setParent(this);
-    FrameDataFileOperate.moveTwips((pageWidthTwips - FrameDataFileOperate.widthTwips()) / 2, 2100);
-    DataLog.setVisible(false);
-    lstWave.setVisible(false);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&DataLog, &lstWave, &FrameDataFileOperate}) {
+        hidden->setParent(this);
+        hidden->setVisible(false);
+    }
 }
 
 QWidget* DataLogPage::toolBar()
@@ -63,8 +61,8 @@ QWidget* DataLogPage::toolBar()
     logDelete.setPicture(icon("\\ICON\\Delete.png"));
     logPrint.setPicture(icon("\\ICON\\Print.png"));
     cmdExport.setPicture(icon("\\ICON\\Export.png"));
-    logSave.setToolTip(QStringLiteral("Keep the log in hand among the saved logs"));
-    cmdExport.setToolTip(QStringLiteral("Write the log in hand to a CSV file"));
+    logSave.setToolTip(QStringLiteral("Add the current log to the saved logs"));
+    cmdExport.setToolTip(QStringLiteral("Write the current log to a CSV file"));
     return toolBarOf({&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport});
 }
 
@@ -79,7 +77,7 @@ QWidget* DataLogPage::graphRow()
 }
 
 /// The boxes in a row for each channel, and before each row a line in the color of its plots.
-void DataLogPage::arrangeChannels()
+void DataLogPage::layoutChannels()
 {
     auto* grid = new QGridLayout(&FrameChannel);
     grid->setContentsMargins(6, 4, 6, 4);
@@ -95,10 +93,10 @@ void DataLogPage::arrangeChannels()
     }
 }
 
-QWidget* DataLogPage::graphHandles()
+QWidget* DataLogPage::graphControls()
 {
-    auto* handles = new QWidget;
-    auto* row = new QHBoxLayout(handles);
+    auto* controls = new QWidget;
+    auto* row = new QHBoxLayout(controls);
     row->setContentsMargins(0, 0, 0, 0);
     const auto add = [row](const QString& caption, ComboBox& combo) {
         auto* label = new Label(caption);
@@ -117,10 +115,10 @@ QWidget* DataLogPage::graphHandles()
     optGraphMode[0].setValue(true);
     graphLog.setTrackMode(Graph::TrackZoom);
     row->addWidget(&Frame3);
-    return handles;
+    return controls;
 }
 
-void DataLogPage::arrangeCursorFrame()
+void DataLogPage::layoutCursorFrame()
 {
     auto* grid = new QGridLayout(&FrameCursor);
     grid->setContentsMargins(6, 4, 6, 4);

@@ -6,7 +6,7 @@ namespace orb {
 
 namespace {
 
-/// The cells of a table of six rows and nine columns under the picture; nothing is printed in them.
+/// Visits the cells of a table of six rows and nine columns under the picture, and prints nothing in them.
 void walkTable(Printer& printer, double width, double height)
 {
     for (int i = 1; i <= 6; ++i)
@@ -20,10 +20,10 @@ void walkTable(Printer& printer, double width, double height)
 
 void DataLogPage::logPrintClick()
 {
-    dialogs_.showPrinter(); // a cancel still prints
+    dialogs_.showPrinter(); // a Cancel still prints
     Printer& printer = dialogs_.printer();
     const PaperColors screen = PaperColors::of(graphLog);
-    putOnPaper(graphLog);
+    usePaperColors(graphLog);
     printer.setOrientation(Printer::Landscape);
     const double width = printer.width();
     const double height = printer.height();
@@ -32,7 +32,7 @@ void DataLogPage::logPrintClick()
     printer.setFontSize(9);
     walkTable(printer, width, height);
     printer.endDoc();
-    screen.putBack(graphLog);
+    screen.restore(graphLog);
 }
 
 } // namespace orb

@@ -15,20 +15,13 @@ struct Extremes {
     double lowestSVal = 1000000000;
 };
 
-/// The greater one of an extreme and a field; a field without a value moves nothing.
-void liftTo(double& extreme, const Field& field)
+/// `extreme` or the value of the field, whichever `pick` prefers; a field without a value changes nothing.
+double withField(double extreme, const Field& field, const double& (*pick)(const double&, const double&))
 {
-    if (!field.isNull())
-        extreme = std::max(extreme, field.toDouble());
+    return field.isNull() ? extreme : pick(extreme, field.toDouble());
 }
 
-void sinkTo(double& extreme, const Field& field)
-{
-    if (!field.isNull())
-        extreme = std::min(extreme, field.toDouble());
-}
-
-/// Columns of channels that the instrument did not report have no value, and draw as zero.
+/// A column without a value, of a channel that the instrument did not report, is drawn as zero.
 double seriesValue(const Field& field)
 {
     return field.isNull() ? 0.0 : field.toDouble();
@@ -42,46 +35,34 @@ QString selectOf(const std::vector<SeriesColumn>& columns)
     return QStringLiteral("select ") + names.join(QLatin1Char(',')) + QStringLiteral(" from DataMeasure");
 }
 
+/// After the last row, where a walk over the rows ends.
+void moveToEnd(TableRecordset& rows)
+{
+    rows.moveLast();
+    if (!rows.isEof())
+        rows.moveNext();
+}
+
 } // namespace
 
 void DataLogPage::logRefreshClick()
 {
     const WaitPointer wait;
     for (int channel = 0; channel < graphChannels; ++channel)
-        clearChannelForRefresh(channel);
+        clearChannel(channel);
     rebindDataLog();
     lLogRecNo = static_cast<std::int32_t>(DataLog.recordset().recordCount());
     readSeries();
+    moveToEnd(DataLog.recordset());
     plotSeries();
     for (int channel = 0; channel < iLogChannels; ++channel)
-        checkChannel(channel);
+        showChannel(channel);
     optGraphMode[0].setValue(true);
     scaleValueAxes();
 }
 
-/// As `clearChannel`, but disabled before it is cleared.
-void DataLogPage::clearChannelForRefresh(int channel)
-{
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        graphLog.cursor(plot).setVisible(false);
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        boxOf(plot).setEnabled(false);
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        boxOf(plot).setValue(CheckBox::Unchecked);
-}
-
-void DataLogPage::checkChannel(int channel)
-{
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        graphLog.cursor(plot).setVisible(false);
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        boxOf(plot).setEnabled(true);
-    for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot)
-        boxOf(plot).setValue(CheckBox::Checked);
-}
-
-/// Each series is one element longer than the table, and that element stays 0: a refreshed curve ends with a fall to
-/// zero one second behind its last sample.
+/// Each series is one element longer than the table, and that element stays 0: a refreshed curve falls to zero one
+/// second after its last sample.
 void DataLogPage::readSeries()
 {
     for (auto& series : adLogSeries)
@@ -107,8 +88,8 @@ void DataLogPage::plotSeries()
         graphLog.plot(a + 1).PlotY(adLogSeries.at(static_cast<std::size_t>(a)), QStringLiteral("0:0:00"), secondInDays);
 }
 
-/// Sets the value axes whose combos stand on "Default". `PVal` scales the axis of the voltage here and `SVal` that of
-/// the current, as the plots of a refresh have it.
+/// Sets the value axes whose combos are at "Default". Here `PVal` scales the axis of the voltage and `SVal` that of the
+/// current, as a refresh plots them.
 void DataLogPage::scaleValueAxes()
 {
     constexpr std::int16_t channelsWithoutALog = 7;
@@ -117,12 +98,12 @@ void DataLogPage::scaleValueAxes()
     Extremes extremes;
     const auto rows = dbMain_->openRecordset(extremesSelect(iLogChannels));
     for (int n = 1; n <= iLogChannels && !rows->isEof(); ++n) {
-        liftTo(extremes.highestPVal, rows->field(4 * n - 4));
-        sinkTo(extremes.lowestPVal, rows->field(4 * n - 3));
-        liftTo(extremes.highestSVal, rows->field(4 * n - 2));
-        sinkTo(extremes.lowestSVal, rows->field(4 * n - 1));
+        extremes.highestPVal = withField(extremes.highestPVal, rows->field(4 * n - 4), std::max);
+        extremes.lowestPVal = withField(extremes.lowestPVal, rows->field(4 * n - 3), std::min);
+        extremes.highestSVal = withField(extremes.highestSVal, rows->field(4 * n - 2), std::max);
+        extremes.lowestSVal = withField(extremes.lowestSVal, rows->field(4 * n - 1), std::min);
     }
-    // The two lowest ones are not used: every axis starts at zero.
+    // The two lowest values are not used: every axis starts at zero.
     if (cmbYVoltage.listIndex() == 0)
         graphLog.axis(2).SetMinMax(0, decadeAbove(extremes.highestPVal));
     if (cmbYCurrent.listIndex() == 0)

@@ -12,7 +12,13 @@ const QString sampleColumns = QStringLiteral("SeqNo, RecTime,PVal1,SVal1,PVal2,S
                                              "SVal5,PVal6,SVal6,PVal7,SVal7,PVal8,SVal8,Reason3,Comment,TimeTick,"
                                              "DiffLastTime");
 
-/// The identifier with which a list line begins.
+/// The date of a saved log as the list shows it. It stays a text, so that no time zone can refuse or shift it.
+QString logDateOf(const Recordset& log)
+{
+    return log.field("LogDate").asText().replace(QLatin1Char('-'), QLatin1Char('/'));
+}
+
+/// The identifier at the beginning of a list line.
 QString identifierOf(const QString& line)
 {
     return line.section(QLatin1Char(','), 0, 0).trimmed();
@@ -47,8 +53,8 @@ void DataLogPage::saveLog()
     dialogs_.message(QStringLiteral("Data Log Saved OK(Rec ID:%1)!").arg(identifier), Icon::Information);
 }
 
-/// Today and the number behind the count of today's logs. A log deleted earlier in the day can make it one that is
-/// still there.
+/// Today's date and the count of today's logs plus one. After a log of today was deleted it can be an identifier that
+/// is still there.
 QString DataLogPage::nextLogID() const
 {
     const QString today = clock_.now().toString(QStringLiteral("yyyyMMdd"));
@@ -73,23 +79,22 @@ void DataLogPage::logDeleteClick()
               QStringLiteral("DELETEDATALOG"), {"CHNum"});
 }
 
-/// Brings the dialog up with a line for each saved log, newest first.
+/// Shows the dialog on this page with a line for each saved log, newest first.
 void DataLogPage::offerLogs(ListBox& list, const QString& title, const QString& tag, const QStringList& fields)
 {
-    FrameDataFileOperate.bringToFront();
-    FrameDataFileOperate.setVisible(true);
+    FrameDataFileOperate.showOn(*this);
     FrameDataFileOperate.lblLogTitle.setCaption(title);
     FrameDataFileOperate.cmdOKDataLogFile.setTag(tag);
     list.clear();
     const auto logs = dbMain_->openRecordset(QStringLiteral("select * from DataMeasureM order by logdate desc"));
     for (; !logs->isEof(); logs->moveNext()) {
-        QStringList line{logs->field("LogID").asText(), recordTime(logs->field("LogDate").toDateTime())};
+        QStringList line{logs->field("LogID").asText(), logDateOf(*logs)};
         for (const QString& field : fields)
             line << logs->field(field).textOrEmpty();
         list.addItem(line.join(QStringLiteral(", ")));
     }
     list.setVisible(true);
-    list.bringToFront(); // the lists lie over one another
+    list.bringToFront(); // the lists share one place
 }
 
 void DataLogPage::cmdOKDataLogFileClick()
@@ -131,14 +136,14 @@ void DataLogPage::DeleteDataLog()
         const QString identifier = identifierOf(FrameDataFileOperate.listLogDel.selectedText());
         if (!identifier.isEmpty() && !deleteLog(identifier))
             return;
-        // Told also when nothing was selected.
+        // This box comes also when nothing was selected.
         dialogs_.message(QStringLiteral("Delete Data Log OK!"), Icon::Information);
     } catch (const RuntimeFailure& failure) {
         dialogs_.message(QStringLiteral("Delete Data Log Failed, Caused by:") + failure.description(), Icon::Critical);
     }
 }
 
-/// False if the operator does not want it.
+/// False if the operator answers No.
 bool DataLogPage::deleteLog(const QString& identifier)
 {
     const auto answer = dialogs_.message(QStringLiteral("Do you want to delete this Data Logfile(%1)?").arg(identifier),

@@ -11,8 +11,7 @@ const std::array<QColor, graphChannels> channelColors{QColor(0, 255, 0),   QColo
                                                       QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0),
                                                       QColor(128, 0, 0),   QColor(128, 128, 0)};
 
-// The captions differ in case from row to row, and the last three have no second range: both are as the axis takes
-// them. "2Day" to "4Day" are not offered in the list.
+// The captions differ in case on purpose. The last three rows have no second range and are not offered in the list.
 const std::array<TimeRange, 13> timeRanges{{
     {"5m", "Elapsed Time [Sec]", 60, "h:n:ss", 5, "0:0:0", "0:5:00"},
     {"10m", "Elapsed Time [Sec]", 120, "h:n:ss", 5, "0:0:0", "0:10:00"},

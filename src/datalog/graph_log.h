@@ -10,22 +10,22 @@ constexpr double secondInDays = 1.0 / 86400;
 
 constexpr int graphChannels = 8;
 
-/// What `graphLog` is made of: elapsed time, volts on the left, amperes on the right, two curves and two cursors for
-/// each channel. Odd plots show volts, even plots amperes; both of a channel share a color.
+/// The elements of `graphLog`: elapsed time, volts on the left, amperes on the right, two curves and two cursors for
+/// each channel. Odd plots show volts, even plots amperes; both plots of a channel have the same color.
 GraphPlan graphLogPlan();
 
 /// One choice of `cmbXLength`: what it sets on the time axis.
 struct TimeRange {
     QString text;
     QString caption;
-    double firstMaximum; ///< in days, as the bare number it is; stands where no second range follows
+    double firstMaximum; ///< a bare number, so it counts days; in effect where no second range follows
     QString format;
     int divisions;
     QString minimum; ///< a time, empty where no second range follows
     QString maximum;
 };
 
-/// The choice of that text, or null where there is none.
+/// The range with that text, or null.
 const TimeRange* timeRangeOf(const QString& text);
 
 /// The texts that the three combos offer, in their order.

@@ -8,7 +8,7 @@ namespace orb {
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 27> descriptions{{
+constexpr std::array<std::pair<int, const char*>, 29> descriptions{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -24,6 +24,7 @@ constexpr std::array<std::pair<int, const char*>, 27> descriptions{{
     {failure::PathNotFound, "Path not found"},
     {failure::ObjectVariableNotSet, "Object variable not set"},
     {failure::InvalidUseOfNull, "Invalid use of Null"},
+    {failure::NoSuchControl, "Control array element doesn't exist"},
     {failure::InvalidPropertyValue, "Invalid property value"},
     {failure::KeyAlreadyAssociated, "Key already associated"},
     {failure::InvalidPicture, "Invalid picture"},
@@ -33,6 +34,7 @@ constexpr std::array<std::pair<int, const char*>, 27> descriptions{{
     {failure::DatabaseNotFound, "Database not found"},
     {failure::DatabaseReadOnly, "Database is read-only"},
     {failure::DatabaseUnrecognized, "Unrecognized database format"},
+    {failure::UnknownName, "Unknown name in the statement"},
     {failure::ItemNotFound, "Item not found in this collection"},
     {failure::DatabaseBusy, "Database is locked"},
     {failure::ObjectClosed, "Object is closed"},

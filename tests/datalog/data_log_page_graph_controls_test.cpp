@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
-
-#include "graph_log.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::ElementsAre;
@@ -9,7 +7,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class GraphControlsTest : public DataLogTest {
+class DataLogPageGraphControlsTest : public DataLogPageTest {
 protected:
     /// The operator drags cursor 1 to that many seconds of the time axis.
     void moveCursor(double seconds, double y = 12.5)
@@ -39,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(GraphControlsTest, EachTimeRangeSetsCaptionFormatDivisionsAndRange)
+TEST_F(DataLogPageGraphControlsTest, EachTimeRangeSetsCaptionFormatDivisionsAndRange)
 {
     const auto axisAfter = [&](const QString& text) {
         page.cmbXLength.addItem(text); // the last three are in the handler and not in the list
@@ -67,7 +65,7 @@ TEST_F(GraphControlsTest, EachTimeRangeSetsCaptionFormatDivisionsAndRange)
         << "a text that matches no row changes nothing";
 }
 
-TEST_F(GraphControlsTest, ValueRangesReadTheNumberAtTheHeadOfTheText)
+TEST_F(DataLogPageGraphControlsTest, ValueRangesReadTheNumberAtTheHeadOfTheText)
 {
     const auto maximum = [&](ComboBox& combo, const QString& text, int axis) {
         pick(combo, text);
@@ -80,7 +78,7 @@ TEST_F(GraphControlsTest, ValueRangesReadTheNumberAtTheHeadOfTheText)
     EXPECT_EQ(page.graphLog.axis(3).minimum(), 0);
 }
 
-TEST_F(GraphControlsTest, SelectingDefaultGoesToFiftyUntilTheNextRefresh)
+TEST_F(DataLogPageGraphControlsTest, SelectingDefaultGoesToFiftyUntilTheNextRefresh)
 {
     recordedRows(2);
     pick(page.cmbYVoltage, "5V");
@@ -92,14 +90,14 @@ TEST_F(GraphControlsTest, SelectingDefaultGoesToFiftyUntilTheNextRefresh)
     EXPECT_NEAR(page.graphLog.axis(2).maximum(), 1, 1e-9);
 }
 
-TEST_F(GraphControlsTest, NoSelectionOfARangeChangesNothing)
+TEST_F(DataLogPageGraphControlsTest, NoSelectionOfARangeChangesNothing)
 {
     pick(page.cmbYVoltage, "5V");
     run.enter([&] { page.cmbYVoltage.setListIndex(-1); });
     EXPECT_EQ(page.graphLog.axis(2).maximum(), 5);
 }
 
-TEST_F(GraphControlsTest, ABoxShowsAndHidesItsPlot)
+TEST_F(DataLogPageGraphControlsTest, ABoxShowsAndHidesItsPlot)
 {
     record(1);
     press(page.cbPlot[2]);
@@ -108,7 +106,7 @@ TEST_F(GraphControlsTest, ABoxShowsAndHidesItsPlot)
     EXPECT_TRUE(page.graphLog.plot(3).visible());
 }
 
-TEST_F(GraphControlsTest, WithoutALogTheModeChangesAndNoCursorAndNoBoxIsTouched)
+TEST_F(DataLogPageGraphControlsTest, WithoutALogTheModeChangesAndNoCursorAndNoBoxIsTouched)
 {
     page.cbPlot[3].setValue(CheckBox::Checked);
     page.graphLog.cursor(2).setVisible(true);
@@ -127,7 +125,7 @@ TEST_F(GraphControlsTest, WithoutALogTheModeChangesAndNoCursorAndNoBoxIsTouched)
     EXPECT_EQ(checkedBoxes(), "Ch2 A");
 }
 
-TEST_F(GraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked)
+TEST_F(DataLogPageGraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked)
 {
     record(2);
 
@@ -146,7 +144,7 @@ TEST_F(GraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked
     EXPECT_EQ(cursor.yPosition(), 25);
 }
 
-TEST_F(GraphControlsTest, LeavingCursorModeHidesItsFrameAndItsCursors)
+TEST_F(DataLogPageGraphControlsTest, LeavingCursorModeHidesItsFrameAndItsCursors)
 {
     record(2);
     press(page.optGraphMode[2]);
@@ -159,7 +157,7 @@ TEST_F(GraphControlsTest, LeavingCursorModeHidesItsFrameAndItsCursors)
     EXPECT_EQ(page.graphLog.TrackMode(), 6);
 }
 
-TEST_F(GraphControlsTest, ARefreshInCursorModeLeavesOnlyTheLastBoxChecked)
+TEST_F(DataLogPageGraphControlsTest, ARefreshInCursorModeLeavesOnlyTheLastBoxChecked)
 {
     record(2);
     press(page.optGraphMode[2]);
@@ -170,7 +168,7 @@ TEST_F(GraphControlsTest, ARefreshInCursorModeLeavesOnlyTheLastBoxChecked)
     EXPECT_TRUE(page.optGraphMode[0].value());
 }
 
-TEST_F(GraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
+TEST_F(DataLogPageGraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
 {
     recordedRows(100);
 
@@ -184,7 +182,7 @@ TEST_F(GraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
     EXPECT_GT(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 42);
 }
 
-TEST_F(GraphControlsTest, ACursorAtZeroSearchesForNothing)
+TEST_F(DataLogPageGraphControlsTest, ACursorAtZeroSearchesForNothing)
 {
     recordedRows(10);
     moveCursor(5);
@@ -193,7 +191,7 @@ TEST_F(GraphControlsTest, ACursorAtZeroSearchesForNothing)
     EXPECT_EQ(currentRow(), "5");
 }
 
-TEST_F(GraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneBehindItStaysWhereItWas)
+TEST_F(DataLogPageGraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneBehindItStaysWhereItWas)
 {
     recordedRows(10);
     moveCursor(9);
@@ -205,7 +203,7 @@ TEST_F(GraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneBehindItStaysWh
     EXPECT_EQ(currentRow(), "3");
 }
 
-TEST_F(GraphControlsTest, HoursCountSixtySecondsSoThatTheGridLagsBeyondTheFirstHour)
+TEST_F(DataLogPageGraphControlsTest, HoursCountSixtySecondsSoThatTheGridLagsBeyondTheFirstHour)
 {
     recordedRows(100);
 
@@ -215,36 +213,12 @@ TEST_F(GraphControlsTest, HoursCountSixtySecondsSoThatTheGridLagsBeyondTheFirstH
     EXPECT_EQ(currentRow(), "70");
 }
 
-TEST_F(GraphControlsTest, OutsideOfCursorModeACursorIsNotReadOff)
+TEST_F(DataLogPageGraphControlsTest, OutsideOfCursorModeACursorIsNotReadOff)
 {
     recordedRows(10);
     press(page.optGraphMode[0]);
     moveCursor(5);
     EXPECT_EQ(page.XPosition.text(), "");
-}
-
-TEST_F(GraphControlsTest, TheGraphHasItsAxesPlotsAndCursors)
-{
-    DataLogPage fresh(clock, dialogs, paths, instrument, wsMain, dbMain);
-    const Graph& graph = fresh.graphLog;
-    const auto axis = [&](int number) {
-        const GraphAxis& a = graph.axis(number);
-        return QStringLiteral("%1, %2, %3...%4, %5")
-            .arg(a.name(), a.caption())
-            .arg(a.minimum())
-            .arg(std::llround(a.maximum() * 24))
-            .arg(a.FormatString());
-    };
-    EXPECT_EQ(axis(1), "X-Axis, Elapsed Time, 0...1, h:nn");
-    EXPECT_EQ(axis(2), "Y-Axis, Voltage, 0...720, ");
-    EXPECT_EQ(axis(3), "YAxis-A, Amp, 0...720, ");
-    EXPECT_EQ(graph.plotCount(), 16);
-    EXPECT_EQ(graph.cursorCount(), 16);
-    EXPECT_EQ(&graph.plot(15).valueAxis(), &graph.axis(2));
-    EXPECT_EQ(&graph.plot(16).valueAxis(), &graph.axis(3));
-    EXPECT_EQ(graph.plot(13).lineColor(), QColor(128, 0, 0));
-    EXPECT_EQ(graph.plot(14).lineColor(), QColor(128, 0, 0));
-    EXPECT_EQ(graph.plot(16).name(), "Plot-16");
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
-
-#include "csv_export.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::ElementsAre;
@@ -12,7 +10,7 @@ namespace {
 const Shown nothingInHand{"Please Record or Load existing data first!", Icon::Information, Buttons::Ok};
 const Shown cancelled{"Data Log CSV saved Failed as User Cancel Opeation!", Icon::None, Buttons::Ok};
 
-class ExportTest : public DataLogTest {
+class DataLogPageExportTest : public DataLogPageTest {
 protected:
     QString csv() const { return contentOf(csvPath); }
     Shown saved() const { return {"Data Log CSV saved OK (FileName:" + csvPath + ")!", information, Buttons::Ok}; }
@@ -20,7 +18,7 @@ protected:
     const QString csvPath = application.filePath("log.csv");
 };
 
-TEST_F(ExportTest, AfterARecordingOfThreeRowsTheFileHasFourLines)
+TEST_F(DataLogPageExportTest, AfterARecordingOfThreeRowsTheFileHasFourLines)
 {
     instrument.channelCount = 2;
     currents = "1.1000,2.1000,";
@@ -36,7 +34,7 @@ TEST_F(ExportTest, AfterARecordingOfThreeRowsTheFileHasFourLines)
                      "2,2024/01/31 10:15:02,1.1000,12.1000,2.1000,12.2000\r\n");
 }
 
-TEST_F(ExportTest, ASuccessfulExportAnswersWithBothBoxesInThisOrder)
+TEST_F(DataLogPageExportTest, ASuccessfulExportAnswersWithBothBoxesInThisOrder)
 {
     record(1);
     dialogs.files = {csvPath};
@@ -46,7 +44,7 @@ TEST_F(ExportTest, ASuccessfulExportAnswersWithBothBoxesInThisOrder)
     EXPECT_THAT(dialogs.shown, ElementsAre(saved(), cancelled));
 }
 
-TEST_F(ExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
+TEST_F(DataLogPageExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
 {
     record(1);
 
@@ -58,7 +56,7 @@ TEST_F(ExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
     EXPECT_EQ(dialogs.fileDialogs[0].dialog.filter, QStringLiteral("ORB Data Log文件(*.csv)|*.csv"));
 }
 
-TEST_F(ExportTest, WithoutDataInHandNothingIsAsked)
+TEST_F(DataLogPageExportTest, WithoutDataInHandNothingIsAsked)
 {
     press(page.cmdExport);
 
@@ -66,7 +64,7 @@ TEST_F(ExportTest, WithoutDataInHandNothingIsAsked)
     EXPECT_THAT(dialogs.fileDialogs, IsEmpty());
 }
 
-TEST_F(ExportTest, ACancelOfAnEmptyDialogSavesNothing)
+TEST_F(DataLogPageExportTest, ACancelOfAnEmptyDialogSavesNothing)
 {
     record(1);
 
@@ -76,7 +74,7 @@ TEST_F(ExportTest, ACancelOfAnEmptyDialogSavesNothing)
     EXPECT_EQ(csv(), "no such file");
 }
 
-TEST_F(ExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExportGoesAhead)
+TEST_F(DataLogPageExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExportGoesAhead)
 {
     record(1);
     dialogs.CommonDialog1.fileName = csvPath;
@@ -88,7 +86,7 @@ TEST_F(ExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExportGoesAhead
     EXPECT_TRUE(csv().startsWith("No.,Time,"));
 }
 
-TEST_F(ExportTest, ZeroChannelsWithRowsInHandCannotBeExported)
+TEST_F(DataLogPageExportTest, ZeroChannelsWithRowsInHandCannotBeExported)
 {
     record(1);
     page.iLogChannels = 0;
@@ -101,7 +99,7 @@ TEST_F(ExportTest, ZeroChannelsWithRowsInHandCannotBeExported)
     EXPECT_EQ(csv(), "No.,Time\r\n") << "the file stays as far as it was written";
 }
 
-TEST_F(ExportTest, ALogOfOneChannelHasFourFieldsALine)
+TEST_F(DataLogPageExportTest, ALogOfOneChannelHasFourFieldsALine)
 {
     instrument.channelCount = 1;
     currents = "1.1000,";
@@ -114,7 +112,7 @@ TEST_F(ExportTest, ALogOfOneChannelHasFourFieldsALine)
     EXPECT_EQ(csv(), "No.,Time,Ch1V,Ch1A\r\n0,2024/01/31 10:15:00,1.1000,12.1000\r\n");
 }
 
-TEST_F(ExportTest, AnExistingFileOfThatNameIsReplacedWithNoQuestion)
+TEST_F(DataLogPageExportTest, AnExistingFileOfThatNameIsReplacedWithNoQuestion)
 {
     QFile old(csvPath);
     ASSERT_TRUE(old.open(QIODevice::WriteOnly));
@@ -130,7 +128,7 @@ TEST_F(ExportTest, AnExistingFileOfThatNameIsReplacedWithNoQuestion)
     EXPECT_FALSE(csv().contains('x'));
 }
 
-TEST_F(ExportTest, AChannelThatTheReplyDidNotCarryLeavesItsPlacesEmpty)
+TEST_F(DataLogPageExportTest, AChannelThatTheReplyDidNotCarryLeavesItsPlacesEmpty)
 {
     currents = "1.1000,2.1000,3.1000,4.1000";
     record(1);
@@ -141,7 +139,7 @@ TEST_F(ExportTest, AChannelThatTheReplyDidNotCarryLeavesItsPlacesEmpty)
     EXPECT_TRUE(csv().endsWith(",3.1000,12.3000,,\r\n")) << csv().toStdString();
 }
 
-TEST_F(ExportTest, ANumericFieldIsRefusedByTheJoiningOfTexts)
+TEST_F(DataLogPageExportTest, ANumericFieldIsRefusedByTheJoiningOfTexts)
 {
     record(1);
     alterDatabase("drop table DataMeasure; create table DataMeasure (SeqNo INTEGER, RecTime TEXT, PVal1 REAL, SVal1 "
@@ -155,7 +153,7 @@ TEST_F(ExportTest, ANumericFieldIsRefusedByTheJoiningOfTexts)
     EXPECT_EQ(csv(), "No.,Time,Ch1V,Ch1A\r\n");
 }
 
-TEST_F(ExportTest, AFileThatCannotBeOpenedIsReportedAndNothingIsLost)
+TEST_F(DataLogPageExportTest, AFileThatCannotBeOpenedIsReportedAndNothingIsLost)
 {
     record(1);
     dialogs.files = {application.filePath("none/log.csv")};
@@ -166,7 +164,7 @@ TEST_F(ExportTest, AFileThatCannotBeOpenedIsReportedAndNothingIsLost)
     EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
 }
 
-TEST_F(ExportTest, AnExportDuringARecordingHoldsTheRowsSoFar)
+TEST_F(DataLogPageExportTest, AnExportDuringARecordingHoldsTheRowsSoFar)
 {
     dialogs.files = {csvPath};
     clock.at(2000, [&] { press(page.cmdExport); });
@@ -176,12 +174,6 @@ TEST_F(ExportTest, AnExportDuringARecordingHoldsTheRowsSoFar)
 
     EXPECT_EQ(csv().count('\n'), 3);
     EXPECT_EQ(table("select count(*) from DataMeasure"), "4\n");
-}
-
-TEST_F(ExportTest, TheStatementNamesTheColumnsAndNoOrder)
-{
-    EXPECT_EQ(csvSelect(1), "select SeqNo ,RecTime,PVal1,SVal1,timetick from DataMeasure");
-    EXPECT_EQ(csvHeader(2), "No.,Time,Ch1V,Ch1A,Ch2V,Ch2A");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::ElementsAre;
@@ -13,14 +13,15 @@ const Shown busy{"Device is Busy or Device is not connected\r\nWait or not?", Ic
 const Shown stillNothing{"Device is not connected.\r\nPlease reconnect device and try again!", Icon::Critical,
                          Buttons::Ok};
 const Shown missingList{"9:Subscript out of range", Icon::Critical, Buttons::Ok};
+const Shown unknownName{"3061:Unknown name in the statement", Icon::Critical, Buttons::Ok};
 
-class AcquisitionTest : public DataLogTest {
+class DataLogPageAcquisitionTest : public DataLogPageTest {
 protected:
     QString samples() const { return table("select SeqNo,RecTime,PVal1,SVal1 from DataMeasure"); }
     bool isIdle() const { return page.logStart.enabled() && !page.logStop.enabled() && !page.bLogRunning; }
 };
 
-TEST_F(AcquisitionTest, ASampleASecondGoesToTheTableTheGridAndTheCurves)
+TEST_F(DataLogPageAcquisitionTest, ASampleASecondGoesToTheTableTheGridAndTheCurves)
 {
     record(3);
 
@@ -39,7 +40,7 @@ TEST_F(AcquisitionTest, ASampleASecondGoesToTheTableTheGridAndTheCurves)
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, ACycleSendsBothQueriesAndSleepsOutTheRestOfItsSecond)
+TEST_F(DataLogPageAcquisitionTest, ACycleSendsBothQueriesAndSleepsOutTheRestOfItsSecond)
 {
     record(1);
 
@@ -50,7 +51,7 @@ TEST_F(AcquisitionTest, ACycleSendsBothQueriesAndSleepsOutTheRestOfItsSecond)
     EXPECT_NEAR(clock.sleeps[2], 799, 5); // single-precision seconds have a grain of 4 ms at this hour
 }
 
-TEST_F(AcquisitionTest, ACycleOfASecondOrMoreDoesNotSleep)
+TEST_F(DataLogPageAcquisitionTest, ACycleOfASecondOrMoreDoesNotSleep)
 {
     instrument.onCommand = [this](const QString& query) {
         clock.advance(600);
@@ -62,7 +63,7 @@ TEST_F(AcquisitionTest, ACycleOfASecondOrMoreDoesNotSleep)
     EXPECT_THAT(clock.sleeps, ElementsAre(100, 100));
 }
 
-TEST_F(AcquisitionTest, WithoutALinkTheLogDoesNotStart)
+TEST_F(DataLogPageAcquisitionTest, WithoutALinkTheLogDoesNotStart)
 {
     instrument.connected = false;
 
@@ -74,7 +75,7 @@ TEST_F(AcquisitionTest, WithoutALinkTheLogDoesNotStart)
     EXPECT_FALSE(page.bLogStarted);
 }
 
-TEST_F(AcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
+TEST_F(DataLogPageAcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
 {
     clock.at(1500, [&] {
         EXPECT_FALSE(page.logStart.enabled());
@@ -90,7 +91,7 @@ TEST_F(AcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
     EXPECT_TRUE(page.bLogStarted);
 }
 
-TEST_F(AcquisitionTest, TheBoxesOfTheInstrumentsChannelsAreEnabledAndChecked)
+TEST_F(DataLogPageAcquisitionTest, TheBoxesOfTheInstrumentsChannelsAreEnabledAndChecked)
 {
     record(1);
 
@@ -102,7 +103,7 @@ TEST_F(AcquisitionTest, TheBoxesOfTheInstrumentsChannelsAreEnabledAndChecked)
     EXPECT_EQ(page.iLogChannels, 4);
 }
 
-TEST_F(AcquisitionTest, TheRangesThatTheCombosSetStayInARecording)
+TEST_F(DataLogPageAcquisitionTest, TheRangesThatTheCombosSetStayInARecording)
 {
     pick(page.cmbXLength, "1 Hr");
     pick(page.cmbYVoltage, "15V");
@@ -113,7 +114,7 @@ TEST_F(AcquisitionTest, TheRangesThatTheCombosSetStayInARecording)
     EXPECT_EQ(page.graphLog.axis(2).maximum(), 15);
 }
 
-TEST_F(AcquisitionTest, TheLastFieldOfAReplyIsNeverUsed)
+TEST_F(DataLogPageAcquisitionTest, TheLastFieldOfAReplyIsNeverUsed)
 {
     currents = "1,2,3,4";
 
@@ -123,7 +124,7 @@ TEST_F(AcquisitionTest, TheLastFieldOfAReplyIsNeverUsed)
     EXPECT_THAT(plotted(7), IsEmpty());
 }
 
-TEST_F(AcquisitionTest, ARecordingThatPassesMidnightSleepsForAboutADay)
+TEST_F(DataLogPageAcquisitionTest, ARecordingThatPassesMidnightSleepsForAboutADay)
 {
     clock.allow(2 * 86'400'000LL);
     clock.setNow(QDateTime({2024, 1, 31}, {23, 59, 59, 0}));
@@ -138,7 +139,7 @@ TEST_F(AcquisitionTest, ARecordingThatPassesMidnightSleepsForAboutADay)
     EXPECT_NEAR(longest, 86'400'000, 2000);
 }
 
-TEST_F(AcquisitionTest, AReplyWithASingleFieldLogsNothingAndStopsTheLog)
+TEST_F(DataLogPageAcquisitionTest, AReplyWithASingleFieldLogsNothingAndStopsTheLog)
 {
     currents = "1.1000";
 
@@ -149,7 +150,7 @@ TEST_F(AcquisitionTest, AReplyWithASingleFieldLogsNothingAndStopsTheLog)
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, AReplyOnTheThirdPollCostsOneHundredMillisecondsAPollAndNoMessage)
+TEST_F(DataLogPageAcquisitionTest, AReplyOnTheThirdPollCostsOneHundredMillisecondsAPollAndNoMessage)
 {
     clock.at(1, [&] { press(page.logStop); });
     instrument.replies = {"", "", "", currents, voltages};
@@ -163,7 +164,7 @@ TEST_F(AcquisitionTest, AReplyOnTheThirdPollCostsOneHundredMillisecondsAPollAndN
     EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
 }
 
-TEST_F(AcquisitionTest, AYesAndAReplyContinueTheCycleWithNoGapInTheNumbers)
+TEST_F(DataLogPageAcquisitionTest, AYesAndAReplyContinueTheCycleWithNoGapInTheNumbers)
 {
     clock.at(1000, [&] { instrument.replies = {"", "", "", "", currents, voltages}; });
     clock.at(2000, [&] { press(page.logStop); });
@@ -175,7 +176,7 @@ TEST_F(AcquisitionTest, AYesAndAReplyContinueTheCycleWithNoGapInTheNumbers)
     EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n1\n2\n");
 }
 
-TEST_F(AcquisitionTest, ANoStopsTheLogStillSendsTheOtherQueryAndThenReportsTheMissingList)
+TEST_F(DataLogPageAcquisitionTest, ANoStopsTheLogStillSendsTheOtherQueryAndThenReportsTheMissingList)
 {
     clock.at(1000, [&] { currents.clear(); });
     dialogs.answers = {Answer::No};
@@ -188,7 +189,7 @@ TEST_F(AcquisitionTest, ANoStopsTheLogStillSendsTheOtherQueryAndThenReportsTheMi
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConnectedAndThenTheMissingList)
+TEST_F(DataLogPageAcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConnectedAndThenTheMissingList)
 {
     currents.clear();
     dialogs.answers = {Answer::Yes};
@@ -200,7 +201,7 @@ TEST_F(AcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConnectedAndThen
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, AMissingVoltageListTakesTheSameRoadAsAMissingCurrentList)
+TEST_F(DataLogPageAcquisitionTest, AMissingVoltageListTakesTheSameRoadAsAMissingCurrentList)
 {
     voltages.clear();
     dialogs.answers = {Answer::Yes};
@@ -212,7 +213,7 @@ TEST_F(AcquisitionTest, AMissingVoltageListTakesTheSameRoadAsAMissingCurrentList
     EXPECT_EQ(samples(), "");
 }
 
-TEST_F(AcquisitionTest, AVoltageListShorterThanTheCurrentListStopsTheLogAndWritesNoRow)
+TEST_F(DataLogPageAcquisitionTest, AVoltageListShorterThanTheCurrentListStopsTheLogAndWritesNoRow)
 {
     clock.at(1000, [&] { voltages = "12.1,12.2"; });
 
@@ -223,7 +224,7 @@ TEST_F(AcquisitionTest, AVoltageListShorterThanTheCurrentListStopsTheLogAndWrite
     EXPECT_THAT(plotted(1), ElementsAre(12.1, 12.1)) << "the channels before the missing one have their point";
 }
 
-TEST_F(AcquisitionTest, ALinkLostInTheRecordingIsToldTwiceAndStopsTheLog)
+TEST_F(DataLogPageAcquisitionTest, ALinkLostInTheRecordingIsToldTwiceAndStopsTheLog)
 {
     clock.at(1000, [&] { instrument.connected = false; });
 
@@ -234,31 +235,38 @@ TEST_F(AcquisitionTest, ALinkLostInTheRecordingIsToldTwiceAndStopsTheLog)
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, AFieldThatIsNoNumberFailsInTheStatementAndStopsTheLog)
+TEST_F(DataLogPageAcquisitionTest, AFieldThatIsNoNumberStopsTheLogAfterItsPointsWereDrawnAndWritesNoRow)
 {
-    currents = "1.1,garbage,3.1,4.1,";
+    clock.at(1000, [&] { currents = "1.1,garbage,3.1,4.1,"; });
 
     press(page.logStart);
 
-    ASSERT_EQ(dialogs.shown.size(), 1);
-    EXPECT_TRUE(dialogs.shown[0].text.startsWith("3075:")) << dialogs.shown[0].text.toStdString();
-    EXPECT_EQ(dialogs.shown[0].icon, Icon::Critical);
-    EXPECT_EQ(samples(), "");
+    EXPECT_THAT(dialogs.shown, ElementsAre(unknownName));
+    EXPECT_EQ(table("select SeqNo,PVal1 from DataMeasure"), "0|1.1000\n");
+    EXPECT_EQ(page.lLogRecNo, 1);
+    EXPECT_THAT(plotted(4), ElementsAre(2.1, 0)) << "a text that begins with no number counts as 0";
+    EXPECT_THAT(plotted(6), ElementsAre(3.1, 3.1));
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(AcquisitionTest, AFieldThatIsAStatementIsNeverRun)
+TEST_F(DataLogPageAcquisitionTest, AFieldThatIsAnExpressionOrAStatementIsNeverRun)
 {
-    currents = "1.1);delete from DataMeasureM;--,2.1,";
     alterDatabase("insert into DataMeasureM (LogID,LogDate) values('20240131001','2024-01-31 10:00:00')");
+    const QStringList fields{
+        "1.1);delete from DataMeasureM;--", "zeroblob(900000000)", "(select 1)", "'text'", "?", "1+1", "null", ""};
+    for (const QString& field : fields) {
+        dialogs.shown.clear();
+        currents = field + ",2.1,3.1,4.1,";
 
-    press(page.logStart);
+        press(page.logStart);
 
-    EXPECT_EQ(dialogs.shown.size(), 1);
+        EXPECT_THAT(dialogs.shown, ElementsAre(unknownName)) << field.toStdString();
+    }
+    EXPECT_EQ(samples(), "");
     EXPECT_EQ(table("select count(*) from DataMeasureM"), "1\n");
 }
 
-TEST_F(AcquisitionTest, ASecondStartEmptiesTheTableAgainAndAStopDoesNot)
+TEST_F(DataLogPageAcquisitionTest, ASecondStartEmptiesTheTableAgainAndAStopDoesNot)
 {
     record(3);
     EXPECT_EQ(page.lLogRecNo, 3);
@@ -271,7 +279,39 @@ TEST_F(AcquisitionTest, ASecondStartEmptiesTheTableAgainAndAStopDoesNot)
     EXPECT_EQ(plotted(1).size(), 1);
 }
 
-TEST_F(AcquisitionTest, TheCycleInProgressRunsToItsEndAfterAStop)
+TEST_F(DataLogPageAcquisitionTest, NoRefreshOfThePageEnablesTheStartWhileARecordingRuns)
+{
+    clock.at(1500, [&] {
+        page.RefreshDataLogPage();
+        EXPECT_FALSE(page.logStart.enabled());
+        press(page.logStart);
+    });
+
+    record(4);
+
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n1\n2\n3\n");
+    page.RefreshDataLogPage();
+    EXPECT_TRUE(page.logStart.enabled());
+}
+
+TEST_F(DataLogPageAcquisitionTest, AStopAndAStartWithinOneYieldBeginANewLogInTheSameLoop)
+{
+    clock.at(1500, [&] {
+        press(page.logStop);
+        press(page.logStart);
+        EXPECT_EQ(table("select count(*) from DataMeasure"), "0\n") << "the start has returned";
+    });
+
+    record(5);
+
+    EXPECT_EQ(table("select SeqNo,RecTime from DataMeasure"), "0|2024/01/31 10:15:02\n"
+                                                              "1|2024/01/31 10:15:03\n"
+                                                              "2|2024/01/31 10:15:04\n");
+    record(1);
+    EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n") << "the next recording has a loop of its own";
+}
+
+TEST_F(DataLogPageAcquisitionTest, TheCycleInProgressRunsToItsEndAfterAStop)
 {
     clock.at(1, [&] { press(page.logStop); });
 
@@ -280,7 +320,7 @@ TEST_F(AcquisitionTest, TheCycleInProgressRunsToItsEndAfterAStop)
     EXPECT_EQ(table("select count(*) from DataMeasure"), "1\n");
 }
 
-TEST_F(AcquisitionTest, TheGridFollowsTheNewestSample)
+TEST_F(DataLogPageAcquisitionTest, TheGridFollowsTheNewestSample)
 {
     record(60);
 
@@ -288,26 +328,7 @@ TEST_F(AcquisitionTest, TheGridFollowsTheNewestSample)
     EXPECT_EQ(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 60);
 }
 
-TEST_F(AcquisitionTest, TextThatBeginsWithNoNumberCountsAsZeroInTheCurves)
-{
-    voltages = "'over',12.2,12.3,12.4,";
-
-    record(1);
-
-    EXPECT_THAT(plotted(1), ElementsAre(0));
-    EXPECT_EQ(table("select SVal1 from DataMeasure"), "over\n");
-}
-
-TEST_F(AcquisitionTest, TheStatementIsJoinedToTheLetter)
-{
-    const auto nothing = [](int, const QString&, const QString&) {};
-    EXPECT_EQ(sampleStatement(7, QDateTime({2024, 1, 31}, {10, 15, 9}), QStringList{"1.1", "2.1", ""},
-                              QStringList{"12.1", "12.2", ""}, nothing),
-              "insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1,PVal2,SVal2)  values(7,'2024/01/31 "
-              "10:15:09',1.1,12.1,2.1,12.2)");
-}
-
-TEST_F(AcquisitionTest, TheDataLogTimerNeverTicks)
+TEST_F(DataLogPageAcquisitionTest, TheDataLogTimerNeverTicks)
 {
     EXPECT_EQ(page.TimerDataLog.interval(), 0);
     instrument.connectedReads = {true};

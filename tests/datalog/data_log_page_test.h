@@ -7,9 +7,9 @@
 namespace orb {
 
 /// The data log page on a form, set up as after the start, beside an instrument of four channels that answers at once.
-class DataLogTest : public PageTest {
+class DataLogPageTest : public PageTest {
 protected:
-    DataLogTest()
+    DataLogPageTest()
     {
         page.setParent(&form);
         instrument.connected = true;

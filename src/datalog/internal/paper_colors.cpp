@@ -20,7 +20,7 @@ PaperColors PaperColors::of(const Graph& graph)
     return colors;
 }
 
-void putOnPaper(Graph& graph)
+void usePaperColors(Graph& graph)
 {
     for (int plot = 1; plot <= paperPlots; ++plot)
         graph.plot(plot).setLineColor(QColor(0, 0, 0));
@@ -31,7 +31,7 @@ void putOnPaper(Graph& graph)
         graph.axis(axis).setGridColor(QColor(128, 128, 128));
 }
 
-void PaperColors::putBack(Graph& graph) const
+void PaperColors::restore(Graph& graph) const
 {
     graph.setFrameColor(frame);
     graph.setElementVisible(graphFrame, true);

@@ -8,8 +8,7 @@
 
 namespace orb {
 
-/// A short piece of a plot's line, as the graph draws it and on the graph's own ground, to stand before the plot's
-/// check box.
+/// A short piece of a plot's line as the graph draws it, on the graph's own background, for the plot's check box.
 class LegendLine final : public QWidget {
 public:
     /// `graph` must outlive the line.

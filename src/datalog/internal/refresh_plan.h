@@ -15,11 +15,11 @@ struct SeriesColumn {
     bool operator==(const SeriesColumn&) const = default;
 };
 
-/// The columns that a refresh reads for a log of so many channels, in their order. It has gaps on purpose: seven
-/// channels miss `PVal7`, eight read nothing at all.
+/// The columns that a refresh reads for a log of so many channels, in their order. The gaps are intended: with seven
+/// channels `PVal7` is not read, with eight nothing is.
 std::vector<SeriesColumn> refreshColumns(int channels);
 
-/// The statement that asks for the highest and lowest `PVal` and `SVal` of each channel.
+/// The query for the highest and the lowest `PVal` and `SVal` of each channel.
 QString extremesSelect(int channels);
 
 /// The end of a value axis that starts at zero: the first of the decades from 0.000001 up that is not less than

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
-
-#include "refresh_plan.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::Each;
@@ -10,7 +8,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class RefreshTest : public DataLogTest {
+class DataLogPageRefreshTest : public DataLogPageTest {
 protected:
     /// Rows of so many channels in the live table: in row r channel n has the current n+r/10 and the voltage 10n+r.
     void fill(int rows, int channels)
@@ -43,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(RefreshTest, AnEmptyTableDrawsEveryPlotWithOnePointAtZeroAndTheSmallestDecade)
+TEST_F(DataLogPageRefreshTest, AnEmptyTableDrawsEveryPlotWithOnePointAtZeroAndTheSmallestDecade)
 {
     refreshLog(4, 0);
 
@@ -54,7 +52,7 @@ TEST_F(RefreshTest, AnEmptyTableDrawsEveryPlotWithOnePointAtZeroAndTheSmallestDe
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
-TEST_F(RefreshTest, ARefreshDrawsPValOnTheOddPlotsAndSValOnTheEvenOnesAndEndsInAFallToZero)
+TEST_F(DataLogPageRefreshTest, ARefreshDrawsPValOnTheOddPlotsAndSValOnTheEvenOnesAndEndsInAFallToZero)
 {
     refreshLog(2);
 
@@ -65,7 +63,7 @@ TEST_F(RefreshTest, ARefreshDrawsPValOnTheOddPlotsAndSValOnTheEvenOnesAndEndsInA
     EXPECT_NEAR(page.graphLog.plot(1).point(2).x * 86400, 2, 1e-6);
 }
 
-TEST_F(RefreshTest, ThePairOfAChannelChangesPlacesBetweenTheLiveAndTheRefreshedView)
+TEST_F(DataLogPageRefreshTest, ThePairOfAChannelChangesPlacesBetweenTheLiveAndTheRefreshedView)
 {
     record(1);
     EXPECT_THAT(plotted(1), ElementsAre(12.1));
@@ -78,28 +76,7 @@ TEST_F(RefreshTest, ThePairOfAChannelChangesPlacesBetweenTheLiveAndTheRefreshedV
     EXPECT_THAT(gridColumn("CH1 A"), ElementsAre("1.1000"));
 }
 
-TEST_F(RefreshTest, TheColumnsReadForEachChannelCountHaveTheirGaps)
-{
-    const auto plan = [](int channels) {
-        QStringList columns;
-        for (const auto& column : refreshColumns(channels))
-            columns << QStringLiteral("%1>%2").arg(column.column).arg(column.series);
-        return columns.join(' ');
-    };
-    EXPECT_EQ(plan(1), "PVal1>0 SVal1>1");
-    EXPECT_EQ(plan(2), "PVal1>0 PVal2>2 SVal1>1 SVal2>3");
-    EXPECT_EQ(plan(3), "PVal1>0 PVal2>2 PVal3>4 SVal1>1 SVal2>3 SVal3>5");
-    EXPECT_EQ(plan(4), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 SVal1>1 SVal2>3 SVal3>5 SVal4>7");
-    EXPECT_EQ(plan(5), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9");
-    EXPECT_EQ(plan(6), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
-                       "SVal6>11 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 SVal6>11");
-    EXPECT_EQ(plan(7), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
-                       "SVal6>11 SVal7>13 SVal8>15");
-    for (int none : {-1, 0, 8, 9})
-        EXPECT_EQ(plan(none), "") << none;
-}
-
-TEST_F(RefreshTest, WithSevenChannelsThePlotOfTheSeventhCurrentStaysAtZero)
+TEST_F(DataLogPageRefreshTest, WithSevenChannelsThePlotOfTheSeventhCurrentStaysAtZero)
 {
     refreshLog(7);
 
@@ -110,7 +87,7 @@ TEST_F(RefreshTest, WithSevenChannelsThePlotOfTheSeventhCurrentStaysAtZero)
     EXPECT_THAT(processExit.reports, IsEmpty()) << "the eighth voltage, which no row has, is read";
 }
 
-TEST_F(RefreshTest, WithEightChannelsEveryCurveIsFlatAtZero)
+TEST_F(DataLogPageRefreshTest, WithEightChannelsEveryCurveIsFlatAtZero)
 {
     refreshLog(8, 3);
 
@@ -119,7 +96,7 @@ TEST_F(RefreshTest, WithEightChannelsEveryCurveIsFlatAtZero)
     EXPECT_EQ(page.lLogRecNo, 3);
 }
 
-TEST_F(RefreshTest, ARefreshWithoutAChannelCountPlotsNothingChecksNoBoxAndLeavesSeven)
+TEST_F(DataLogPageRefreshTest, ARefreshWithoutAChannelCountPlotsNothingChecksNoBoxAndLeavesSeven)
 {
     refreshLog(0);
     fill(2, 2);
@@ -133,19 +110,7 @@ TEST_F(RefreshTest, ARefreshWithoutAChannelCountPlotsNothingChecksNoBoxAndLeaves
     EXPECT_EQ(page.iLogChannels, 7);
 }
 
-TEST_F(RefreshTest, AHighestValueThatIsAPowerOfTenTakesTheDecadeOfTheRepeatedMultiplication)
-{
-    double decade = 0.000001;
-    for (int i = 0; i < 7; ++i)
-        decade *= 10;
-    const double expected = decade < 10 ? decade * 10 : decade; // a decade just under 10 takes one more step
-    EXPECT_EQ(decadeAbove(10), expected);
-    EXPECT_EQ(decadeAbove(0), 0.000001);
-    EXPECT_EQ(decadeAbove(-1000000000), 0.000001);
-    EXPECT_NEAR(decadeAbove(10.5), 100, 1e-9);
-}
-
-TEST_F(RefreshTest, TheHighestOfTheTextColumnIsTheHighestText)
+TEST_F(DataLogPageRefreshTest, TheHighestOfTheTextColumnIsTheHighestText)
 {
     alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','9.5','1'),(1,'t','10.2','1')");
     page.iLogChannels = 1;
@@ -156,7 +121,7 @@ TEST_F(RefreshTest, TheHighestOfTheTextColumnIsTheHighestText)
     EXPECT_NEAR(page.graphLog.axis(3).maximum(), 1, 1e-9);
 }
 
-TEST_F(RefreshTest, AFixedRangeIsLeftAloneByARefresh)
+TEST_F(DataLogPageRefreshTest, AFixedRangeIsLeftAloneByARefresh)
 {
     pick(page.cmbYVoltage, "105V");
 
@@ -166,7 +131,7 @@ TEST_F(RefreshTest, AFixedRangeIsLeftAloneByARefresh)
     EXPECT_NEAR(page.graphLog.axis(3).maximum(), 100, 1e-9);
 }
 
-TEST_F(RefreshTest, ARefreshTakesTheRowCountChecksTheBoxesOfTheLogAndSelectsZoom)
+TEST_F(DataLogPageRefreshTest, ARefreshTakesTheRowCountChecksTheBoxesOfTheLogAndSelectsZoom)
 {
     press(page.optGraphMode[1]);
 
@@ -181,7 +146,7 @@ TEST_F(RefreshTest, ARefreshTakesTheRowCountChecksTheBoxesOfTheLogAndSelectsZoom
     EXPECT_EQ(page.graphLog.TrackMode(), 6);
 }
 
-TEST_F(RefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)
+TEST_F(DataLogPageRefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)
 {
     alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','1','over')");
     page.iLogChannels = 1;
@@ -193,7 +158,7 @@ TEST_F(RefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)
     EXPECT_EQ(page.adLogSeries[0][0], 1) << "the series stay as far as they were filled";
 }
 
-TEST_F(RefreshTest, ARefreshInARecordingReplacesTheCurvesAndTheNextCycleAppends)
+TEST_F(DataLogPageRefreshTest, ARefreshInARecordingReplacesTheCurvesAndTheNextCycleAppends)
 {
     clock.at(1500, [&] { press(page.logRefresh); });
     clock.at(2500, [&] { press(page.logStop); });
@@ -202,13 +167,6 @@ TEST_F(RefreshTest, ARefreshInARecordingReplacesTheCurvesAndTheNextCycleAppends)
 
     EXPECT_THAT(plotted(1), ElementsAre(1.1, 1.1, 0, 12.1, 12.1));
     EXPECT_THAT(table("select SeqNo from DataMeasure"), "0\n1\n2\n3\n");
-}
-
-TEST_F(RefreshTest, TheStatementOfTheExtremesNamesFourFieldsAChannel)
-{
-    EXPECT_EQ(extremesSelect(1), "Select max(PVal1),min(PVal1),max(SVal1),min(SVal1) FROM DataMeasure");
-    EXPECT_EQ(extremesSelect(2), "Select max(PVal1),min(PVal1),max(SVal1),min(SVal1),max(PVal2),min(PVal2),max(SVal2),"
-                                 "min(SVal2) FROM DataMeasure");
 }
 
 } // namespace

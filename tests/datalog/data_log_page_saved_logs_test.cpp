@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::ElementsAre;
@@ -20,7 +20,7 @@ Shown askToDelete(const QString& identifier)
     return {"Do you want to delete this Data Logfile(" + identifier + ")?", Icon::None, Buttons::YesNo};
 }
 
-class SavedLogsTest : public DataLogTest {
+class DataLogPageSavedLogsTest : public DataLogPageTest {
 protected:
     DataFileDialog& dialog() { return page.FrameDataFileOperate; }
 
@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(SavedLogsTest, TheFirstSaveOfADayIsNumberOneTheNextNumberTwoAndTheDayChangesThePrefix)
+TEST_F(DataLogPageSavedLogsTest, TheFirstSaveOfADayIsNumberOneTheNextNumberTwoAndTheDayChangesThePrefix)
 {
     recordAndSave(2);
     press(page.logSave);
@@ -61,7 +61,7 @@ TEST_F(SavedLogsTest, TheFirstSaveOfADayIsNumberOneTheNextNumberTwoAndTheDayChan
     EXPECT_EQ(details(), "20240131001|2\n20240131002|2\n20240201001|2\n");
 }
 
-TEST_F(SavedLogsTest, ADeleteEarlierInTheDayMakesTheNextSaveRepeatAnIdentifierAndFail)
+TEST_F(DataLogPageSavedLogsTest, ADeleteEarlierInTheDayMakesTheNextSaveRepeatAnIdentifierAndFail)
 {
     recordAndSave(1);
     press(page.logSave);
@@ -78,7 +78,7 @@ TEST_F(SavedLogsTest, ADeleteEarlierInTheDayMakesTheNextSaveRepeatAnIdentifierAn
     EXPECT_EQ(details(), "20240131001|1\n20240131003|1\n") << "nothing is mixed";
 }
 
-TEST_F(SavedLogsTest, TheThousandthSaveOfADayHasTheDigitsZero)
+TEST_F(DataLogPageSavedLogsTest, TheThousandthSaveOfADayHasTheDigitsZero)
 {
     record(1);
     alterDatabase("insert into DataMeasureM (LogID,LogDate) with recursive n(i) as (select 1 union all select i+1 from "
@@ -89,7 +89,7 @@ TEST_F(SavedLogsTest, TheThousandthSaveOfADayHasTheDigitsZero)
     EXPECT_THAT(dialogs.shown, ElementsAre(savedAs("20240131000")));
 }
 
-TEST_F(SavedLogsTest, ASaveWithoutRowsSavesNothing)
+TEST_F(DataLogPageSavedLogsTest, ASaveWithoutRowsSavesNothing)
 {
     press(page.logSave);
 
@@ -97,7 +97,7 @@ TEST_F(SavedLogsTest, ASaveWithoutRowsSavesNothing)
     EXPECT_EQ(masters(), "");
 }
 
-TEST_F(SavedLogsTest, TheChannelCountIsWhatTheInstrumentSaysAtTheSaveAndALaterOpenPlotsByIt)
+TEST_F(DataLogPageSavedLogsTest, TheChannelCountIsWhatTheInstrumentSaysAtTheSaveAndALaterOpenPlotsByIt)
 {
     record(2);
     instrument.channelCount = 2;
@@ -112,7 +112,7 @@ TEST_F(SavedLogsTest, TheChannelCountIsWhatTheInstrumentSaysAtTheSaveAndALaterOp
     EXPECT_FALSE(page.cbPlot[4].enabled());
 }
 
-TEST_F(SavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpen)
+TEST_F(DataLogPageSavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpen)
 {
     record(1);
     alterDatabase("update DataMeasure set Reason3='r', Comment='c', TimeTick='7', DiffLastTime='1.5'");
@@ -126,7 +126,7 @@ TEST_F(SavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpen)
     EXPECT_EQ(table("select Reason3,Comment,TimeTick,DiffLastTime from DataMeasure"), "r|c|7|1.5\n");
 }
 
-TEST_F(SavedLogsTest, AnOpenedLogIsTheLogInHand)
+TEST_F(DataLogPageSavedLogsTest, AnOpenedLogIsTheLogInHand)
 {
     recordAndSave(3);
     record(1);
@@ -141,7 +141,7 @@ TEST_F(SavedLogsTest, AnOpenedLogIsTheLogInHand)
     EXPECT_FALSE(dialog().visible());
 }
 
-TEST_F(SavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
+TEST_F(DataLogPageSavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
 {
     recordAndSave(2);
     clock.setNow(QDateTime({2024, 2, 1}, {9, 0, 0}));
@@ -162,7 +162,7 @@ TEST_F(SavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields)
     EXPECT_EQ(dialog().listLogDel.backColor(), QColor(192, 255, 255));
 }
 
-TEST_F(SavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothing)
+TEST_F(DataLogPageSavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothing)
 {
     recordAndSave(2);
     press(page.logOpen);
@@ -174,7 +174,7 @@ TEST_F(SavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothi
     EXPECT_EQ(plotted(1).size(), 2) << "no refresh was made";
 }
 
-TEST_F(SavedLogsTest, OkWithoutASelectionInDeleteModeStillSaysThatTheDeleteIsOk)
+TEST_F(DataLogPageSavedLogsTest, OkWithoutASelectionInDeleteModeStillSaysThatTheDeleteIsOk)
 {
     recordAndSave(2);
     dialogs.shown.clear();
@@ -186,7 +186,7 @@ TEST_F(SavedLogsTest, OkWithoutASelectionInDeleteModeStillSaysThatTheDeleteIsOk)
     EXPECT_EQ(masters(), "20240131001|4|2\n");
 }
 
-TEST_F(SavedLogsTest, ADeletedLogIsGoneFromBothTables)
+TEST_F(DataLogPageSavedLogsTest, ADeletedLogIsGoneFromBothTables)
 {
     recordAndSave(2);
     dialogs.shown.clear();
@@ -198,7 +198,7 @@ TEST_F(SavedLogsTest, ADeletedLogIsGoneFromBothTables)
     EXPECT_FALSE(dialog().visible());
 }
 
-TEST_F(SavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
+TEST_F(DataLogPageSavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
 {
     recordAndSave(2);
     dialogs.shown.clear();
@@ -213,7 +213,7 @@ TEST_F(SavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
     EXPECT_FALSE(dialog().visible());
 }
 
-TEST_F(SavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
+TEST_F(DataLogPageSavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
 {
     recordAndSave(1);
     press(page.logOpen);
@@ -226,7 +226,7 @@ TEST_F(SavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
     EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "OPENDATALOG");
 }
 
-TEST_F(SavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHidesTheFrame)
+TEST_F(DataLogPageSavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHidesTheFrame)
 {
     int applied = 0;
     page.ApplyProgramHistory = [&] { ++applied; };
@@ -239,7 +239,7 @@ TEST_F(SavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknownTagOnlyHide
     EXPECT_EQ(applied, 1);
 }
 
-TEST_F(SavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
 {
     record(2);
     alterDatabase("alter table DataMeasureM rename to Gone");
@@ -251,7 +251,7 @@ TEST_F(SavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
     EXPECT_EQ(details(), "");
 }
 
-TEST_F(SavedLogsTest, AFailureOfTheFirstInsertIsToldAndNothingIsSaved)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstInsertIsToldAndNothingIsSaved)
 {
     record(2);
     breakStatement("insert", "DataMeasureM", "no more logs");
@@ -263,7 +263,7 @@ TEST_F(SavedLogsTest, AFailureOfTheFirstInsertIsToldAndNothingIsSaved)
     EXPECT_EQ(masters() + details(), "");
 }
 
-TEST_F(SavedLogsTest, AFailureOfTheSecondInsertLeavesTheRowOfTheFirst)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheSecondInsertLeavesTheRowOfTheFirst)
 {
     record(2);
     breakStatement("insert", "DataMeasureD", "disk full");
@@ -275,7 +275,7 @@ TEST_F(SavedLogsTest, AFailureOfTheSecondInsertLeavesTheRowOfTheFirst)
     EXPECT_EQ(table("select count(*) from DataMeasure"), "2\n");
 }
 
-TEST_F(SavedLogsTest, AFailureOfTheFirstDeleteIsToldAndEverythingStands)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstDeleteIsToldAndEverythingStands)
 {
     recordAndSave(2);
     breakStatement("delete", "DataMeasureM", "kept");
@@ -289,7 +289,7 @@ TEST_F(SavedLogsTest, AFailureOfTheFirstDeleteIsToldAndEverythingStands)
     EXPECT_EQ(details(), "20240131001|2\n");
 }
 
-TEST_F(SavedLogsTest, AFailureOfTheSecondDeleteLeavesTheRowsStanding)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheSecondDeleteLeavesTheRowsStanding)
 {
     recordAndSave(2);
     breakStatement("delete", "DataMeasureD", "kept");
@@ -303,7 +303,7 @@ TEST_F(SavedLogsTest, AFailureOfTheSecondDeleteLeavesTheRowsStanding)
     EXPECT_EQ(details(), "20240131001|2\n");
 }
 
-TEST_F(SavedLogsTest, ASaveInARecordingSavesTheRowsSoFar)
+TEST_F(DataLogPageSavedLogsTest, ASaveInARecordingSavesTheRowsSoFar)
 {
     clock.at(2500, [&] { press(page.logSave); });
     clock.at(4500, [&] { press(page.logStop); });
@@ -314,7 +314,7 @@ TEST_F(SavedLogsTest, ASaveInARecordingSavesTheRowsSoFar)
     EXPECT_EQ(page.lLogRecNo, 6);
 }
 
-TEST_F(SavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsBehindItsRows)
+TEST_F(DataLogPageSavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsBehindItsRows)
 {
     recordAndSave(2);
     press(page.logOpen);

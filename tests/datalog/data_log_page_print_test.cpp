@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::ElementsAre;
@@ -7,7 +7,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class PrintTest : public DataLogTest {
+class DataLogPagePrintTest : public DataLogPageTest {
 protected:
     /// Every color of the graph that could change, as one text.
     QString colors() const
@@ -25,7 +25,7 @@ protected:
     const std::vector<QString>& told() const { return dialogs.recordedPrinter.calls; }
 };
 
-TEST_F(PrintTest, ThePictureTakesTheUpperLeftOfALandscapePageAtFourTenthsOfItsSize)
+TEST_F(DataLogPagePrintTest, ThePictureTakesTheUpperLeftOfALandscapePageAtFourTenthsOfItsSize)
 {
     press(page.logPrint);
 
@@ -35,7 +35,7 @@ TEST_F(PrintTest, ThePictureTakesTheUpperLeftOfALandscapePageAtFourTenthsOfItsSi
     EXPECT_FALSE(dialogs.recordedPrinter.picture.isNull());
 }
 
-TEST_F(PrintTest, ATableOfSixRowsAndNineColumnsIsWalkedAndNothingPrinted)
+TEST_F(DataLogPagePrintTest, ATableOfSixRowsAndNineColumnsIsWalkedAndNothingPrinted)
 {
     press(page.logPrint);
 
@@ -45,7 +45,7 @@ TEST_F(PrintTest, ATableOfSixRowsAndNineColumnsIsWalkedAndNothingPrinted)
     EXPECT_THAT(std::vector<QString>(told().end() - 3, told().end()), ElementsAre("y 395", "x 740", "end"));
 }
 
-TEST_F(PrintTest, ThePictureIsMadeInPaperColors)
+TEST_F(DataLogPagePrintTest, ThePictureIsMadeInPaperColors)
 {
     QString onPaper;
     dialogs.recordedPrinter.onPaint = [&] { onPaper = colors(); };
@@ -61,7 +61,7 @@ TEST_F(PrintTest, ThePictureIsMadeInPaperColors)
         EXPECT_EQ(paper[plot + 6], plot <= 6 ? "#000000" : screen[plot + 5]) << plot;
 }
 
-TEST_F(PrintTest, TheGraphLooksBehindAPrintAsItDidBefore)
+TEST_F(DataLogPagePrintTest, TheGraphLooksBehindAPrintAsItDidBefore)
 {
     const QString before = colors();
     press(page.logPrint);
@@ -69,14 +69,14 @@ TEST_F(PrintTest, TheGraphLooksBehindAPrintAsItDidBefore)
     EXPECT_EQ(dialogs.printerDialogs, 1);
 }
 
-TEST_F(PrintTest, ACancelOfThePrinterDialogStillPrints)
+TEST_F(DataLogPagePrintTest, ACancelOfThePrinterDialogStillPrints)
 {
     dialogs.printerAccepted = false;
     press(page.logPrint);
     EXPECT_EQ(told().back(), "end");
 }
 
-TEST_F(PrintTest, AFailureInThePrintingLeavesTheGraphInItsPaperColors)
+TEST_F(DataLogPagePrintTest, AFailureInThePrintingLeavesTheGraphInItsPaperColors)
 {
     dialogs.recordedPrinter.onPaint = [] { throw RuntimeFailure(failure::PrinterError); };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "data_log_test.h"
+#include "data_log_page_test.h"
 
 using namespace orb;
 using testing::Each;
@@ -8,9 +8,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class StoreTest : public DataLogTest {};
-
-TEST_F(StoreTest, AStartWithLeftoverRowsLeavesAnEmptyTableAnEmptyGridAndNoRecordNumber)
+TEST_F(DataLogPageTest, AStartWithLeftoverRowsLeavesAnEmptyTableAnEmptyGridAndNoRecordNumber)
 {
     alterDatabase("insert into DataMeasure (SeqNo,RecTime) values(0,'2024/01/30 10:00:00'),(1,'2024/01/30 10:00:01')");
     page.lLogRecNo = 2;
@@ -22,7 +20,7 @@ TEST_F(StoreTest, AStartWithLeftoverRowsLeavesAnEmptyTableAnEmptyGridAndNoRecord
     EXPECT_EQ(page.lLogRecNo, 0);
 }
 
-TEST_F(StoreTest, ARowHoldsValuesOnlyForTheChannelsThatTheReplyCarried)
+TEST_F(DataLogPageTest, ARowHoldsValuesOnlyForTheChannelsThatTheReplyCarried)
 {
     record(1);
 
@@ -30,14 +28,14 @@ TEST_F(StoreTest, ARowHoldsValuesOnlyForTheChannelsThatTheReplyCarried)
               "1.1000|12.1000|4.1000|12.4000|-|-|-|-\n");
 }
 
-TEST_F(StoreTest, TheColumnsThatNothingWritesAreEmptyInEveryRow)
+TEST_F(DataLogPageTest, TheColumnsThatNothingWritesAreEmptyInEveryRow)
 {
     record(2);
 
     EXPECT_EQ(table("select Reason3,Comment,TimeTick,DiffLastTime from DataMeasure"), "-|-|-|-\n-|-|-|-\n");
 }
 
-TEST_F(StoreTest, AValueIsStoredInTheInstrumentsOwnText)
+TEST_F(DataLogPageTest, AValueIsStoredInTheInstrumentsOwnText)
 {
     currents = "1.2300,-0.0500,1.20E-03,7,";
 
@@ -47,7 +45,7 @@ TEST_F(StoreTest, AValueIsStoredInTheInstrumentsOwnText)
               "1.2300|-0.0500|1.20E-03|7|text|integer\n");
 }
 
-TEST_F(StoreTest, TheGridShowsTwentyTwoColumnsUnderTheirCaptions)
+TEST_F(DataLogPageTest, TheGridShowsTwentyTwoColumnsUnderTheirCaptions)
 {
     QStringList captions;
     for (int column = 0; column < page.DBGrid1.columnCount(); ++column)
@@ -60,7 +58,7 @@ TEST_F(StoreTest, TheGridShowsTwentyTwoColumnsUnderTheirCaptions)
                                       "TimeTick TimeTick", "DiffLastTime DiffLastTime"));
 }
 
-TEST_F(StoreTest, TheCombosOfferTheirRangesAndStandOnTheFirst)
+TEST_F(DataLogPageTest, TheCombosOfferTheirRangesAndStandOnTheFirst)
 {
     const auto items = [](const ComboBox& combo) {
         QStringList texts;
@@ -78,7 +76,7 @@ TEST_F(StoreTest, TheCombosOfferTheirRangesAndStandOnTheFirst)
     EXPECT_EQ(page.cmbYCurrent.text(), "Default");
 }
 
-TEST_F(StoreTest, TheFirstStateHasAFiveMinuteAxisAndBothValueAxesFromZeroToFifty)
+TEST_F(DataLogPageTest, TheFirstStateHasAFiveMinuteAxisAndBothValueAxesFromZeroToFifty)
 {
     const Graph& graph = page.graphLog;
     EXPECT_EQ(graph.axis(1).caption(), "Elapsed Time [Sec]");
@@ -88,7 +86,7 @@ TEST_F(StoreTest, TheFirstStateHasAFiveMinuteAxisAndBothValueAxesFromZeroToFifty
     EXPECT_EQ(graph.axis(2).minimum(), 0);
 }
 
-TEST_F(StoreTest, TheFirstStateHasAllBoxesClearedAndDisabledAndAllCursorsHidden)
+TEST_F(DataLogPageTest, TheFirstStateHasAllBoxesClearedAndDisabledAndAllCursorsHidden)
 {
     for (const CheckBox& box : page.cbPlot) {
         EXPECT_EQ(box.value(), CheckBox::Unchecked);
@@ -100,7 +98,7 @@ TEST_F(StoreTest, TheFirstStateHasAllBoxesClearedAndDisabledAndAllCursorsHidden)
     EXPECT_FALSE(page.bLogStarted);
 }
 
-TEST_F(StoreTest, TheBoxesAreNamedAfterTheirChannels)
+TEST_F(DataLogPageTest, TheBoxesAreNamedAfterTheirChannels)
 {
     EXPECT_EQ(page.cbPlot[0].caption(), "Ch1 V");
     EXPECT_EQ(page.cbPlot[1].caption(), "Ch1 A");
@@ -108,7 +106,7 @@ TEST_F(StoreTest, TheBoxesAreNamedAfterTheirChannels)
     EXPECT_EQ(page.cbPlot[15].caption(), "Ch8 A");
 }
 
-TEST_F(StoreTest, TheDataControlIsBoundToTheLiveTable)
+TEST_F(DataLogPageTest, TheDataControlIsBoundToTheLiveTable)
 {
     EXPECT_EQ(page.DataLog.connectText(), "Access 2000;");
     EXPECT_EQ(page.DataLog.recordSource(), "DataMeasure");
