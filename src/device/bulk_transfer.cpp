@@ -16,15 +16,9 @@ const QByteArray sequenceFileQuery = QByteArrayLiteral(":MMEM:DATA? \"ORBSeq.a\"
 const QByteArray programFileQuery = QByteArrayLiteral(":MMEM:DATA? \"ORBProg.b\"");
 const QByteArray programFileCommand = QByteArrayLiteral(":MMEM:DATA \"ORBProg.b\",");
 
-std::optional<QByteArray> fetch(Session& session, const QByteArray& query)
-{
-    const auto answer = session.ask(Voice::Control, query, limitMs);
-    return answer ? blockData(*answer) : std::nullopt;
-}
-
 void fetchInto(Session& session, const QString& stagingFile, const QByteArray& query)
 {
-    if (const auto content = fetch(session, query); content && !content->isEmpty())
+    if (const auto content = session.fetchBlock(query, limitMs); content && !content->isEmpty())
         writeStagingFile(stagingFile, *content);
 }
 
@@ -32,7 +26,7 @@ void fetchInto(Session& session, const QString& stagingFile, const QByteArray& q
 
 bool fetchScreen(Session& session)
 {
-    const auto picture = fetch(session, screenQuery);
+    const auto picture = session.fetchBlock(screenQuery, limitMs);
     return picture && isBitmap(*picture) && writeStagingFile(staging::screen, *picture);
 }
 

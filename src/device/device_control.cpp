@@ -120,7 +120,7 @@ void DeviceControl::sendLine(const QByteArray& line)
     if (line.isEmpty())
         return;
     Session* session = connection_.session();
-    const bool isSent = session != nullptr && session->send(Voice::Application, line);
+    const bool isSent = session != nullptr && session->send(Requester::Application, line);
     if (isQuery(line))
         unanswerable_ = !isSent;
 }
@@ -133,7 +133,7 @@ QString DeviceControl::Reply()
             return QString();
         const bool up = connection_.stage() == InstrumentLink::Stage::Up;
         const auto& answer =
-            up ? session->answerUnderWay(Voice::Application, replyWaitMs) : session->answer(Voice::Application);
+            up ? session->awaitAnswer(Requester::Application, replyWaitMs) : session->answer(Requester::Application);
         return answer ? answerText(*answer) : QString();
     });
 }
@@ -263,7 +263,7 @@ void DeviceControl::leaveLinkToApplication()
     active_ = false;
     timerPage_.setEnabled(false);
     if (Session* session = connection_.session(); session != nullptr && polledAt_)
-        session->answerUnderWay(Voice::Control, replyWaitMs);
+        session->awaitAnswer(Requester::Control, replyWaitMs);
     polledAt_.reset();
     poll_.beginRound();
 }
@@ -297,10 +297,10 @@ void DeviceControl::pollChannels()
 bool DeviceControl::pollOnce(Session& session)
 {
     const qint64 now = clock_.elapsed();
-    session.look();
+    session.poll();
     if (polledAt_) {
-        const auto& answer = session.answer(Voice::Control);
-        if (!answer && now - *polledAt_ < AnswerBook::patienceMs)
+        const auto& answer = session.answer(Requester::Control);
+        if (!answer && now - *polledAt_ < Session::patienceMs)
             return false;
         polledAt_.reset();
         poll_.take(answer.value_or(QByteArray()));
@@ -313,21 +313,21 @@ bool DeviceControl::pollOnce(Session& session)
     if (poll_.isAtRoundBegin())
         roundAt_ = now;
     polledAt_ = now;
-    session.send(Voice::Control, poll_.query());
+    session.send(Requester::Control, poll_.query());
     return true;
 }
 
 void DeviceControl::switchLoad(int channel, bool on)
 {
     if (Session* session = connection_.session())
-        session->send(Voice::Control, loadCommand(channel, on));
+        session->send(Requester::Control, loadCommand(channel, on));
     roundAt_.reset(); // its effect is looked for at once
 }
 
 void DeviceControl::cmdAllOffClick()
 {
     Session* session = connection_.session();
-    if (session != nullptr && session->send(Voice::Control, allOffCommand())) {
+    if (session != nullptr && session->send(Requester::Control, allOffCommand())) {
         roundAt_.reset();
         return;
     }

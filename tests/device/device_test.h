@@ -28,7 +28,7 @@ protected:
                                         : std::optional(QStringLiteral("SCRIPT::") + typed);
                          },
                          .typed = [](const QString& name) { return name.mid(8); },
-                         .peer = [](const QString& name) { return name.mid(8); },
+                         .remoteName = [](const QString& name) { return name.mid(8); },
                          .transport = [this](const QString&) { return std::make_unique<ScriptedTransport>(line); }});
         start();
     }

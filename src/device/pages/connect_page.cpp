@@ -150,7 +150,7 @@ void ConnectPage::display(const InstrumentLink& connection, const QString& resou
     if (!down)
         complaint_.clear();
     if (complaint_.isEmpty())
-        lblStatus.display(linkStatus(connection, kind != nullptr ? kind->peer(resourceName) : QString()));
+        lblStatus.display(linkStatus(connection, kind != nullptr ? kind->remoteName(resourceName) : QString()));
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     if (hadFocus && !down && cmdConnect.enabled())
         focusWhenDown_ = window()->focusWidget();

@@ -42,7 +42,7 @@ QString failedText(const InstrumentLink& connection, const QString& peer)
     case LinkError::TimedOut:
         return QStringLiteral("%1 did not answer within %2. Is it switched on, and is this its address?")
             .arg(peer, seconds(connection.limits().connect));
-    case LinkError::ClosedByPeer:
+    case LinkError::ClosedRemotely:
         return QStringLiteral("%1 closed the connection before it had said what it is.").arg(peer);
     case LinkError::None:
     case LinkError::BadAddress:
@@ -54,7 +54,7 @@ QString failedText(const InstrumentLink& connection, const QString& peer)
 
 QString lostText(const InstrumentLink& connection, const QString& peer)
 {
-    if (connection.error() == LinkError::ClosedByPeer)
+    if (connection.error() == LinkError::ClosedRemotely)
         return QStringLiteral("%1 closed the link.").arg(peer);
     return QStringLiteral("The link to %1 broke%2").arg(peer, broken(connection.errorText()));
 }
@@ -75,12 +75,12 @@ StatusLine endStatus(const InstrumentLink& connection, const QString& peer)
                     .arg(peer, seconds(connection.limits().identify)),
                 Tone::Bad};
     case InstrumentLink::End::NoInstrument:
-        if (connection.said().isEmpty())
+        if (connection.rejectedText().isEmpty())
             return {QStringLiteral("%1 answered, but not as an instrument does.").arg(peer), Tone::Bad};
         // The last argument alone may hold anything, a %1 among it.
-        return {
-            QStringLiteral("%1 answered, but not as an instrument does. It said: \"%2\"").arg(peer, connection.said()),
-            Tone::Bad};
+        return {QStringLiteral("%1 answered, but not as an instrument does. It said: \"%2\"")
+                    .arg(peer, connection.rejectedText()),
+                Tone::Bad};
     case InstrumentLink::End::Lost:
         return {lostText(connection, peer), Tone::Bad};
     }

@@ -13,7 +13,7 @@ constexpr int enoughPromptAnswers = 3;
 constexpr qint64 doubtMs = 10'000; // how long an answer that was written off is still thought possible
 } // namespace
 
-void AnswerBook::asked(Voice voice, const QByteArray& question, qint64 now)
+void AnswerBook::asked(Requester requester, const QByteArray& question, qint64 now)
 {
     pass(now);
     held_.reset(); // it came before this query, so it isn't its answer
@@ -30,7 +30,7 @@ void AnswerBook::asked(Voice voice, const QByteArray& question, qint64 now)
     }
     open_.push_back({question, now});
     answersSinceAsked_ = 0;
-    slot(voice) = {question, now, true, std::nullopt};
+    slot(requester) = {question, now, true, std::nullopt};
 }
 
 void AnswerBook::answered(const QByteArray& answer, qint64 now, qint64 earliest, bool begunBefore)

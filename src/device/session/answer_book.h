@@ -11,7 +11,7 @@
 namespace orb {
 
 /// Who asks: the application by way of `SendCommand`, or the control for its own pages.
-enum class Voice { Application, Control };
+enum class Requester { Application, Control };
 
 /// Keeps account of which answer belongs to which query. The instrument answers in order, but may answer late or not
 /// at all, and an answer does not say what it answers. The rule, told at length in docs/connecting.md:
@@ -31,8 +31,8 @@ public:
     /// An answer behind its query by no more than this came at once.
     static constexpr qint64 promptMs = 30;
 
-    /// A query goes out. The answer of this voice is empty from now on.
-    void asked(Voice voice, const QByteArray& question, qint64 now);
+    /// A query goes out. The answer of this requester is empty from now on.
+    void asked(Requester requester, const QByteArray& question, qint64 now);
     /// An answer is in. It can't have come before `earliest`; `begunBefore`: its first part was in before the last
     /// query went out.
     void answered(const QByteArray& answer, qint64 now, qint64 earliest, bool begunBefore = false);
@@ -41,19 +41,19 @@ public:
     /// Hands out what has been held back for long enough, and writes off what has been awaited for too long.
     void pass(qint64 now);
 
-    /// The answer to the voice's last query; nothing while it has not come.
-    const std::optional<QByteArray>& answer(Voice voice) const { return slot(voice).answer; }
-    /// True while the voice's last query may still be answered.
-    bool awaits(Voice voice) const { return slot(voice).waiting && !slot(voice).answer; }
-    /// When the voice's last query went out; meaningless before the first.
-    qint64 askedAt(Voice voice) const { return slot(voice).at; }
+    /// The answer to the requester's last query; nothing while it has not come.
+    const std::optional<QByteArray>& answer(Requester requester) const { return slot(requester).answer; }
+    /// True while the requester's last query may still be answered.
+    bool awaits(Requester requester) const { return slot(requester).waiting && !slot(requester).answer; }
+    /// When the requester's last query went out; meaningless before the first.
+    qint64 askedAt(Requester requester) const { return slot(requester).at; }
     /// True when no answer is due: no query is open, or the last one has been for so long that it counts as lost.
     bool isQuiet(qint64 now) const;
     /// When the answer that is held back will be handed out; nothing while there is none.
     std::optional<qint64> settlesAt() const;
 
-    /// The voice's last query is given up: its answer will not be handed out any more.
-    void abandon(Voice voice) { slot(voice).waiting = false; }
+    /// The requester's last query is given up: its answer will not be handed out any more.
+    void abandon(Requester requester) { slot(requester).waiting = false; }
 
 private:
     struct Query {
@@ -72,8 +72,8 @@ private:
         qint64 at = 0;
     };
 
-    const Slot& slot(Voice voice) const { return slots_[static_cast<std::size_t>(voice)]; }
-    Slot& slot(Voice voice) { return slots_[static_cast<std::size_t>(voice)]; }
+    const Slot& slot(Requester requester) const { return slots_[static_cast<std::size_t>(requester)]; }
+    Slot& slot(Requester requester) { return slots_[static_cast<std::size_t>(requester)]; }
 
     qint64 patienceFor(const QByteArray& question) const;
     void extra(const QByteArray& answer, qint64 now);

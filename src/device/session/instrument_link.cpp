@@ -33,7 +33,7 @@ void InstrumentLink::prepare(std::unique_ptr<Transport> transport)
     transport_ = std::move(transport);
     error_ = LinkError::None;
     errorText_.clear();
-    said_.clear();
+    rejectedText_.clear();
     enterStage(Stage::Connecting);
 }
 
@@ -100,9 +100,9 @@ bool InstrumentLink::ask(const QByteArray& query, bool maySend)
             return false;
         asked_ = true;
         since_ = clock_.elapsed();
-        session_->send(Voice::Control, query);
+        session_->send(Requester::Control, query);
     }
-    session_->look();
+    session_->poll();
     return true;
 }
 
@@ -112,14 +112,14 @@ bool InstrumentLink::stepIdentifying(bool maySend)
         loseIfClosed();
         return false;
     }
-    if (const auto& answer = session_->answer(Voice::Control)) {
+    if (const auto& answer = session_->answer(Requester::Control)) {
         if (const auto identity = readIdentity(*answer)) {
             identity_ = *identity;
             enterStage(Stage::Sizing);
             return true;
         }
-        if (said_.isEmpty())
-            said_ = shownText(*answer);
+        if (rejectedText_.isEmpty())
+            rejectedText_ = shownText(*answer);
         // A greeting may have come before the answer; a second question tells.
         if (++attempt_ < identifyAttempts && !isClosed()) {
             asked_ = false;
@@ -129,9 +129,9 @@ bool InstrumentLink::stepIdentifying(bool maySend)
     } else if (isClosed()) {
         lose();
     } else if (isOver(limits_.identify)) {
-        if (said_.isEmpty())
-            said_ = shownText(session_->heard());
-        goDown(said_.isEmpty() && attempt_ == 0 ? End::Silent : End::NoInstrument);
+        if (rejectedText_.isEmpty())
+            rejectedText_ = shownText(session_->lastReceived());
+        goDown(rejectedText_.isEmpty() && attempt_ == 0 ? End::Silent : End::NoInstrument);
     }
     return false;
 }
@@ -143,7 +143,7 @@ bool InstrumentLink::stepSizing(bool maySend)
         loseIfClosed();
         return false;
     }
-    const auto& answer = session_->answer(Voice::Control);
+    const auto& answer = session_->answer(Requester::Control);
     const int channels = answer ? channelsIn(*answer, attempt_ == 1) : 0;
     if (channels >= 1 && (attempt_ == 1 || channels <= mostChannels)) {
         goUp(std::min(channels, mostChannels));
@@ -177,7 +177,7 @@ bool InstrumentLink::isUp()
 {
     if (stage_ != Stage::Up)
         return false;
-    session_->look();
+    session_->poll();
     loseIfClosed();
     return stage_ == Stage::Up;
 }

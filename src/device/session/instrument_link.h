@@ -62,7 +62,7 @@ public:
     LinkError error() const { return error_; }
     QString errorText() const { return errorText_; }
     /// What a peer that is no instrument said, fit to be shown.
-    QString said() const { return said_; }
+    QString rejectedText() const { return rejectedText_; }
 
     /// Of the instrument while the link is up; empty and 0 without one.
     const Identity& identity() const { return identity_; }
@@ -103,7 +103,7 @@ private:
     End end_ = End::Never;
     LinkError error_ = LinkError::None;
     QString errorText_;
-    QString said_;
+    QString rejectedText_;
     Identity identity_;
     int channelCount_ = 0;
 };

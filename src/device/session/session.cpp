@@ -15,14 +15,14 @@ Session::Session(Clock& clock, Transport& transport)
     : clock_(clock), transport_(transport), lastLook_(clock.elapsed()), lastBytesAt_(lastLook_)
 {}
 
-bool Session::send(Voice voice, const QByteArray& line)
+bool Session::send(Requester requester, const QByteArray& line)
 {
     if (line.size() > longestLine)
         return false;
     const qint64 now = clock_.elapsed();
     lookAt(now); // what is there by now answers earlier queries
     if (isQuery(line)) {
-        book_.asked(voice, line, now);
+        book_.asked(requester, line, now);
         begunBefore_ = framer_.isMidAnswer();
     }
     return transport_.write(line + '\n');
@@ -30,11 +30,11 @@ bool Session::send(Voice voice, const QByteArray& line)
 
 bool Session::sendBlock(const QByteArray& line, const QByteArray& data, int limitMs)
 {
-    look();
+    poll();
     return transport_.write(line + asBlock(data) + '\n') && transport_.flush(limitMs);
 }
 
-void Session::look()
+void Session::poll()
 {
     lookAt(clock_.elapsed());
 }
@@ -71,65 +71,71 @@ void Session::dropStalledPart(qint64 now)
 {
     const qint64 limit = framer_.isLost() ? quietAfterLossMs : stalledPartMs;
     if ((framer_.isMidAnswer() || framer_.isLost()) && now - lastBytesAt_ >= limit) {
-        heard_ = heard();
+        heard_ = lastReceived();
         framer_.forget();
         begunBefore_ = false;
     }
 }
 
-QByteArray Session::heard() const
+QByteArray Session::lastReceived() const
 {
     return framer_.part().isEmpty() ? heard_ : framer_.part().left(longestHeard);
 }
 
-/// Until when it is worth waiting for the voice's answer.
-qint64 Session::underWayUntil(Voice voice, int limitMs) const
+/// Until when it is worth waiting for the requester's answer.
+qint64 Session::underWayUntil(Requester requester, int limitMs) const
 {
-    if (!book_.awaits(voice))
+    if (!book_.awaits(requester))
         return 0;
-    qint64 until = book_.askedAt(voice) + limitMs;
+    qint64 until = book_.askedAt(requester) + limitMs;
     if (framer_.isMidAnswer())
         until = std::max(until, lastBytesAt_ + limitMs);
     return std::max(until, book_.settlesAt().value_or(0));
 }
 
-const std::optional<QByteArray>& Session::answerUnderWay(Voice voice, int limitMs)
+const std::optional<QByteArray>& Session::awaitAnswer(Requester requester, int limitMs)
 {
     const qint64 end = clock_.elapsed() + limitMs;
     bool looked = false;
-    while (book_.awaits(voice)) {
+    while (book_.awaits(requester)) {
         const qint64 now = clock_.elapsed();
-        const qint64 until = std::min(end, underWayUntil(voice, limitMs));
+        const qint64 until = std::min(end, underWayUntil(requester, limitMs));
         if (now >= until && looked)
             break;
         // An answer that is held back comes out without a byte arriving, so the wait ends there at the latest.
         const qint64 wake = std::min(until, book_.settlesAt().value_or(until));
         const bool isOver = now < wake && !transport_.waitReadable(static_cast<int>(wake - now)) &&
                             transport_.state() != Transport::State::Open;
-        look();
+        poll();
         looked = true;
         if (isOver)
             break;
     }
-    return book_.answer(voice);
+    return book_.answer(requester);
 }
 
-std::optional<QByteArray> Session::ask(Voice voice, const QByteArray& query, int limitMs)
+std::optional<QByteArray> Session::ask(Requester requester, const QByteArray& query, int limitMs)
 {
-    if (!send(voice, query))
+    if (!send(requester, query))
         return std::nullopt;
     const qint64 end = clock_.elapsed() + limitMs;
-    for (qint64 now = clock_.elapsed(); now < end && book_.awaits(voice); now = clock_.elapsed()) {
+    for (qint64 now = clock_.elapsed(); now < end && book_.awaits(requester); now = clock_.elapsed()) {
         const qint64 wake = std::min(end, book_.settlesAt().value_or(end));
         if (!transport_.waitReadable(static_cast<int>(std::max<qint64>(wake - now, 1))) &&
             transport_.state() != Transport::State::Open)
             break;
-        look();
+        poll();
     }
-    look();
-    if (!book_.answer(voice))
-        book_.abandon(voice);
-    return book_.answer(voice);
+    poll();
+    if (!book_.answer(requester))
+        book_.abandon(requester);
+    return book_.answer(requester);
+}
+
+std::optional<QByteArray> Session::fetchBlock(const QByteArray& query, int limitMs)
+{
+    const auto answer = ask(Requester::Control, query, limitMs);
+    return answer ? blockData(*answer) : std::nullopt;
 }
 
 } // namespace orb

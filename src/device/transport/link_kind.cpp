@@ -23,7 +23,7 @@ LinkKind simulatedKind(Clock& clock)
             return own ? std::optional(SimTransport::resourceName()) : std::nullopt;
         },
         .typed = [](const QString&) { return QString(); },
-        .peer = [](const QString&) { return QStringLiteral("the simulated instrument"); },
+        .remoteName = [](const QString&) { return QStringLiteral("the simulated instrument"); },
         .transport = [instrument](const QString&) { return std::make_unique<SimTransport>(instrument); },
     };
 }
@@ -43,7 +43,7 @@ LinkKind tcpKind()
             return address ? std::optional(address->resourceName()) : std::nullopt;
         },
         .typed = shown,
-        .peer = shown,
+        .remoteName = shown,
         .transport = [](const QString& resourceName) -> std::unique_ptr<Transport> {
             return std::make_unique<TcpTransport>(readTcpAddress(resourceName).value_or(TcpAddress{}));
         },

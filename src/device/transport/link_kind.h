@@ -25,7 +25,7 @@ struct LinkKind {
     /// A resource name of this kind as the operator would type it.
     std::function<QString(const QString& resourceName)> typed;
     /// What a message calls the other end.
-    std::function<QString(const QString& resourceName)> peer;
+    std::function<QString(const QString& resourceName)> remoteName;
     /// A transport for a resource name of this kind, not open yet.
     std::function<std::unique_ptr<Transport>(const QString& resourceName)> transport;
 };

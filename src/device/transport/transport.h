@@ -9,13 +9,13 @@ namespace orb {
 /// Why a link did not come up, or stands no longer. Each has words of its own on the Connect page.
 enum class LinkError {
     None,
-    BadAddress,   ///< the address is none of this kind of link
-    HostNotFound, ///< the name leads nowhere
-    Refused,      ///< the host is there and takes no connection at this port
-    Unreachable,  ///< no road to the host
-    TimedOut,     ///< nothing came back within the limit
-    ClosedByPeer, ///< the instrument ended the link
-    Broken,       ///< anything else; `errorText` has the system's words
+    BadAddress,     ///< the address is none of this kind of link
+    HostNotFound,   ///< the name leads nowhere
+    Refused,        ///< the host is there and takes no connection at this port
+    Unreachable,    ///< no road to the host
+    TimedOut,       ///< nothing came back within the limit
+    ClosedRemotely, ///< the instrument ended the link
+    Broken,         ///< anything else; `errorText` has the system's words
 };
 
 /// A road for bytes to an instrument and back. Nothing in it needs an event loop to run: whoever uses it looks for

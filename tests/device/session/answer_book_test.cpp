@@ -19,7 +19,7 @@ class AnswerBookTest : public testing::Test {
 protected:
     void ask(const QByteArray& question, qint64 at)
     {
-        book.asked(Voice::Application, question, at);
+        book.asked(Requester::Application, question, at);
         askedAt = at;
     }
     /// An answer that is seen at the time at which it came.
@@ -27,7 +27,7 @@ protected:
     QByteArray seen(qint64 at)
     {
         book.pass(at);
-        return book.answer(Voice::Application).value_or("nothing");
+        return book.answer(Requester::Application).value_or("nothing");
     }
 
     AnswerBook book;
@@ -39,11 +39,11 @@ TEST_F(AnswerBookTest, HandsOutAnAnswerAgainAndAgain)
     EXPECT_EQ(seen(0), "nothing");
     ask(current, 0);
     EXPECT_EQ(seen(1), "nothing");
-    EXPECT_TRUE(book.awaits(Voice::Application));
+    EXPECT_TRUE(book.awaits(Requester::Application));
     come("1,2,", 5);
     EXPECT_EQ(seen(5), "1,2,");
     EXPECT_EQ(seen(9999), "1,2,");
-    EXPECT_FALSE(book.awaits(Voice::Application));
+    EXPECT_FALSE(book.awaits(Requester::Application));
 }
 
 TEST_F(AnswerBookTest, IsEmptyAgainAtTheNextQuery)
@@ -267,44 +267,44 @@ TEST_F(AnswerBookTest, NeverTakesAnAnswerThatBeganBeforeTheQueryForItsOwn)
 
 TEST_F(AnswerBookTest, KeepsTheVoicesApart)
 {
-    book.asked(Voice::Control, "*OPT?", 0);
+    book.asked(Requester::Control, "*OPT?", 0);
     come("K11", 1);
-    book.asked(Voice::Application, current, 2);
+    book.asked(Requester::Application, current, 2);
     come("1", 3);
-    EXPECT_EQ(book.answer(Voice::Control), "K11");
-    EXPECT_EQ(book.answer(Voice::Application), "1");
+    EXPECT_EQ(book.answer(Requester::Control), "K11");
+    EXPECT_EQ(book.answer(Requester::Application), "1");
 
-    book.asked(Voice::Control, "*OPT?", 10);
-    book.asked(Voice::Application, voltage, 11);
+    book.asked(Requester::Control, "*OPT?", 10);
+    book.asked(Requester::Application, voltage, 11);
     come("K11", 12);
     come("2", 13);
-    EXPECT_EQ(book.answer(Voice::Application), "2");
+    EXPECT_EQ(book.answer(Requester::Application), "2");
 }
 
 TEST_F(AnswerBookTest, AnswersBothVoicesThatAskTheSame)
 {
-    book.asked(Voice::Control, current, 0);
-    book.asked(Voice::Application, current, 1);
+    book.asked(Requester::Control, current, 0);
+    book.asked(Requester::Application, current, 1);
     come("1", 2);
     come("2", 3);
-    EXPECT_EQ(book.answer(Voice::Control), "1");
-    EXPECT_EQ(book.answer(Voice::Application), "1");
+    EXPECT_EQ(book.answer(Requester::Control), "1");
+    EXPECT_EQ(book.answer(Requester::Application), "1");
 }
 
 TEST_F(AnswerBookTest, HandsNothingOutToAQueryThatWasGivenUp)
 {
-    book.asked(Voice::Control, "screen?", 0);
-    book.abandon(Voice::Control);
-    EXPECT_FALSE(book.awaits(Voice::Control));
+    book.asked(Requester::Control, "screen?", 0);
+    book.abandon(Requester::Control);
+    EXPECT_FALSE(book.awaits(Requester::Control));
     come("#15hello", 1);
-    EXPECT_EQ(book.answer(Voice::Control), std::nullopt);
+    EXPECT_EQ(book.answer(Requester::Control), std::nullopt);
 }
 
 TEST_F(AnswerBookTest, OwesNothingWhenItIsKnownThatNothingIsComing)
 {
     ask(current, 0);
     book.nothingIsComing();
-    EXPECT_FALSE(book.awaits(Voice::Application));
+    EXPECT_FALSE(book.awaits(Requester::Application));
     ask(voltage, 100);
     come("own", 101);
     EXPECT_EQ(seen(101), "own");

@@ -164,7 +164,7 @@ TEST_F(ConnectionTest, QuotesAPeerThatNeverEndsItsLine)
     start();
     stepFor(60'000);
     EXPECT_EQ(connection.end(), InstrumentLink::End::NoInstrument);
-    EXPECT_TRUE(connection.said().endsWith(QStringLiteral("login:")));
+    EXPECT_TRUE(connection.rejectedText().endsWith(QStringLiteral("login:")));
 }
 
 TEST_F(ConnectionTest, QuotesAPeerThatGreetsAndThenKeepsSilent)
@@ -300,14 +300,14 @@ TEST_F(ConnectionTest, BeginsANewLinkWithNothingOfTheOld)
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}, {"a?", "old\n"}});
     start();
     stepFor(100);
-    connection.session()->send(Voice::Application, "a?");
-    connection.session()->look();
-    EXPECT_EQ(connection.session()->answer(Voice::Application), "old");
+    connection.session()->send(Requester::Application, "a?");
+    connection.session()->poll();
+    EXPECT_EQ(connection.session()->answer(Requester::Application), "old");
     connection.drop();
-    EXPECT_EQ(connection.lastSession()->answer(Voice::Application), "old");
+    EXPECT_EQ(connection.lastSession()->answer(Requester::Application), "old");
     start();
     stepFor(100);
-    EXPECT_EQ(connection.session()->answer(Voice::Application), std::nullopt);
+    EXPECT_EQ(connection.session()->answer(Requester::Application), std::nullopt);
     EXPECT_EQ(line.openings, 2);
 }
 

@@ -74,7 +74,7 @@ public:
         if (state_ == State::Opening && line_.opensAfter && now - begunAt_ >= *line_.opensAfter)
             state_ = State::Open;
         if (state_ == State::Open && line_.closesAt && now >= *line_.closesAt)
-            fail(LinkError::ClosedByPeer);
+            fail(LinkError::ClosedRemotely);
         return state_;
     }
 

@@ -19,9 +19,9 @@ class SessionTest : public testing::Test {
 protected:
     SessionTest() { transport.open(100); }
 
-    bool send(const QByteArray& text) { return session.send(Voice::Application, text); }
+    bool send(const QByteArray& text) { return session.send(Requester::Application, text); }
     /// What the application would read now.
-    QByteArray reply() { return session.answerUnderWay(Voice::Application, 50).value_or("nothing"); }
+    QByteArray reply() { return session.awaitAnswer(Requester::Application, 50).value_or("nothing"); }
     /// Each query is answered with its own text and a number that counts up, `ms` later.
     void echo(int ms)
     {
@@ -250,10 +250,10 @@ TEST_F(SessionTest, CostsNoMoreThanTheLimitWhenThePeerClosesMeanwhile)
 TEST_F(SessionTest, AsksAndWaitsWithinALimit)
 {
     echo(300);
-    EXPECT_EQ(session.ask(Voice::Control, "a?", 1000), "a? #1");
+    EXPECT_EQ(session.ask(Requester::Control, "a?", 1000), "a? #1");
     EXPECT_EQ(clock.elapsed(), 300);
     line.onLine = nullptr;
-    EXPECT_EQ(session.ask(Voice::Control, "b?", 1000), std::nullopt);
+    EXPECT_EQ(session.ask(Requester::Control, "b?", 1000), std::nullopt);
     EXPECT_EQ(clock.elapsed(), 1300);
 }
 
@@ -265,7 +265,7 @@ TEST_F(SessionTest, FetchesABlockThatComesInPieces)
         for (qsizetype at = 0; at < answer.size(); at += 1460)
             line.say(answer.mid(at, 1460), static_cast<int>(at / 1460));
     };
-    const auto answer = session.ask(Voice::Control, "screen?", 2000);
+    const auto answer = session.ask(Requester::Control, "screen?", 2000);
     ASSERT_TRUE(answer);
     EXPECT_EQ(blockData(*answer), picture);
 }
@@ -299,9 +299,9 @@ TEST_F(SessionTest, EndsALookAtAPeerThatNeverStopsTalking)
         bool waitReadable(int) override { return true; }
     } chatterbox;
     Session chat(clock, chatterbox);
-    chat.send(Voice::Application, "a?");
-    chat.look();
-    EXPECT_EQ(chat.answer(Voice::Application), std::nullopt);
+    chat.send(Requester::Application, "a?");
+    chat.poll();
+    EXPECT_EQ(chat.answer(Requester::Application), std::nullopt);
 }
 
 TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts)
@@ -328,9 +328,9 @@ TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts
                     at += size;
                 }
             };
-            talk.send(Voice::Application, question);
+            talk.send(Requester::Application, question);
             for (int look = 0; look < 3; ++look) {
-                const auto answer = talk.answerUnderWay(Voice::Application, 50);
+                const auto answer = talk.awaitAnswer(Requester::Application, 50);
                 ASSERT_TRUE(!answer || answer->startsWith(question + " is "))
                     << "seed " << seed << ": " << answer->toStdString();
                 clock.sleep(below(150));
@@ -338,8 +338,8 @@ TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts
         }
         clock.sleep(3000);
         other.onLine = [&](const QByteArray&) { other.say("in step\n", 1); };
-        talk.send(Voice::Application, "last?");
-        ASSERT_EQ(talk.answerUnderWay(Voice::Application, 50), "in step") << "seed " << seed;
+        talk.send(Requester::Application, "last?");
+        ASSERT_EQ(talk.awaitAnswer(Requester::Application, 50), "in step") << "seed " << seed;
     }
 }
 
@@ -360,16 +360,16 @@ TEST_F(SessionTest, TakesAnyBytesAndIsInStepAgainBehindThem)
             for (auto n = random() % 200; n > 0; --n)
                 bytes += alphabet[static_cast<qsizetype>(random() % static_cast<std::size_t>(alphabet.size()))];
             other.say(bytes, static_cast<int>(random() % 100));
-            talk.send(Voice::Application, "q" + QByteArray::number(i) + '?');
-            talk.answerUnderWay(Voice::Application, 50);
+            talk.send(Requester::Application, "q" + QByteArray::number(i) + '?');
+            talk.awaitAnswer(Requester::Application, 50);
             clock.sleep(static_cast<int>(random() % 300));
         }
         clock.sleep(200);
-        talk.look();
+        talk.poll();
         clock.sleep(3000);
         other.onLine = [&](const QByteArray&) { other.say("in step\n", 1); };
-        talk.send(Voice::Application, "last?");
-        ASSERT_EQ(talk.answerUnderWay(Voice::Application, 50), "in step") << "seed " << seed;
+        talk.send(Requester::Application, "last?");
+        ASSERT_EQ(talk.awaitAnswer(Requester::Application, 50), "in step") << "seed " << seed;
     }
 }
 

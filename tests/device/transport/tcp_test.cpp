@@ -116,7 +116,7 @@ TEST(TcpTransport, GivesWhatCameBeforeThePeerClosed)
         bytes += transport.read();
     EXPECT_EQ(bytes, "last words");
     EXPECT_EQ(transport.state(), Transport::State::Closed);
-    EXPECT_EQ(transport.error(), LinkError::ClosedByPeer);
+    EXPECT_EQ(transport.error(), LinkError::ClosedRemotely);
     EXPECT_FALSE(transport.waitReadable(generousMs)); // at once
 }
 

@@ -21,7 +21,7 @@ LinkError linkError(QAbstractSocket::SocketError error)
     case QAbstractSocket::HostNotFoundError:
         return LinkError::HostNotFound;
     case QAbstractSocket::RemoteHostClosedError:
-        return LinkError::ClosedByPeer;
+        return LinkError::ClosedRemotely;
     case QAbstractSocket::SocketTimeoutError:
         return LinkError::TimedOut;
     case QAbstractSocket::NetworkError:
@@ -159,7 +159,7 @@ void TcpTransport::lookAtLink()
     if (socket_.state() == QAbstractSocket::ConnectedState)
         return;
     const LinkError error = linkError(socket_.error());
-    fail(error == LinkError::ClosedByPeer ? error : LinkError::Broken, socket_.errorString());
+    fail(error == LinkError::ClosedRemotely ? error : LinkError::Broken, socket_.errorString());
 }
 
 bool TcpTransport::write(const QByteArray& bytes)
