@@ -48,6 +48,13 @@ void ClientConnection::read()
     }
 }
 
+void ClientConnection::poll()
+{
+    // The end of a connection comes after its last bytes.
+    for (int i = 0; i < 2 && isListening(); ++i)
+        socket_->waitForReadyRead(0);
+}
+
 void ClientConnection::take(const MessageFramer::Message& message)
 {
     releaseHeld();

@@ -45,6 +45,8 @@ public:
     void send(std::vector<OutgoingStep> steps);
     /// Reads what has come. Called by the server once for a new client, by the socket afterwards.
     void read();
+    /// Notices at once what the event loop would notice later: bytes that have come, and that the client has closed.
+    void poll();
 
 private:
     /// Not any more while the last bytes of a connection that is being closed are still on their way.

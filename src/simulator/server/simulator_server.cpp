@@ -43,6 +43,9 @@ struct SimulatorServer::Parts {
     Parts(SimulatedInstrument& theInstrument, FaultScript script) : instrument(theInstrument), faults(std::move(script))
     {}
 
+    int openCount() const;
+    /// Clients that have closed do not count, even where the event loop has not noticed it yet.
+    bool hasRoom();
     void acceptClients();
     void accept(std::unique_ptr<QTcpSocket> socket);
     std::vector<OutgoingStep> respond(const MessageFramer::Message& message);
@@ -99,8 +102,21 @@ bool SimulatorServer::writeServedTo(const QString& path)
 
 int SimulatorServer::clientCount() const
 {
-    return static_cast<int>(
-        std::ranges::count_if(parts_->clients, [](const auto& client) { return client->isOpen(); }));
+    return parts_->openCount();
+}
+
+int SimulatorServer::Parts::openCount() const
+{
+    return static_cast<int>(std::ranges::count_if(clients, [](const auto& client) { return client->isOpen(); }));
+}
+
+bool SimulatorServer::Parts::hasRoom()
+{
+    if (openCount() == maxClients) {
+        for (const auto& client : clients)
+            client->poll();
+    }
+    return openCount() < maxClients;
 }
 
 void SimulatorServer::Parts::acceptClients()
@@ -108,7 +124,7 @@ void SimulatorServer::Parts::acceptClients()
     while (server.hasPendingConnections()) {
         std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
         socket->setParent(nullptr);
-        if (clients.size() < maxClients)
+        if (hasRoom())
             accept(std::move(socket));
     }
 }

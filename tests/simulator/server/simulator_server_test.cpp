@@ -114,6 +114,21 @@ TEST_F(SimulatorServerTest, TakesNoMoreClientsThanItsLimit)
     EXPECT_EQ(clients.front()->ask("*OPC?"), "1");
 }
 
+TEST_F(SimulatorServerTest, AClientIsServedRightAfterAllOthersHaveClosed)
+{
+    serve();
+    std::vector<std::unique_ptr<Client>> clients;
+    for (int i = 0; i < SimulatorServer::maxClients; ++i) {
+        clients.push_back(client());
+        EXPECT_EQ(clients.back()->ask("*OPC?"), "1");
+    }
+    for (const auto& each : clients) {
+        each->send("*WAI\n");
+        each->socket().disconnectFromHost();
+    }
+    EXPECT_EQ(client()->ask("*IDN?"), identity);
+}
+
 TEST_F(SimulatorServerTest, AMessageThatIsTooLongIsAnErrorAndTheNextOneIsAnswered)
 {
     serve();
