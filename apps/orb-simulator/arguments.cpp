@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "arguments.h"
 
-#include "mainframe.h"
+#include "load_module.h"
 
 namespace orb {
 
@@ -46,18 +46,18 @@ quint64 wholeNumber(const QString& option, const QString& text, quint64 lowest, 
 
 void setChannelCount(Arguments& arguments, quint64 count)
 {
-    arguments.configuration.channels.resize(static_cast<std::size_t>(count));
+    arguments.configuration.channels = defaultConfiguration(static_cast<int>(count)).channels;
 }
 
 /// The sources stay in their order; each gets the module at its place. What the default set on another module may
 /// not fit, so that such a channel begins as after a reset.
 void setModules(Arguments& arguments, const QString& list)
 {
-    std::vector<ChannelConfiguration>& channels = arguments.configuration.channels;
     const QStringList names = list.split(u',');
-    if (names.size() > Mainframe::maxChannels)
-        fail(QStringLiteral("--modules takes at most %1 names").arg(Mainframe::maxChannels));
-    channels.resize(static_cast<std::size_t>(names.size()));
+    if (names.size() > maxChannels)
+        fail(QStringLiteral("--modules takes at most %1 names").arg(maxChannels));
+    setChannelCount(arguments, static_cast<quint64>(names.size()));
+    std::vector<ChannelConfiguration>& channels = arguments.configuration.channels;
     for (std::size_t i = 0; i < channels.size(); ++i) {
         const std::string name = names[static_cast<qsizetype>(i)].trimmed().toStdString();
         const LoadModule* module = findLoadModule(name);
@@ -91,7 +91,7 @@ Arguments readArguments(const QStringList& list)
         } else if (option == u"--port") {
             arguments.port = static_cast<quint16>(wholeNumber(option, words.valueOf(option), 0, 65535));
         } else if (option == u"--channels") {
-            setChannelCount(arguments, wholeNumber(option, words.valueOf(option), 1, Mainframe::maxChannels));
+            setChannelCount(arguments, wholeNumber(option, words.valueOf(option), 1, maxChannels));
             countGiven = true;
         } else if (option == u"--modules") {
             setModules(arguments, words.valueOf(option));
@@ -117,7 +117,7 @@ QString helpText()
                           "\n"
                           "orb-simulator [options]\n"
                           "  --port N         the port to listen on, 0 for any free one; 5025 if not given\n"
-                          "  --channels N     the first N channels of the default instrument, 1 to 8\n"
+                          "  --channels N     the number of channels, 1 to 8; 6 if not given\n"
                           "  --modules LIST   a channel for each of these load modules, as in K11,K13,K14\n"
                           "  --seed N         of the noise; the same seed gives the same readings\n"
                           "  --faults FILE    what goes wrong with which answer\n"

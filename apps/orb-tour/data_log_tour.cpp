@@ -141,7 +141,7 @@ void connectSteps(Tour& tour, FormORB& form, DeviceControl& CORB, const Simulato
     pageStep(tour, form, QStringLiteral("Control"));
     tour.then(
         QStringLiteral("the channels have their readings"),
-        [&CORB] { return CORB.controlPage.cards.size() == 8 && ui::find(CORB.controlPage, QStringLiteral("LOAD ON")); },
+        [&CORB] { return CORB.controlPage.cards.size() == 6 && ui::find(CORB.controlPage, QStringLiteral("LOAD ON")); },
         [] {});
     for (std::size_t channel : {0U, 1U, 2U})
         tour.then(

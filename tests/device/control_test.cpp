@@ -44,10 +44,10 @@ TEST_F(ControlTest, ConnectsToTheSimulatedInstrumentAtTheFirstPress)
 {
     connectSimulated();
     EXPECT_TRUE(control->IsConnected());
-    EXPECT_EQ(control->ChannelCount(), 8);
+    EXPECT_EQ(control->ChannelCount(), 6);
     EXPECT_EQ(control->LinkType(), 0);
     control->SendCommand(QStringLiteral(":FETC:ALLV?"));
-    EXPECT_EQ(control->Reply().count(QLatin1Char(',')), 8);
+    EXPECT_EQ(control->Reply().count(QLatin1Char(',')), 6);
     EXPECT_TRUE(control->Reply().endsWith(QLatin1Char(',')));
 }
 
@@ -286,14 +286,14 @@ TEST_F(ControlTest, SwitchesALoadOnlyAtAPress)
         control->SendCommand(QStringLiteral(":LOAD:ALL?"));
         return control->Reply();
     };
-    EXPECT_EQ(loads(), "0,0,0,0,0,0,0,0");
+    EXPECT_EQ(loads(), "0,0,0,0,0,0");
     press(control->controlPage.cards[1]->cmdLoad);
-    EXPECT_EQ(loads(), "0,1,0,0,0,0,0,0");
+    EXPECT_EQ(loads(), "0,1,0,0,0,0");
     clock.advance(1000);
     EXPECT_EQ(control->controlPage.cards[1]->lblState.caption(), "ON");
     EXPECT_EQ(control->controlPage.cards[1]->cmdLoad.caption(), "LOAD OFF");
     press(control->controlPage.cards[1]->cmdLoad);
-    EXPECT_EQ(loads(), "0,0,0,0,0,0,0,0");
+    EXPECT_EQ(loads(), "0,0,0,0,0,0");
 }
 
 TEST_F(ControlTest, OffersToSwitchOnOnlyWhatIsKnownToBeOff)

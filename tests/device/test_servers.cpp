@@ -34,7 +34,7 @@ ServedInstrument::ServedInstrument(const std::string& faultScript) : context_(st
     QMetaObject::invokeMethod(
         context_.get(),
         [&] {
-            instrument_ = std::make_unique<SimulatedInstrument>();
+            instrument_ = std::make_unique<SimulatedInstrument>(defaultConfiguration(8));
             server_ = std::make_unique<SimulatorServer>(*instrument_, FaultScript::parse(faultScript));
             EXPECT_TRUE(server_->listen(0));
             port_ = server_->port();

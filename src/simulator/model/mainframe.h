@@ -24,7 +24,6 @@ enum class Verdict { Off, Pass, Fail };
 /// `memoryCount`.
 class Mainframe {
 public:
-    static constexpr int maxChannels = 8;
     static constexpr int memoryCount = 120;
 
     /// Throws `std::invalid_argument` where the configuration makes no instrument.

@@ -11,7 +11,7 @@ SimulatorClock steadyClock()
     };
 }
 
-SimulatorConfiguration defaultConfiguration()
+SimulatorConfiguration defaultConfiguration(int channelCount)
 {
     SimulatorConfiguration configuration;
     configuration.channels = {
@@ -81,6 +81,7 @@ SimulatorConfiguration defaultConfiguration()
                     .emptyVoltage = 3},
          .setValue = 1.3},
     };
+    configuration.channels.resize(static_cast<std::size_t>(channelCount));
     return configuration;
 }
 

@@ -42,8 +42,11 @@ struct SimulatorConfiguration {
     std::chrono::milliseconds measurementInterval{20};
 };
 
-/// Eight channels with batteries, supplies and a solar panel, set so that each draws a sensible load once it is
-/// switched on.
-SimulatorConfiguration defaultConfiguration();
+/// The most channels that a mainframe has room for.
+constexpr int maxChannels = 8;
+
+/// The first `channelCount` (1 to `maxChannels`) of eight channels with batteries, supplies and a solar panel, set so
+/// that each draws a sensible load once it is switched on.
+SimulatorConfiguration defaultConfiguration(int channelCount = 6);
 
 } // namespace orb

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device_test.h"
+#include "simulated_instrument.h"
 
 #include <QApplication>
 #include <QFile>
@@ -54,12 +55,12 @@ TEST_F(ConnectPageTest, ShowsTheInstrument)
 {
     press(page().cmdConnect);
     EXPECT_EQ(status(), "Connected to the simulated instrument.");
-    EXPECT_EQ(control->lblLink.caption(), "ZN ORB3000, 8 channels");
+    EXPECT_EQ(control->lblLink.caption(), "ZN ORB3000, 6 channels");
     EXPECT_EQ(page().lblMaker.caption(), "ZN");
     EXPECT_EQ(page().lblModel.caption(), "ORB3000");
     EXPECT_EQ(page().lblSerialNumber.caption(), "SIM0001");
     EXPECT_EQ(page().lblFirmware.caption(), "1.0");
-    EXPECT_EQ(page().lblChannels.caption(), "8");
+    EXPECT_EQ(page().lblChannels.caption(), "6");
     EXPECT_EQ(page().lblResource.caption(), "SIM::INSTR");
     EXPECT_EQ(offered(), "Disconnect");
 
@@ -275,13 +276,13 @@ TEST_F(ControlPageTest, ShowsACardForEachChannel)
     EXPECT_FALSE(isReachable(page().cmdGoToConnect));
 }
 
-TEST_F(ControlPageTest, ShowsAllEightChannelsOfTheSimulatedInstrument)
+TEST_F(ControlPageTest, ShowsAllChannelsOfTheSimulatedInstrument)
 {
     connectSimulated();
     control->ShowControlPage();
     clock.advance(1000);
-    ASSERT_EQ(page().cards.size(), 8u);
-    for (int i = 0; i < 8; ++i)
+    ASSERT_EQ(page().cards.size(), 6u);
+    for (int i = 0; i < 6; ++i)
         EXPECT_FALSE(card(i).contains(QChar(0x2014))) << card(i).toStdString(); // nothing is unknown
 }
 
@@ -326,10 +327,15 @@ TEST_F(ControlPageTest, TakesTheCardsAwayWhenTheLinkIsLost)
 
 TEST_F(ControlPageTest, HoldsEightChannelsInItsDesignSize)
 {
-    connectSimulated();
+    SimulatedInstrument instrument(defaultConfiguration(8));
+    actAsInstrument(8, [&](const QByteArray& query) {
+        return QByteArray::fromStdString(instrument.execute(query.toStdString())) + '\n';
+    });
+    connectScripted();
     control->ShowControlPage();
     clock.advance(1000);
     QApplication::processEvents();
+    ASSERT_EQ(page().cards.size(), 8u);
     const QRect room = control->rect();
     for (const auto& each : page().cards) {
         EXPECT_TRUE(room.contains(QRect(each->mapTo(&*control, QPoint(0, 0)), each->size())));

@@ -201,7 +201,7 @@ TEST_F(CommandLanguageTest, RefusesAMessageThatIsTooLong)
 
 TEST_F(CommandLanguageTest, DropsAResponseThatIsTooLongAsAWhole)
 {
-    build(defaultConfiguration());
+    build(defaultConfiguration(8));
     std::string message = ":MEAS:ALLV?";
     while (message.size() + 6 < SimulatedInstrument::maxMessage)
         message += ";ALLV?";

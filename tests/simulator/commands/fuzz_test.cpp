@@ -15,7 +15,7 @@ constexpr int lines = 30'000;
 /// Throws messages at an instrument and looks whether it is still one.
 class FuzzTest : public BenchTest {
 protected:
-    FuzzTest() { build(defaultConfiguration()); }
+    FuzzTest() { build(defaultConfiguration(8)); }
 
     std::size_t below(std::size_t bound) { return noise_.bits() % bound; }
     template <typename List> const auto& anyOf(const List& list) { return list[below(std::size(list))]; }

@@ -9,7 +9,7 @@ class LoadCommandsTest : public BenchTest {};
 
 TEST_F(LoadCommandsTest, AllInputsAreOffAtFirstAndReadNoCurrent)
 {
-    build(defaultConfiguration());
+    build(defaultConfiguration(8));
     EXPECT_EQ(ask(":LOAD:ALL?"), "0,0,0,0,0,0,0,0");
     EXPECT_EQ(ask(":FETC:ALLC?"), "0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,");
     EXPECT_EQ(ask(":FETC:ALLP?"), "0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,0.0000,");
@@ -17,7 +17,7 @@ TEST_F(LoadCommandsTest, AllInputsAreOffAtFirstAndReadNoCurrent)
 
 TEST_F(LoadCommandsTest, TheDefaultInstrumentDrawsSensibleLoadsOnceSwitchedOn)
 {
-    build(defaultConfiguration());
+    build(defaultConfiguration(8));
     tell(":LOAD:ALL ON");
     EXPECT_EQ(ask(":LOAD:ALL?;:STAT:QUES:COND?"), "1,1,1,1,1,1,1,1;0");
     for (int number = 1; number <= 8; ++number) {
@@ -30,7 +30,7 @@ TEST_F(LoadCommandsTest, TheDefaultInstrumentDrawsSensibleLoadsOnceSwitchedOn)
 
 TEST_F(LoadCommandsTest, TheDefaultInstrumentRunsForAnHourUnderLoadWithoutTripping)
 {
-    build(defaultConfiguration());
+    build(defaultConfiguration(8));
     tell(":LOAD:ALL ON");
     for (int second = 0; second < 3600; ++second) {
         time.advance(std::chrono::seconds(1));
@@ -194,7 +194,7 @@ TEST_F(LoadCommandsTest, NoRowOfTheTableButLoadSwitchesAnInputOn)
     for (const Command& command : allRows()) {
         if (command.set == nullptr || command.header == "LOAD#[:STATe]" || command.header == "LOAD:ALL")
             continue;
-        build(defaultConfiguration());
+        build(defaultConfiguration(8));
         ask(waysToWrite(command.header).front() + ' ' + std::string(command.example));
         time.advance(std::chrono::seconds(1));
         EXPECT_EQ(ask(":LOAD:ALL?"), "0,0,0,0,0,0,0,0") << command.header;

@@ -70,7 +70,7 @@ TEST_F(OrbSimulatorTest, NamesItsPortAndServesThere)
     Client client(serve());
     ASSERT_TRUE(client.connect());
     EXPECT_THAT(client.ask("*IDN?"), StartsWith("ZN,ORB3000,"));
-    EXPECT_EQ(client.ask(":CHAN:COUN?"), "8");
+    EXPECT_EQ(client.ask(":CHAN:COUN?"), "6");
 }
 
 TEST_F(OrbSimulatorTest, EndsInOrderWhenItIsAskedTo)
@@ -89,6 +89,15 @@ TEST_F(OrbSimulatorTest, TakesItsChannelsFromTheCommandLine)
     EXPECT_EQ(client.ask("*OPT?"), "K11,K12A,K12B");
 }
 
+TEST_F(OrbSimulatorTest, EightModulesGetTheSourcesOfAllEightChannels)
+{
+    Client client(serve({QStringLiteral("--modules"), QStringLiteral("K11,K11,K11,K11,K11,K11,K11,K11")}));
+    ASSERT_TRUE(client.connect());
+    EXPECT_EQ(client.ask(":CHAN:COUN?"), "8");
+    EXPECT_EQ(client.ask(":MODE7?;:VOLT7?"), "CV;24.0000") << "the module at its place: the set value stays";
+    EXPECT_THAT(client.ask(":MEAS8:VOLT?"), StartsWith("4.1"));
+}
+
 TEST_F(OrbSimulatorTest, TakesItsModulesFromTheCommandLine)
 {
     Client client(serve({QStringLiteral("--modules"), QStringLiteral("k11, K17,K12A")}));
@@ -102,7 +111,7 @@ TEST_F(OrbSimulatorTest, TheSeedDecidesTheReadings)
     const auto reading = [this](const char* seed) {
         Client client(serve({QStringLiteral("--seed"), QString::fromLatin1(seed)}));
         EXPECT_TRUE(client.connect());
-        const std::string first = client.ask(":MEAS1:VOLT?") + client.ask(":MEAS5:VOLT?") + client.ask(":MEAS8:VOLT?");
+        const std::string first = client.ask(":MEAS1:VOLT?") + client.ask(":MEAS5:VOLT?") + client.ask(":MEAS4:VOLT?");
         process.kill();
         process.waitForFinished();
         return first;

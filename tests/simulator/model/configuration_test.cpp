@@ -11,9 +11,11 @@ void expectRefused(const SimulatorConfiguration& configuration)
     EXPECT_THROW(SimulatedInstrument{configuration}, std::invalid_argument);
 }
 
-TEST(SimulatorConfiguration, TheDefaultHasEightChannels)
+TEST(SimulatorConfigurationTest, TheDefaultInstrumentHasSixChannelsUnlessItIsGivenAnotherNumber)
 {
-    EXPECT_EQ(SimulatedInstrument().channelCount(), 8);
+    EXPECT_EQ(SimulatedInstrument().execute("*OPT?"), "K11,K12A,K12B,K13,K14,K11AB");
+    EXPECT_EQ(SimulatedInstrument(defaultConfiguration(1)).execute("*OPT?"), "K11");
+    EXPECT_EQ(SimulatedInstrument(defaultConfiguration(8)).execute("*OPT?"), "K11,K12A,K12B,K13,K14,K11AB,K11,K14");
 }
 
 TEST(SimulatorConfiguration, HasOneToEightChannels)
