@@ -2,10 +2,7 @@
 #pragma once
 
 #include <QMap>
-#include <QStringList>
-
-#include <memory>
-#include <vector>
+#include <QString>
 
 namespace orb {
 
@@ -17,7 +14,7 @@ public:
     const QString& Format() const { return format_; }
     bool QueryCmd() const { return queryCmd_; }
 
-    // An empty text changes nothing: a field can never be emptied again.
+    // An empty text changes nothing: a field can't be emptied again.
     void setCommand(const QString& command) { keep(command_, command); }
     void setDesc(const QString& desc) { keep(desc_, desc); }
     void setFormat(const QString& format) { keep(format_, format); }
@@ -37,12 +34,12 @@ private:
     bool queryCmd_ = false;
 };
 
-/// The rows of the catalogue, each under the key of its list entry. Keys are told apart without regard to case.
+/// The rows of the catalogue, each under the key of its list entry. Keys differ without regard to case.
 class CommandCollection {
 public:
-    /// Throws `RuntimeFailure` 457 for a key that is there already.
+    /// Throws `RuntimeFailure` 457 for a key that exists already.
     void add(const clsCommands& row, const QString& key);
-    /// Throws `RuntimeFailure` 5 for a key that is not there.
+    /// Throws `RuntimeFailure` 5 for a key that does not exist.
     const clsCommands& item(const QString& key) const;
     qsizetype count() const { return rows_.size(); }
 

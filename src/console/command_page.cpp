@@ -9,7 +9,6 @@ namespace orb {
 
 CommandPage::CommandPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, OptionButton& optDispDev)
     : Frame(QStringLiteral("Command")),
-      colCommands(std::make_unique<CommandCollection>()),
       lblCommand{Label(QStringLiteral("Command:")), Label(QStringLiteral("Description:")),
                  Label(QStringLiteral("Format:"))},
       clock_(clock),
@@ -49,7 +48,8 @@ void CommandPage::InitListCommand()
     try {
         readCatalogue();
     } catch (const RuntimeFailure& failure) {
-        dialogs_.message(QStringLiteral("Error Number:%1:%2").arg(failure.number()).arg(failure.description()));
+        dialogs_.message(QStringLiteral("Error Number:%1:%2").arg(failure.number()).arg(failure.description()),
+                         Icon::Critical);
     }
 }
 
@@ -57,21 +57,21 @@ void CommandPage::readCatalogue()
 {
     InputFile file(paths_.inApplication(QStringLiteral("\\orbCommands.dat")));
     lstCommand.clear();
-    colCommands = std::make_unique<CommandCollection>();
+    colCommands = CommandCollection();
     while (!file.isAtEnd()) {
         const CatalogueLine line = catalogueLine(file.readLine());
         if (line.entry.isEmpty())
             continue;
-        colCommands->add(line.row, line.entry);
+        colCommands.add(line.row, line.entry);
         lstCommand.addItem(line.entry);
     }
 }
 
 void CommandPage::lstCommandClick()
 {
-    attemptEach([this] { chkSend.setValue(CheckBox::Unchecked); }, // for a query and for any other entry alike
+    attemptEach([this] { chkSend.setValue(CheckBox::Unchecked); }, // for every entry, query or not
                 [this] {
-                    const clsCommands& row = colCommands->item(lstCommand.selectedText());
+                    const clsCommands& row = colCommands.item(lstCommand.selectedText());
                     lblCommand[0].setCaption(QStringLiteral("Command:") + row.Command());
                     lblCommand[1].setCaption(QStringLiteral("Description:") + row.Desc());
                     lblCommand[2].setCaption(QStringLiteral("Format:") + row.Format());

@@ -18,10 +18,11 @@ namespace orb {
 /// The page on which the operator builds a list of commands and sends it to the instrument.
 class CommandPage final : public Frame {
 public:
-    /// All references must outlive the page. `optDispDev` is the display page's choice that `cmdSave` obeys.
+    /// All references must outlive the page. `optDispDev` is the display page's option without which `cmdSave` does
+    /// nothing.
     CommandPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, OptionButton& optDispDev);
 
-    std::unique_ptr<CommandCollection> colCommands; ///< the rows behind `lstCommand`
+    CommandCollection colCommands; ///< a row for each entry of `lstCommand`
 
     ListBox lstCommand;
     std::array<Label, 3> lblCommand;
@@ -48,9 +49,9 @@ public:
     CheckBox chkRepeat{QStringLiteral("Single Step")};
     PictureButton cmdSaveResult{QStringLiteral("Save Run Cmd's Log File")};
 
-    /// Reads the catalogue into `lstCommand`. Any failure is told in a message box and ends the reading at its line.
+    /// Reads the catalogue into `lstCommand`. Any failure is shown in a message box and ends the reading at that line.
     void InitListCommand();
-    /// Lets `cmdStart` follow the link.
+    /// Sets the picture and Enabled of `cmdStart` from the link.
     void RefreshCommandPage();
 
     void lstCommandClick();
@@ -73,9 +74,10 @@ public:
 
 private:
     void createLayout();
-    QWidget* catalogueSide();
-    QWidget* listSide();
     QWidget* toolBar();
+    QWidget* catalogueSide();
+    QWidget* lineButtons();
+    QWidget* listSide();
     void wire();
 
     void readCatalogue();

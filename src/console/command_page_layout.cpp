@@ -20,19 +20,12 @@ void CommandPage::createLayout()
     page->addWidget(toolBar());
     auto* sides = new QHBoxLayout;
     sides->addWidget(catalogueSide(), 5);
-    auto* between = new QVBoxLayout;
-    between->addStretch();
-    for (PictureButton* button : {&cmdInsert, &cmdUp, &cmdDown, &cmdDelete}) {
-        button->setIconSize({24, 24});
-        between->addWidget(button);
-    }
-    between->addStretch();
-    sides->addLayout(between);
+    sides->addWidget(lineButtons());
     sides->addWidget(listSide(), 5);
     page->addLayout(sides, 1);
-    for (PictureButton* unseen : {&cmdDeleteSCPI, &cmdSave, &cmdGo}) { // created hidden, and nothing shows them
-        unseen->setParent(this);
-        unseen->setVisible(false);
+    for (PictureButton* hidden : {&cmdDeleteSCPI, &cmdSave, &cmdGo}) { // created hidden, and nothing shows them
+        hidden->setParent(this);
+        hidden->setVisible(false);
     }
 }
 
@@ -45,14 +38,15 @@ QWidget* CommandPage::toolBar()
     cmdSaveSCPI.setPicture(icon("\\ICON\\Save.png"));
     cmdRefresh.setPicture(icon("\\ICON\\Refresh.png"));
     cmdSaveResult.setPicture(icon("\\ICON\\Export.png"));
-    cmdStart.setToolTip(
-        QStringLiteral("Send the list: the selected line, or with \"Repeat\" all lines round and round"));
-    cmdRefresh.setToolTip(QStringLiteral("Empty the log and show the list"));
+    cmdStart.setToolTip(QStringLiteral("Send the selected line, or with \"Repeat\" all lines again and again"));
+    cmdRefresh.setToolTip(QStringLiteral("Clear the log and show the list"));
     return toolBarOf({&cmdStart, &cmdStop, &cmdOpenSCPI, &cmdSaveSCPI, &cmdRefresh, &cmdSaveResult});
 }
 
 QWidget* CommandPage::catalogueSide()
 {
+    lstCommand.setAccessibleName(QStringLiteral("Commands"));
+    txtValue.setAccessibleName(QStringLiteral("Value"));
     auto* side = new QWidget;
     auto* grid = new QGridLayout(side);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -64,24 +58,45 @@ QWidget* CommandPage::catalogueSide()
         label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
         grid->addWidget(&label, row++, 0, 1, 2);
     }
-    lblCommand[1].setMinimumHeight(3 * fontMetrics().lineSpacing()); // the list does not jump with the selection
+    lblCommand[1].setMinimumHeight(3 * fontMetrics().lineSpacing()); // the list keeps its height
     grid->addWidget(&chkSend, row, 0);
     grid->addWidget(&txtValue, row, 1);
     grid->setRowStretch(0, 1);
-    cmdInsert.setPicture(icon("\\ICON\\Insert.png"));
-    cmdInsert.setToolTip(QStringLiteral("Put the command into the list"));
-    cmdUp.setPicture(icon("\\ICON\\Up.png"));
-    cmdUp.setToolTip(QStringLiteral("Move the selected line up"));
-    cmdDown.setPicture(icon("\\ICON\\Down.png"));
-    cmdDown.setToolTip(QStringLiteral("Move the selected line down"));
-    cmdDelete.setPicture(icon("\\ICON\\Delete.png"));
-    cmdDelete.setToolTip(QStringLiteral("Take the selected line out"));
     return side;
 }
 
-/// The log stands in the place of the list.
+/// The buttons between the two lists.
+QWidget* CommandPage::lineButtons()
+{
+    struct Row {
+        PictureButton& button;
+        const char* picture;
+        const char* name;
+        const char* toolTip;
+    };
+    auto* column = new QWidget;
+    auto* box = new QVBoxLayout(column);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->addStretch();
+    for (const Row& row : {Row{cmdInsert, "\\ICON\\Insert.png", "Insert", "Add the command to the list"},
+                           Row{cmdUp, "\\ICON\\Up.png", "Up", "Move the selected line up"},
+                           Row{cmdDown, "\\ICON\\Down.png", "Down", "Move the selected line down"},
+                           Row{cmdDelete, "\\ICON\\Delete.png", "Delete", "Remove the selected line"}}) {
+        row.button.setPicture(icon(row.picture));
+        row.button.setIconSize({24, 24});
+        row.button.setAccessibleName(QLatin1String(row.name));
+        row.button.setToolTip(QLatin1String(row.toolTip));
+        box->addWidget(&row.button);
+    }
+    box->addStretch();
+    return column;
+}
+
+/// The log takes the place of the list.
 QWidget* CommandPage::listSide()
 {
+    lstCmdPool.setAccessibleName(QStringLiteral("List"));
+    txtExecLog.setAccessibleName(QStringLiteral("Log"));
     auto* side = new QWidget;
     auto* grid = new QGridLayout(side);
     grid->setContentsMargins(0, 0, 0, 0);

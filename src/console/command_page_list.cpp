@@ -114,7 +114,7 @@ void CommandPage::cmdRefreshClick()
     showList();
 }
 
-/// The caption names the panel that is now on view.
+/// The caption names the panel that is shown now.
 void CommandPage::cmdShowPagesClick()
 {
     if (txtExecLog.visible())
@@ -130,7 +130,7 @@ void CommandPage::chkShowLogClick()
     txtExecLog.bringToFront();
 }
 
-/// The open dialog is the one shown, and its directory is set behind it: it holds from the next dialog on.
+/// Shows the open dialog, not the save dialog, and sets the directory only after it: for the next dialog.
 void CommandPage::cmdSaveClick()
 {
     if (txtExecLog.text().isEmpty() || !optDispDev_.value())

@@ -10,7 +10,7 @@ namespace {
 constexpr int pauseMs = 200;
 }
 
-/// Told at the start alone: a link lost during a run is not noticed.
+/// The link is tested before a run only: a link lost during a run is not noticed.
 bool CommandPage::isReady()
 {
     if (CORB_.IsConnected())
@@ -19,28 +19,26 @@ bool CommandPage::isReady()
     return false;
 }
 
-/// Sends the selected line and logs it. The reply is read at once, with no wait for it.
+/// Sends the selected line and logs it; without a selection, an empty line. The reply is read at once, without waiting
+/// for it.
 void CommandPage::sendSelectedLine()
 {
-    const QString line = lstCmdPool.list(lstCmdPool.listIndex());
+    const QString line = lstCmdPool.selectedText();
     CORB_.SendCommand(line);
-    if (isQuery(line))
-        txtExecLog.appendText(line + QStringLiteral(" => ") + CORB_.Reply() + QStringLiteral("\r\n"));
-    else
-        txtExecLog.appendText(line + QStringLiteral("\r\n"));
+    const QString reply = isQuery(line) ? QStringLiteral(" => ") + CORB_.Reply() : QString();
+    txtExecLog.appendText(line + reply + QStringLiteral("\r\n"));
 }
 
-/// One line in single step. A line that chooses a channel is followed by the instrument's own display of it.
+/// Sends the selected line in single step. A line that selects a channel is followed by the command that displays it.
 void CommandPage::sendWithFollowUp()
 {
     const QString line = lstCmdPool.selectedText();
     sendSelectedLine();
-    if (isQuery(line)) {
+    const bool selectsChannel = !isQuery(line) && line.contains(QStringLiteral("CHAN"));
+    if (isQuery(line) || selectsChannel)
         clock_.sleep(pauseMs);
-    } else if (line.contains(QStringLiteral("CHAN"))) {
-        clock_.sleep(pauseMs);
+    if (selectsChannel)
         CORB_.SendCommand(QStringLiteral(":CHAN:DISP"));
-    }
 }
 
 void CommandPage::runStep()
@@ -80,7 +78,7 @@ void CommandPage::cmdStartClick()
     runRepeat();
 }
 
-/// The hidden twin of `cmdStart`: it demands a selected line, stays on it, and leaves `cmdStop` alone.
+/// The hidden twin of `cmdStart`: requires a selected line, stays on it, and does not change `cmdStop`.
 void CommandPage::cmdGoClick()
 {
     if (!isReady())

@@ -35,7 +35,7 @@ void ConnectionSupervisor::TimerChkConnectedTimer()
         showConnected();
     else
         showDisconnected();
-    // Three reads of their own: a change of the link between them shows as it falls.
+    // Each button has a read of its own: the link may change between them.
     pageControl_.setEnabled(CORB_.IsConnected());
     pageDisplay_.setEnabled(CORB_.IsConnected());
     pageCommand_.setEnabled(CORB_.IsConnected());

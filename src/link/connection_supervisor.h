@@ -10,20 +10,20 @@
 
 namespace orb {
 
-/// Waits for the instrument control to report the link, then opens the pages that need it. It watches only until it
-/// has seen the link once: the title and the buttons stay as they are from then on, whatever becomes of the link.
+/// Waits for the instrument control to report a link, then enables the pages that need one. It ends at the first link
+/// seen: from then on the title and the buttons stay as they are, also when the link is lost.
 class ConnectionSupervisor {
 public:
     /// All references must outlive the supervisor. The timer runs from the start.
     ConnectionSupervisor(Clock& clock, const Paths& paths, ORBCtrl& CORB, Form& form, PictureButton& pageControl,
                          PictureButton& pageDisplay, PictureButton& pageCommand);
 
-    /// Enabled from the start, every 1200 ms, until the first link seen.
+    /// Ticks every 1200 ms until the first link is seen.
     Timer TimerChkConnected;
 
     void TimerChkConnectedTimer();
 
-    /// What the title says while the link has not been seen.
+    /// The title of the form until the first link is seen.
     static QString disconnectedTitle();
 
 private:
@@ -38,7 +38,7 @@ private:
     PictureButton& pageCommand_;
 };
 
-/// While the link stands, asks whether to establish it anew, and does so on Yes. False on No alone.
+/// While connected, asks whether to reconnect, and does so on Yes. False only on No.
 bool askToReconnect(ORBCtrl& CORB, Dialogs& dialogs);
 
 } // namespace orb

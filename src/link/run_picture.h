@@ -7,17 +7,11 @@
 
 namespace orb {
 
-/// The picture of a start button: ready while the link stands, greyed while it does not.
-inline QString runPicture(ORBCtrl& CORB, const Paths& paths)
-{
-    return paths.inApplication(CORB.IsConnected() ? QStringLiteral("\\ICON\\B1RUNSTART.JPG")
-                                                  : QStringLiteral("\\ICON\\B1RUNSTOP.jpg"));
-}
-
-/// Makes picture and Enabled of a start button follow the link, in this order.
+/// Sets the picture and then Enabled of a start button: ready while the instrument is connected, otherwise gray.
 inline void followLink(PictureButton& start, ORBCtrl& CORB, const Paths& paths)
 {
-    start.setPicture(runPicture(CORB, paths));
+    start.setPicture(paths.inApplication(CORB.IsConnected() ? QStringLiteral("\\ICON\\B1RUNSTART.JPG")
+                                                            : QStringLiteral("\\ICON\\B1RUNSTOP.jpg")));
     start.setEnabled(CORB.IsConnected());
 }
 

@@ -28,9 +28,9 @@ DisplayPage::DisplayPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORB
 void DisplayPage::createLayout()
 {
     resizeTwips(7455, 9555);
-    const std::array<QWidget*, 10> children{&Image2,  &Picture1,    &dispPlay, &dispStop,   &dispPause,
-                                            &dispRec, &dispEnlarge, &dispSave, &optDispDev, &optDispFull};
-    for (QWidget* child : children)
+    for (QWidget* child :
+         std::initializer_list<QWidget*>{&Image2, &Image3, &Picture1, &dispPlay, &dispStop, &dispPause, &dispRec,
+                                         &dispEnlarge, &dispSave, &optDispDev, &optDispFull, &barRec})
         child->setParent(this);
     Image2.moveTwips(120, 300);
     Image2.resizeTwips(5700, 9180);
@@ -39,7 +39,6 @@ void DisplayPage::createLayout()
     Image1.setParent(&Picture1);
     Image1.moveTwips(0, 0);
     Image1.resizeTwips(4815, 3615);
-    barRec.setParent(this);
     int top = 300;
     for (PictureButton* button : {&dispPlay, &dispStop, &dispPause, &dispRec, &dispSave, &dispEnlarge}) {
         button->setIconSize({32, 32});
@@ -60,9 +59,8 @@ void DisplayPage::createLayout()
 
 void DisplayPage::RefreshDisplayPage()
 {
-    attemptEach([this] { Image1.setPicture(icon(QStringLiteral("\\OrbEmpty.jpg"))); },
-                [this] { dispPlay.setPicture(runPicture(CORB_, paths_)); },
-                [this] { dispPlay.setEnabled(CORB_.IsConnected()); });
+    Image1.setPicture(icon(QStringLiteral("\\OrbEmpty.jpg")));
+    followLink(dispPlay, CORB_, paths_);
 }
 
 void DisplayPage::dispPlayClick()

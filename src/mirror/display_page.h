@@ -12,7 +12,7 @@
 
 namespace orb {
 
-/// The page that shows the instrument's screen, fetched again and again on a timer, over a picture of its front panel.
+/// The page that shows the instrument's screen, fetched on a timer, over a picture of its front panel.
 class DisplayPage final : public Frame {
 public:
     /// All references must outlive the page.
@@ -21,6 +21,7 @@ public:
     Image Image2;        ///< the panel picture
     PictureBox Picture1; ///< receives every new bitmap; its tag is the path of the last one
     Image Image1;        ///< what the operator sees
+    Image Image3;        ///< decoration
 
     PictureButton dispPlay;
     PictureButton dispStop;
@@ -34,7 +35,7 @@ public:
 
     Timer TimerDisplay;
 
-    /// Blanks the picture and lets `dispPlay` follow the link. Each step is done whatever became of the one before.
+    /// Blanks the picture and sets the picture and Enabled of `dispPlay` from the link. Throws as `loadPicture` does.
     void RefreshDisplayPage();
 
     void dispPlayClick();

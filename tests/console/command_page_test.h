@@ -17,13 +17,17 @@ protected:
             return line.contains('?') ? QStringLiteral("ok") : QString();
         };
         optDispDev.setValue(true);
+        run.enter([this] { page.RefreshCommandPage(); });
+        journal.clear();
     }
 
-    void write(const QString& name, const QByteArray& content) const
+    QString file(const char* name) const { return application.filePath(QLatin1String(name)); }
+
+    void write(const char* name, const QByteArray& content) const
     {
-        QFile file(application.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(content);
+        QFile out(file(name));
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        out.write(content);
     }
 
     /// Loads a catalogue of that content.
@@ -33,11 +37,28 @@ protected:
         run.enter([this] { page.InitListCommand(); });
     }
 
+    void addLines(const QStringList& lines) { page.lstCmdPool.addItems(lines); }
+
+    /// Makes the run repeat, and the operator do this while it sleeps after its first line.
+    void repeatAnd(const std::function<void()>& action)
+    {
+        press(page.chkRepeat);
+        clock.at(clock.elapsed() + 1, action);
+    }
+
+    /// The click of `cmdGo`, which is hidden.
+    void go()
+    {
+        run.enter([this] { page.cmdGoClick(); });
+    }
+
     QString labels() const
     {
         return page.lblCommand[0].caption() + " | " + page.lblCommand[1].caption() + " | " +
                page.lblCommand[2].caption();
     }
+
+    QString log() const { return page.txtExecLog.text(); }
 
     Form form{run};
     OptionButton optDispDev;
