@@ -19,24 +19,23 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
       fraCommand(clock, dialogs, paths, CORB, fraDisplay.optDispDev),
       frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
       supervisor(clock, paths, CORB, *this, pageControl, pageDisplay, pageCommand),
-      clock_(clock),
       dialogs_(dialogs),
       paths_(paths),
       CORB_(CORB)
 {
     setCaption(ConnectionSupervisor::disconnectedTitle());
-    arrangePageButtons();
-    arrangeGroups();
+    layoutPageButtons();
+    layoutGroups();
     wire();
 }
 
-/// The instrument control is not the form's own.
+/// The form does not own the instrument control.
 FormORB::~FormORB()
 {
     CORB_.setParent(nullptr);
 }
 
-void FormORB::arrangePageButtons()
+void FormORB::layoutPageButtons()
 {
     const std::array<std::pair<PictureButton*, const char*>, 9> row{{{&pageConnect, "\\ICON\\PageConnect.png"},
                                                                      {&pageControl, "\\ICON\\A3RMTCTRLSTOP.JPG"},
@@ -56,14 +55,15 @@ void FormORB::arrangePageButtons()
         button->resizeTwips(pageButtonWidth, pageButtonHeight);
         left += pageButtonWidth;
     }
-    pageDisplay.setVisible(false); // and nothing ever shows it
+    pageDisplay.setVisible(false); // nothing shows it
 }
 
-void FormORB::arrangeGroups()
+void FormORB::layoutGroups()
 {
     for (Frame* empty : {&fraSequence, &fraProgram, &Frame1})
         empty->resize(usualGroupSize);
-    for (QWidget* group : groups()) {
+    for (QWidget* group : std::initializer_list<QWidget*>{&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence,
+                                                          &fraProgram, &Frame1}) {
         group->setParent(this);
         group->setVisible(false);
         designSizes_[group] = group->size();
@@ -98,7 +98,7 @@ void FormORB::FormLoad()
     pageControlClick();
 }
 
-/// Closing the form by its frame. Running activities are not stopped first: their loops end at their next yield.
+/// The form is closed by its frame. Running activities are not stopped: their loops end at their next yield.
 void FormORB::unload()
 {
     if (dbMain)
@@ -107,15 +107,10 @@ void FormORB::unload()
     run().endAtNextYield();
 }
 
-/// Ends the process on the spot: nothing is stopped, and the database is not closed.
+/// Ends the process at once: nothing is stopped, and the database is not closed.
 void FormORB::pageExitClick()
 {
     run().end();
-}
-
-std::vector<QWidget*> FormORB::groups()
-{
-    return {&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence, &fraProgram, &Frame1};
 }
 
 } // namespace orb

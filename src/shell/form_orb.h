@@ -8,8 +8,8 @@
 
 namespace orb {
 
-/// The main form: a row of page buttons, and the pages as groups of controls of which one is shown. Switching a page
-/// stops what must not run beside the new one.
+/// The main form: a row of page buttons, and the pages as groups of controls of which one is shown. A page switch stops
+/// the activities that must not run while the new page is shown.
 class FormORB final : public Form {
 public:
     /// All references must outlive the form; `CORB` is one of its groups. The form does nothing before `FormLoad`.
@@ -56,27 +56,25 @@ public:
     void pageDisplayClick();
 
 private:
-    void arrangePageButtons();
-    void arrangeGroups();
+    void layoutPageButtons();
+    void layoutGroups();
     void wire();
-    void stopDisplay();
-    void stopLog();
-    void stopCommands();
-    void bringUp(QWidget& group, int top);
-    void hideAllBut(const QWidget& group);
+    void place(QWidget& group, int top);
     void fitHeight(const QWidget& group);
-    void finishSwitch(QWidget& group);
+    void fitWidth(int width);
+    void resizeWindow(QSize size);
+    QSize largestWindow() const;
+    void finishSwitch(QWidget& group, int width);
+    void fit(QWidget& group, int width);
     void growShownGroup();
     void unload();
-    std::vector<QWidget*> groups();
 
-    Clock& clock_;
     Dialogs& dialogs_;
     const Paths& paths_;
     ORBCtrl& CORB_;
     std::map<const QWidget*, QSize> designSizes_;
     QWidget* shown_ = nullptr; ///< the group that a larger window gives room to; none while a page is switched
-    QSize fitted_;             ///< the form's size as the last page switch left it
+    QSize fitted_;             ///< the window size that the shown group in its design size needs
 };
 
 } // namespace orb

@@ -2,48 +2,38 @@
 #include "attempt.h"
 #include "form_orb.h"
 
+#include <QScreen>
+
 namespace orb {
 
 namespace {
+
 constexpr int groupLeft = 120;
 constexpr int belowGroup = 400;
 constexpr int controlTop = 1020;
 constexpr int frameTop = 960;
 constexpr int usualWidth = 9525;
 constexpr int dataLogWidth = 10830;
+
+/// A stop button is enabled exactly while its activity may need stopping.
+void stopIfEnabled(PictureButton& button)
+{
+    if (button.enabled())
+        button.onClick();
+}
+
+void hideGroups(std::initializer_list<QWidget*> groups)
+{
+    for (QWidget* group : groups)
+        group->setVisible(false);
+}
+
 } // namespace
 
-// A stop button is enabled exactly while its activity may need stopping.
-void FormORB::stopDisplay()
-{
-    if (fraDisplay.dispStop.enabled())
-        fraDisplay.dispStopClick();
-}
-
-void FormORB::stopLog()
-{
-    if (frmDatalog.logStop.enabled())
-        frmDatalog.logStopClick();
-}
-
-void FormORB::stopCommands()
-{
-    if (fraCommand.cmdStop.enabled())
-        fraCommand.cmdStopClick();
-}
-
-void FormORB::hideAllBut(const QWidget& group)
-{
-    for (QWidget* other : groups())
-        if (other != &group && other != &Frame1)
-            other->setVisible(false);
-}
-
-/// Shows a group in front, at the fixed place and in the size of its design.
-void FormORB::bringUp(QWidget& group, int top)
+/// Puts a group in front, at the fixed place and in its design size.
+void FormORB::place(QWidget& group, int top)
 {
     shown_ = nullptr;
-    group.setVisible(true);
     group.raise();
     group.resize(designSizes_.at(&group));
     group.move(pixels(groupLeft), pixels(top));
@@ -51,109 +41,139 @@ void FormORB::bringUp(QWidget& group, int top)
 
 void FormORB::fitHeight(const QWidget& group)
 {
-    setMinimumSize(0, 0);
-    setHeightTwips(twips(group.y() + group.height()) + belowGroup);
+    resizeWindow({width(), group.y() + group.height() + pixels(belowGroup)});
 }
 
-/// From here on the group grows with the window.
-void FormORB::finishSwitch(QWidget& group)
+void FormORB::fitWidth(int width)
 {
-    fitted_ = size();
-    setMinimumSize(fitted_);
-    shown_ = &group;
+    resizeWindow({pixels(width), height()});
 }
 
+/// A maximized window keeps its size.
+void FormORB::resizeWindow(QSize size)
+{
+    setMinimumSize(0, 0);
+    if (!(windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+        resize(size.boundedTo(largestWindow()));
+}
+
+/// The size at which the window with its frame fills the screen.
+QSize FormORB::largestWindow() const
+{
+    return screen()->availableSize() - (frameSize() - size());
+}
+
+/// From here on the group, which still has its design size, grows with the window.
+void FormORB::finishSwitch(QWidget& group, int width)
+{
+    fitted_ = {pixels(width), group.y() + group.height() + pixels(belowGroup)};
+    setMinimumSize(fitted_.boundedTo(largestWindow()));
+    shown_ = &group;
+    growShownGroup();
+}
+
+/// On a screen too small for the page, the group is smaller than its design as far as its controls allow.
 void FormORB::growShownGroup()
 {
     if (shown_)
-        shown_->resize(designSizes_.at(shown_) + (size() - fitted_).expandedTo({0, 0}));
+        shown_->resize((designSizes_.at(shown_) + size() - fitted_).expandedTo(shown_->minimumSizeHint()));
+}
+
+void FormORB::fit(QWidget& group, int width)
+{
+    fitHeight(group);
+    fitWidth(width);
+    finishSwitch(group, width);
 }
 
 void FormORB::pageControlClick()
 {
-    stopDisplay();
-    stopLog();
-    stopCommands();
-    hideAllBut(CORB_);
-    bringUp(CORB_, controlTop);
+    stopIfEnabled(fraDisplay.dispStop);
+    stopIfEnabled(frmDatalog.logStop);
+    stopIfEnabled(fraCommand.cmdStop);
+    hideGroups({&frmDatalog, &fraDisplay, &fraSequence, &fraProgram});
+    CORB_.setVisible(true);
+    place(CORB_, controlTop);
+    hideGroups({&fraCommand});
     fitHeight(CORB_);
     CORB_.ShowControlPage();
-    setWidthTwips(usualWidth);
-    finishSwitch(CORB_);
+    fitWidth(usualWidth);
+    finishSwitch(CORB_, usualWidth);
 }
 
 void FormORB::pageConnectClick()
 {
-    stopDisplay();
-    hideAllBut(CORB_);
-    bringUp(CORB_, controlTop);
+    stopIfEnabled(fraDisplay.dispStop);
+    hideGroups({&frmDatalog, &fraDisplay, &fraSequence, &fraProgram});
+    CORB_.setVisible(true);
+    place(CORB_, controlTop);
+    hideGroups({&fraCommand});
     fitHeight(CORB_);
     CORB_.ShowConnectPage();
     if (askToReconnect(CORB_, dialogs_)) // on No the width stays as it was
-        setWidthTwips(usualWidth);
-    finishSwitch(CORB_);
+        fitWidth(usualWidth);
+    finishSwitch(CORB_, usualWidth);
 }
 
 void FormORB::pageDisplayClick()
 {
-    attemptEach([this] { stopLog(); }, [this] { stopCommands(); }, [this] { CORB_.PanelActive(false); },
-                [this] { hideAllBut(fraDisplay); }, [this] { bringUp(fraDisplay, frameTop); },
-                [this] { fraDisplay.RefreshDisplayPage(); }, [this] { fitHeight(fraDisplay); },
-                [this] { setWidthTwips(usualWidth); }, [this] { finishSwitch(fraDisplay); });
+    attemptEach([this] { stopIfEnabled(frmDatalog.logStop); }, [this] { stopIfEnabled(fraCommand.cmdStop); },
+                [this] {
+                    CORB_.PanelActive(false);
+                    hideGroups({&CORB_, &fraSequence, &frmDatalog, &fraProgram, &fraCommand});
+                    fraDisplay.setVisible(true);
+                    place(fraDisplay, frameTop);
+                },
+                [this] { fraDisplay.RefreshDisplayPage(); }, [this] { fit(fraDisplay, usualWidth); });
 }
 
 void FormORB::pageCommandClick()
 {
-    stopDisplay();
-    stopLog();
+    stopIfEnabled(fraDisplay.dispStop);
+    stopIfEnabled(frmDatalog.logStop);
     CORB_.PanelActive(false);
-    hideAllBut(fraCommand);
-    bringUp(fraCommand, frameTop);
+    hideGroups({&frmDatalog, &fraSequence, &fraProgram});
+    fraCommand.setVisible(true);
+    place(fraCommand, frameTop);
+    hideGroups({&fraDisplay, &CORB_});
     fraCommand.RefreshCommandPage();
-    fitHeight(fraCommand);
-    setWidthTwips(usualWidth);
-    finishSwitch(fraCommand);
+    fit(fraCommand, usualWidth);
 }
 
 void FormORB::pageWaveClick()
 {
     frmDatalog.setVisible(true);
-    stopDisplay();
-    stopCommands();
+    stopIfEnabled(fraDisplay.dispStop);
+    stopIfEnabled(fraCommand.cmdStop);
     CORB_.PanelActive(false);
-    hideAllBut(frmDatalog);
+    hideGroups({&fraSequence, &fraDisplay, &fraCommand, &fraProgram, &CORB_});
     frmDatalog.RefreshDataLogPage();
-    bringUp(frmDatalog, frameTop);
-    fitHeight(frmDatalog);
-    setWidthTwips(dataLogWidth);
-    finishSwitch(frmDatalog);
+    place(frmDatalog, frameTop);
+    fit(frmDatalog, dataLogWidth);
 }
 
 void FormORB::pageSequenceClick()
 {
     fraSequence.setVisible(true);
-    stopDisplay();
-    stopLog();
-    stopCommands();
+    stopIfEnabled(fraDisplay.dispStop);
+    stopIfEnabled(frmDatalog.logStop);
+    stopIfEnabled(fraCommand.cmdStop);
     CORB_.PanelActive(false);
-    hideAllBut(fraSequence);
-    bringUp(fraSequence, frameTop);
-    fitHeight(fraSequence);
-    setWidthTwips(usualWidth);
-    finishSwitch(fraSequence);
+    hideGroups({&frmDatalog, &fraDisplay, &fraCommand, &fraProgram, &CORB_});
+    place(fraSequence, frameTop);
+    fit(fraSequence, usualWidth);
 }
 
 void FormORB::PageProgramClick()
 {
-    stopDisplay();
-    stopLog();
-    stopCommands();
+    stopIfEnabled(fraDisplay.dispStop);
+    stopIfEnabled(frmDatalog.logStop);
+    stopIfEnabled(fraCommand.cmdStop);
     CORB_.PanelActive(false);
-    hideAllBut(fraProgram);
-    bringUp(fraProgram, frameTop);
-    fitHeight(fraProgram);
-    setWidthTwips(usualWidth);
-    finishSwitch(fraProgram);
+    hideGroups({&frmDatalog, &fraSequence, &fraCommand, &fraDisplay, &CORB_});
+    fraProgram.setVisible(true);
+    place(fraProgram, frameTop);
+    fit(fraProgram, usualWidth);
 }
 
 void FormORB::pageAboutClick() {}

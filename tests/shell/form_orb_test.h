@@ -6,12 +6,37 @@
 
 namespace orb {
 
-/// The main form over a fake instrument control.
+/// The main form over a fake instrument control of the size that the real one has.
 class FormORBTest : public PageTest {
 protected:
     void load()
     {
         run.enter([this] { form.FormLoad(); });
+    }
+
+    void click(void (FormORB::*page)())
+    {
+        run.enter([this, page] { (form.*page)(); });
+    }
+
+    /// Writes what the page switches do to groups, stop buttons, start buttons and the form into the journal.
+    void watchPages()
+    {
+        journal.watch(instrument, "CORB");
+        journal.watch(form.fraDisplay, "fraDisplay");
+        journal.watch(form.fraCommand, "fraCommand");
+        journal.watch(form.frmDatalog, "frmDatalog");
+        journal.watch(form.fraSequence, "fraSequence");
+        journal.watch(form.fraProgram, "fraProgram");
+        journal.watch(form.Frame1, "Frame1");
+        journal.watch(form.fraDisplay.dispStop, "dispStop");
+        journal.watch(form.frmDatalog.logStop, "logStop");
+        journal.watch(form.fraCommand.cmdStop, "cmdStop");
+        journal.watch(form.fraDisplay.dispPlay, "dispPlay");
+        journal.watch(form.frmDatalog.logStart, "logStart");
+        journal.watch(form.fraCommand.cmdStart, "cmdStart");
+        journal.watch(form, "FormORB");
+        journal.clear();
     }
 
     /// The groups that are shown, by name.
@@ -31,27 +56,13 @@ protected:
         return names.join(' ');
     }
 
-    bool panelWasTakenOff() const
+    static FakeORBCtrl& inDesignSize(FakeORBCtrl& control)
     {
-        return std::find(instrument.calls.begin(), instrument.calls.end(), "PanelActive False") !=
-               instrument.calls.end();
+        control.resizeTwips(8115, 6675);
+        return control;
     }
 
-    /// With all three activities running: which of them the click stops, and whether it takes the panel off.
-    template <typename Click> QString stoppedBy(Click click)
-    {
-        form.fraDisplay.dispStop.setEnabled(true);
-        form.frmDatalog.logStop.setEnabled(true);
-        form.fraCommand.cmdStop.setEnabled(true);
-        instrument.calls.clear();
-        run.enter(click);
-        const auto yes = [](bool value) { return value ? "yes" : "no"; };
-        return QStringLiteral("%1 %2 %3 %4")
-            .arg(yes(!form.fraDisplay.dispStop.enabled()), yes(!form.frmDatalog.logStop.enabled()),
-                 yes(!form.fraCommand.cmdStop.enabled()), yes(panelWasTakenOff()));
-    }
-
-    FormORB form{clock, dialogs, paths, instrument};
+    FormORB form{clock, dialogs, paths, inDesignSize(instrument)};
 };
 
 } // namespace orb
