@@ -13,6 +13,9 @@ DataFileDialog::DataFileDialog(QWidget* parent) : Frame({}, parent)
     resizeTwips(6000, 4500);
     lstLogMain.setBackColor(QColor(255, 192, 192));
     listLogDel.setBackColor(QColor(192, 255, 255));
+    lstLogMain.setAccessibleName(QStringLiteral("Saved logs to open"));
+    listLogDel.setAccessibleName(QStringLiteral("Saved logs to delete"));
+    lstProgFile.setAccessibleName(QStringLiteral("Stored programs"));
     auto* grid = new QGridLayout(this);
     lblLogTitle.setWordWrap(true);
     grid->addWidget(&lblLogTitle, 0, 0, 1, 3);

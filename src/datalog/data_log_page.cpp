@@ -25,6 +25,8 @@ DataLogPage::DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORB
       cbPlot(plotBoxes()),
       optGraphMode{OptionButton(QStringLiteral("Zoom")), OptionButton(QStringLiteral("Pan")),
                    OptionButton(QStringLiteral("Cursor Coodinates"))},
+      GraphMode({QStringLiteral("Axis"), QStringLiteral("Zoom"), QStringLiteral("Cursor Coordinates"),
+                 QStringLiteral("Cursor Measurements")}),
       graphLog(graphLogPlan()),
       DataLog(wsMain),
       TimerDataLog(clock),

@@ -14,6 +14,7 @@
 #include "orb_ctrl.h"
 #include "paths.h"
 #include "picture_button.h"
+#include "slide.h"
 #include "text_box.h"
 #include "timer.h"
 
@@ -52,6 +53,8 @@ public:
     std::array<CheckBox, 16> cbPlot; ///< index i belongs to plot i+1
     Frame Frame3;
     std::array<OptionButton, 3> optGraphMode;
+    Frame FrameGraphOperations{QStringLiteral("Graph Operations")};
+    Slide GraphMode; ///< moves, and nothing follows it
     Frame FrameCursor{QStringLiteral("Cursor Information")};
     TextBox XPosition;
     TextBox YPosition;
@@ -105,9 +108,11 @@ public:
 
 private:
     void createLayout();
+    void bindGrid();
     QWidget* toolBar();
-    QWidget* graphRow();
-    QWidget* graphControls();
+    QLayout* graphRow();
+    QLayout* graphControls();
+    QLayout* gridRow();
     void layoutChannels();
     void layoutCursorFrame();
     void wire();

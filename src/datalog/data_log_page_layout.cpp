@@ -27,28 +27,27 @@ const std::array<GridColumn, 22> columns{
 void DataLogPage::createLayout()
 {
     resizeTwips(pageWidthTwips, pageHeightTwips);
+    bindGrid();
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(8, 4, 8, 8);
+    page->setSpacing(6);
+    page->addWidget(toolBar());
+    page->addLayout(graphRow(), 3);
+    page->addLayout(graphControls());
+    page->addLayout(gridRow(), 2);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&DataLog, &lstWave, &FrameDataFileOperate}) {
+        hidden->setParent(this);
+        hidden->setVisible(false);
+    }
+}
+
+void DataLogPage::bindGrid()
+{
     DataLog.setConnectText(QStringLiteral("Access 2000;"));
     DataLog.setCaption(QStringLiteral("Sequence Settings"));
     DataLog.setRecordSource(QStringLiteral("DataMeasure"));
     DBGrid1.setDataSource(DataLog);
     DBGrid1.setColumns({columns.begin(), columns.end()});
-    layoutChannels();
-    layoutCursorFrame();
-
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(8, 4, 8, 8);
-    page->setSpacing(6);
-    page->addWidget(toolBar());
-    page->addWidget(graphRow(), 3);
-    page->addWidget(graphControls());
-    auto* rows = new QHBoxLayout;
-    rows->addWidget(&DBGrid1, 1);
-    rows->addWidget(&FrameCursor);
-    page->addLayout(rows, 2);
-    for (QWidget* hidden : std::initializer_list<QWidget*>{&DataLog, &lstWave, &FrameDataFileOperate}) {
-        hidden->setParent(this);
-        hidden->setVisible(false);
-    }
 }
 
 QWidget* DataLogPage::toolBar()
@@ -66,13 +65,21 @@ QWidget* DataLogPage::toolBar()
     return toolBarOf({&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport});
 }
 
-QWidget* DataLogPage::graphRow()
+/// The graph, and to its right what selects the curves.
+QLayout* DataLogPage::graphRow()
 {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(&graphLog, 1);
-    layout->addWidget(&FrameChannel);
+    layoutChannels();
+    auto* operations = new QVBoxLayout(&FrameGraphOperations);
+    operations->setContentsMargins(6, 4, 6, 4);
+    operations->addWidget(&GraphMode);
+    GraphMode.setAccessibleName(FrameGraphOperations.caption());
+    auto* side = new QVBoxLayout;
+    side->addWidget(&FrameChannel);
+    side->addWidget(&FrameGraphOperations);
+    side->addStretch();
+    auto* row = new QHBoxLayout;
+    row->addWidget(&graphLog, 1);
+    row->addLayout(side);
     return row;
 }
 
@@ -93,11 +100,10 @@ void DataLogPage::layoutChannels()
     }
 }
 
-QWidget* DataLogPage::graphControls()
+/// The ranges of the axes and the modes of the mouse.
+QLayout* DataLogPage::graphControls()
 {
-    auto* controls = new QWidget;
-    auto* row = new QHBoxLayout(controls);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* row = new QHBoxLayout;
     const auto add = [row](const QString& caption, ComboBox& combo) {
         auto* label = new Label(caption);
         label->setBuddy(&combo);
@@ -115,7 +121,16 @@ QWidget* DataLogPage::graphControls()
     optGraphMode[0].setValue(true);
     graphLog.setTrackMode(Graph::TrackZoom);
     row->addWidget(&Frame3);
-    return controls;
+    return row;
+}
+
+QLayout* DataLogPage::gridRow()
+{
+    layoutCursorFrame();
+    auto* row = new QHBoxLayout;
+    row->addWidget(&DBGrid1, 1);
+    row->addWidget(&FrameCursor);
+    return row;
 }
 
 void DataLogPage::layoutCursorFrame()
@@ -127,7 +142,9 @@ void DataLogPage::layoutCursorFrame()
     const auto add = [&](const QString& caption, TextBox& box) {
         box.setReadOnly(true);
         box.setFixedWidth(90);
-        grid->addWidget(new Label(caption), row, 0);
+        auto* label = new Label(caption);
+        label->setBuddy(&box);
+        grid->addWidget(label, row, 0);
         grid->addWidget(&box, row++, 1);
     };
     add(QStringLiteral("X Position:"), XPosition);
@@ -136,6 +153,7 @@ void DataLogPage::layoutCursorFrame()
     add(QStringLiteral("Amplitude:"), AmplitudeVal);
     add(QStringLiteral("Period:"), PeriodVal);
     lstChannel.setMinimumHeight(24);
+    lstChannel.setAccessibleName(QStringLiteral("Channels"));
     grid->addWidget(&lstChannel, row, 0, 1, 2);
     FrameCursor.setVisible(false);
 }

@@ -15,6 +15,28 @@ const Shown stillNothing{"Device is not connected.\r\nPlease reconnect device an
 const Shown missingList{"9:Subscript out of range", Icon::Critical, Buttons::Ok};
 const Shown unknownName{"3061:Unknown name in the statement", Icon::Critical, Buttons::Ok};
 
+/// Writes into the journal what a cycle does to the data control, and how far the cycle is then.
+class RefreshObserver final : public DataObserver {
+public:
+    RefreshObserver(DataControl& data, Journal& journal, std::function<QString()> state)
+        : data_(data), journal_(journal), state_(std::move(state))
+    {
+        data_.addObserver(*this);
+    }
+    ~RefreshObserver() override { data_.removeObserver(*this); }
+    RefreshObserver(const RefreshObserver&) = delete;
+    RefreshObserver& operator=(const RefreshObserver&) = delete;
+
+    void dataChanged() override { journal_.write("refresh, " + state_()); }
+    void currentRowMoved() override { journal_.write(QString("row %1").arg(data_.recordset().position())); }
+    void dataGone() override {}
+
+private:
+    DataControl& data_;
+    Journal& journal_;
+    std::function<QString()> state_;
+};
+
 class DataLogPageAcquisitionTest : public DataLogPageTest {
 protected:
     QString samples() const { return table("select SeqNo,RecTime,PVal1,SVal1 from DataMeasure"); }
@@ -40,15 +62,69 @@ TEST_F(DataLogPageAcquisitionTest, ASampleASecondGoesToTheTableTheGridAndTheCurv
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(DataLogPageAcquisitionTest, ACycleSendsBothQueriesAndSleepsOutTheRestOfItsSecond)
+TEST_F(DataLogPageAcquisitionTest, ACycleSendsSleepsReadsChartsInsertsRefreshesMovesAndSleepsInThisOrder)
+{
+    const RefreshObserver observer(page.DataLog, journal, [this] {
+        return QString("%1 charted, %2 inserted, next is %3")
+            .arg(plotted(8).size())
+            .arg(table("select count(*) from DataMeasure").trimmed())
+            .arg(page.lLogRecNo);
+    });
+    currents = "1,2,3,4,";
+    voltages = "5,6,7,8,";
+    journal.clear();
+
+    record(2);
+
+    const QStringList cycle{"yield",     "read IsConnected True",   "send :FETC:ALLC?",
+                            "sleep 100", "read Reply \"1,2,3,4,\"", "send :FETC:ALLV?",
+                            "sleep 100", "read Reply \"5,6,7,8,\""};
+    const QStringList expected = QStringList{"read IsConnected True", "refresh, 0 charted, 0 inserted, next is 0",
+                                             "read ChannelCount 4", "read ChannelCount 4"} +
+                                 cycle + QStringList{"refresh, 1 charted, 1 inserted, next is 1", "row 0", "sleep"} +
+                                 cycle + QStringList{"refresh, 2 charted, 2 inserted, next is 2", "row 1", "sleep"};
+    // Single-precision seconds have a grain of 4 ms at this hour.
+    EXPECT_EQ(journal.lines().replaceInStrings(QRegularExpression("^sleep (79[5-9]|80[0-5])$"), "sleep"), expected);
+}
+
+TEST_F(DataLogPageAcquisitionTest, AFailedInsertLeavesTheRecordNumberAndTheDataControlUntouched)
+{
+    record(2);
+    alterDatabase("create trigger broken before insert on DataMeasure begin select raise(fail, 'disk full'); end");
+    const RefreshObserver observer(page.DataLog, journal, [] { return QString("too early"); });
+
+    run.enter([&] { page.FetchLogSample(); });
+
+    EXPECT_EQ(page.lLogRecNo, 2);
+    EXPECT_EQ(plotted(1).size(), 3) << "its points were drawn before";
+    EXPECT_THAT(journal.linesOf({"refresh,", "row"}), IsEmpty());
+}
+
+TEST_F(DataLogPageAcquisitionTest, AFailureIsShownBeforeTheLogIsStopped)
+{
+    clock.at(1000, [&] { instrument.connected = false; });
+    journal.watch(page.logStart, "logStart");
+    journal.watch(page.logStop, "logStop");
+
+    press(page.logStart);
+
+    EXPECT_THAT(journal.linesWithout({"read", "send", "sleep", "yield"}),
+                ElementsAre("enable logStop", "picture logStop APP\\ICON\\B4STOP-A.JPG", "disable logStart",
+                            "message \"Please Setup Device first, and then try again!\" critical Ok",
+                            "message \"91:Object variable not set\" critical Ok", "enable logStart", "disable logStop",
+                            "picture logStop APP\\ICON\\B4STOP.JPG"));
+}
+
+TEST_F(DataLogPageAcquisitionTest, AStartClearsAllChannelsAndShowsThoseOfTheInstrument)
 {
     record(1);
+    instrument.channelCount = 3;
+    showCursorsAndEnableBoxes();
 
-    EXPECT_THAT(instrument.sent, ElementsAre(":FETC:ALLC?", ":FETC:ALLV?"));
-    ASSERT_EQ(clock.sleeps.size(), 3);
-    EXPECT_EQ(clock.sleeps[0], 100);
-    EXPECT_EQ(clock.sleeps[1], 100);
-    EXPECT_NEAR(clock.sleeps[2], 799, 5); // single-precision seconds have a grain of 4 ms at this hour
+    record(1);
+
+    EXPECT_EQ(boxesPlotsAndCursors(), "enabled [1 2 3 4 5 6] checked [1 2 3 4 5 6] plots [1 2 3 4 5 6] cursors []");
+    EXPECT_EQ(page.iLogChannels, 3);
 }
 
 TEST_F(DataLogPageAcquisitionTest, ACycleOfASecondOrMoreDoesNotSleep)
@@ -75,7 +151,7 @@ TEST_F(DataLogPageAcquisitionTest, WithoutALinkTheLogDoesNotStart)
     EXPECT_FALSE(page.bLogStarted);
 }
 
-TEST_F(DataLogPageAcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
+TEST_F(DataLogPageAcquisitionTest, TheButtonsShowWhetherARecordingRuns)
 {
     clock.at(1500, [&] {
         EXPECT_FALSE(page.logStart.enabled());
@@ -89,18 +165,6 @@ TEST_F(DataLogPageAcquisitionTest, TheButtonsTellARecordingFromAnIdlePage)
     EXPECT_TRUE(isIdle());
     EXPECT_EQ(page.logStop.picture(), paths.inApplication("\\ICON\\B4STOP.JPG"));
     EXPECT_TRUE(page.bLogStarted);
-}
-
-TEST_F(DataLogPageAcquisitionTest, TheBoxesOfTheInstrumentsChannelsAreEnabledAndChecked)
-{
-    record(1);
-
-    for (std::size_t i = 0; i < 16; ++i) {
-        EXPECT_EQ(page.cbPlot[i].enabled(), i < 8) << i;
-        EXPECT_EQ(page.cbPlot[i].value(), i < 8 ? CheckBox::Checked : CheckBox::Unchecked) << i;
-        EXPECT_EQ(page.graphLog.plot(static_cast<int>(i) + 1).visible(), i < 8) << i;
-    }
-    EXPECT_EQ(page.iLogChannels, 4);
 }
 
 TEST_F(DataLogPageAcquisitionTest, TheRangesThatTheCombosSetStayInARecording)
@@ -189,7 +253,7 @@ TEST_F(DataLogPageAcquisitionTest, ANoStopsTheLogStillSendsTheOtherQueryAndThenR
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(DataLogPageAcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConnectedAndThenTheMissingList)
+TEST_F(DataLogPageAcquisitionTest, AYesWithoutAReplyShowsThatTheDeviceIsNotConnectedAndThenTheMissingList)
 {
     currents.clear();
     dialogs.answers = {Answer::Yes};
@@ -201,7 +265,7 @@ TEST_F(DataLogPageAcquisitionTest, AYesWithoutAReplyTellsThatTheDeviceIsNotConne
     EXPECT_TRUE(isIdle());
 }
 
-TEST_F(DataLogPageAcquisitionTest, AMissingVoltageListTakesTheSameRoadAsAMissingCurrentList)
+TEST_F(DataLogPageAcquisitionTest, AMissingVoltageListIsTreatedAsAMissingCurrentList)
 {
     voltages.clear();
     dialogs.answers = {Answer::Yes};
@@ -224,7 +288,7 @@ TEST_F(DataLogPageAcquisitionTest, AVoltageListShorterThanTheCurrentListStopsThe
     EXPECT_THAT(plotted(1), ElementsAre(12.1, 12.1)) << "the channels before the missing one have their point";
 }
 
-TEST_F(DataLogPageAcquisitionTest, ALinkLostInTheRecordingIsToldTwiceAndStopsTheLog)
+TEST_F(DataLogPageAcquisitionTest, ALinkLostInTheRecordingShowsTwoBoxesAndStopsTheLog)
 {
     clock.at(1000, [&] { instrument.connected = false; });
 

@@ -7,7 +7,7 @@ using testing::IsEmpty;
 
 namespace {
 
-const Shown nothingInHand{"Please Record or Load existing data first!", Icon::Information, Buttons::Ok};
+const Shown nothingToExport{"Please Record or Load existing data first!", Icon::Information, Buttons::Ok};
 const Shown cancelled{"Data Log CSV saved Failed as User Cancel Opeation!", Icon::None, Buttons::Ok};
 
 class DataLogPageExportTest : public DataLogPageTest {
@@ -44,6 +44,18 @@ TEST_F(DataLogPageExportTest, ASuccessfulExportAnswersWithBothBoxesInThisOrder)
     EXPECT_THAT(dialogs.shown, ElementsAre(saved(), cancelled));
 }
 
+TEST_F(DataLogPageExportTest, TheFileIsCompleteWhenItIsReportedAsSaved)
+{
+    record(2);
+    dialogs.files = {csvPath};
+    std::vector<qsizetype> lines;
+    dialogs.onMessage = [&](const Shown&) { lines.push_back(csv().count("\r\n")); };
+
+    press(page.cmdExport);
+
+    EXPECT_THAT(lines, ElementsAre(3, 3));
+}
+
 TEST_F(DataLogPageExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
 {
     record(1);
@@ -56,11 +68,11 @@ TEST_F(DataLogPageExportTest, TheDialogAsksInTheApplicationsFolderForACsvFile)
     EXPECT_EQ(dialogs.fileDialogs[0].dialog.filter, QStringLiteral("ORB Data Log文件(*.csv)|*.csv"));
 }
 
-TEST_F(DataLogPageExportTest, WithoutDataInHandNothingIsAsked)
+TEST_F(DataLogPageExportTest, WithoutALogNothingIsAsked)
 {
     press(page.cmdExport);
 
-    EXPECT_THAT(dialogs.shown, ElementsAre(nothingInHand));
+    EXPECT_THAT(dialogs.shown, ElementsAre(nothingToExport));
     EXPECT_THAT(dialogs.fileDialogs, IsEmpty());
 }
 
@@ -74,7 +86,7 @@ TEST_F(DataLogPageExportTest, ACancelOfAnEmptyDialogSavesNothing)
     EXPECT_EQ(csv(), "no such file");
 }
 
-TEST_F(DataLogPageExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExportGoesAhead)
+TEST_F(DataLogPageExportTest, ACancelLeavesTheNameInTheDialogAndTheExportGoesAhead)
 {
     record(1);
     dialogs.CommonDialog1.fileName = csvPath;
@@ -86,7 +98,7 @@ TEST_F(DataLogPageExportTest, ACancelHandsBackTheNameThatTheDialogHeldAndTheExpo
     EXPECT_TRUE(csv().startsWith("No.,Time,"));
 }
 
-TEST_F(DataLogPageExportTest, ZeroChannelsWithRowsInHandCannotBeExported)
+TEST_F(DataLogPageExportTest, RowsOfZeroChannelsCannotBeExported)
 {
     record(1);
     page.iLogChannels = 0;

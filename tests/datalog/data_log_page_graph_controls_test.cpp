@@ -95,6 +95,9 @@ TEST_F(DataLogPageGraphControlsTest, NoSelectionOfARangeChangesNothing)
     pick(page.cmbYVoltage, "5V");
     run.enter([&] { page.cmbYVoltage.setListIndex(-1); });
     EXPECT_EQ(page.graphLog.axis(2).maximum(), 5);
+    run.enter([&] { page.cmbYVoltageClick(); });
+    EXPECT_EQ(page.graphLog.axis(2).maximum(), 5);
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(DataLogPageGraphControlsTest, ABoxShowsAndHidesItsPlot)
@@ -123,6 +126,62 @@ TEST_F(DataLogPageGraphControlsTest, WithoutALogTheModeChangesAndNoCursorAndNoBo
     press(page.optGraphMode[0]);
     EXPECT_EQ(page.graphLog.TrackMode(), 6);
     EXPECT_EQ(checkedBoxes(), "Ch2 A");
+}
+
+TEST_F(DataLogPageGraphControlsTest, AFourthModeActsLikeTheThird)
+{
+    record(2);
+    page.graphLog.cursor(1).setVisible(true);
+    page.graphLog.cursor(8).setVisible(true);
+
+    run.enter([&] { page.optGraphModeClick(3); });
+
+    EXPECT_EQ(page.graphLog.TrackMode(), 2);
+    EXPECT_TRUE(page.FrameCursor.visible());
+    EXPECT_EQ(boxesPlotsAndCursors(), "enabled [1 2 3 4 5 6 7 8] checked [] plots [] cursors []");
+    EXPECT_THAT(processExit.reports, IsEmpty());
+}
+
+TEST_F(DataLogPageGraphControlsTest, AnIndexWithoutAControlFails)
+{
+    const auto failureOf = [](const std::function<void()>& click) {
+        try {
+            click();
+        } catch (const RuntimeFailure& failure) {
+            return failure.number();
+        }
+        return 0;
+    };
+    for (int index : {-1, 4, 5})
+        EXPECT_EQ(failureOf([&] { page.optGraphModeClick(index); }), 340) << index;
+    for (int index : {-1, 16})
+        EXPECT_EQ(failureOf([&] { page.cbPlotClick(index); }), 340) << index;
+    for (int index : {0, 15})
+        EXPECT_EQ(failureOf([&] { page.cbPlotClick(index); }), 0) << index;
+    EXPECT_EQ(page.graphLog.TrackMode(), 6);
+}
+
+TEST_F(DataLogPageGraphControlsTest, TheCursorFrameComesToTheFront)
+{
+    page.DBGrid1.raise();
+
+    press(page.optGraphMode[2]);
+
+    EXPECT_EQ(page.children().last(), &page.FrameCursor);
+}
+
+TEST_F(DataLogPageGraphControlsTest, TheCursorIsPlacedInTheMiddleOfItsOwnAxis)
+{
+    record(2);
+    press(page.optGraphMode[2]);
+    pick(page.cmbYVoltage, "10V");
+    pick(page.cmbYCurrent, "4A");
+
+    press(page.cbPlot[2]);
+    EXPECT_EQ(page.graphLog.cursor(1).yPosition(), 5);
+
+    press(page.cbPlot[3]);
+    EXPECT_EQ(page.graphLog.cursor(1).yPosition(), 2);
 }
 
 TEST_F(DataLogPageGraphControlsTest, CursorModeTakesAllCurvesOffAndShowsTheOneThatIsChecked)
@@ -182,6 +241,26 @@ TEST_F(DataLogPageGraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
     EXPECT_GT(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 42);
 }
 
+TEST_F(DataLogPageGraphControlsTest, MinutesOfTheCursorCountSixtySeconds)
+{
+    recordedRows(200);
+
+    moveCursor(125);
+
+    EXPECT_EQ(page.XPosition.text(), "00:02:05");
+    EXPECT_EQ(currentRow(), "125");
+}
+
+TEST_F(DataLogPageGraphControlsTest, DaysOfTheCursorAreNotCounted)
+{
+    recordedRows(10);
+
+    moveCursor(2 * 86400 + 7);
+
+    EXPECT_EQ(page.XPosition.text(), "00:00:07");
+    EXPECT_EQ(currentRow(), "7");
+}
+
 TEST_F(DataLogPageGraphControlsTest, ACursorAtZeroSearchesForNothing)
 {
     recordedRows(10);
@@ -191,7 +270,7 @@ TEST_F(DataLogPageGraphControlsTest, ACursorAtZeroSearchesForNothing)
     EXPECT_EQ(currentRow(), "5");
 }
 
-TEST_F(DataLogPageGraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneBehindItStaysWhereItWas)
+TEST_F(DataLogPageGraphControlsTest, ACursorAtTheLastSampleFindsItsRowAndOneAfterItMovesNothing)
 {
     recordedRows(10);
     moveCursor(9);

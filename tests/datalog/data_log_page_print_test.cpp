@@ -22,15 +22,15 @@ protected:
         return names.join(' ');
     }
 
-    const std::vector<QString>& told() const { return dialogs.recordedPrinter.calls; }
+    const std::vector<QString>& calls() const { return dialogs.recordedPrinter.calls; }
 };
 
 TEST_F(DataLogPagePrintTest, ThePictureTakesTheUpperLeftOfALandscapePageAtFourTenthsOfItsSize)
 {
     press(page.logPrint);
 
-    ASSERT_GE(told().size(), 4);
-    EXPECT_THAT(std::vector<QString>(told().begin(), told().begin() + 4),
+    ASSERT_GE(calls().size(), 4);
+    EXPECT_THAT(std::vector<QString>(calls().begin(), calls().begin() + 4),
                 ElementsAre("orientation 2", "picture 100 50 400 200", "font 8", "font 9"));
     EXPECT_FALSE(dialogs.recordedPrinter.picture.isNull());
 }
@@ -39,10 +39,10 @@ TEST_F(DataLogPagePrintTest, ATableOfSixRowsAndNineColumnsIsWalkedAndNothingPrin
 {
     press(page.logPrint);
 
-    ASSERT_EQ(told().size(), 4 + 6 * 9 * 2 + 1);
-    EXPECT_THAT(std::vector<QString>(told().begin() + 4, told().begin() + 8),
+    ASSERT_EQ(calls().size(), 4 + 6 * 9 * 2 + 1);
+    EXPECT_THAT(std::vector<QString>(calls().begin() + 4, calls().begin() + 8),
                 ElementsAre("y 295", "x 100", "y 295", "x 180"));
-    EXPECT_THAT(std::vector<QString>(told().end() - 3, told().end()), ElementsAre("y 395", "x 740", "end"));
+    EXPECT_THAT(std::vector<QString>(calls().end() - 3, calls().end()), ElementsAre("y 395", "x 740", "end"));
 }
 
 TEST_F(DataLogPagePrintTest, ThePictureIsMadeInPaperColors)
@@ -57,11 +57,11 @@ TEST_F(DataLogPagePrintTest, ThePictureIsMadeInPaperColors)
     const QStringList screen = before.split(' ');
     EXPECT_EQ(paper.mid(0, 7).join(' '), "#ffffff #ffffff no frame #808080 #808080 " + screen[5])
         << "the grid of axis 3 is not handled";
-    for (int plot = 1; plot <= 16; ++plot) // behind "no", "frame" and the grids the paper's list is one longer
+    for (int plot = 1; plot <= 16; ++plot) // "no frame" is one part longer than "frame"
         EXPECT_EQ(paper[plot + 6], plot <= 6 ? "#000000" : screen[plot + 5]) << plot;
 }
 
-TEST_F(DataLogPagePrintTest, TheGraphLooksBehindAPrintAsItDidBefore)
+TEST_F(DataLogPagePrintTest, TheGraphLooksAfterAPrintAsItDidBefore)
 {
     const QString before = colors();
     press(page.logPrint);
@@ -73,7 +73,7 @@ TEST_F(DataLogPagePrintTest, ACancelOfThePrinterDialogStillPrints)
 {
     dialogs.printerAccepted = false;
     press(page.logPrint);
-    EXPECT_EQ(told().back(), "end");
+    EXPECT_EQ(calls().back(), "end");
 }
 
 TEST_F(DataLogPagePrintTest, AFailureInThePrintingLeavesTheGraphInItsPaperColors)

@@ -2,7 +2,6 @@
 #include "data_log_page_test.h"
 
 using namespace orb;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -131,19 +130,61 @@ TEST_F(DataLogPageRefreshTest, AFixedRangeIsLeftAloneByARefresh)
     EXPECT_NEAR(page.graphLog.axis(3).maximum(), 100, 1e-9);
 }
 
-TEST_F(DataLogPageRefreshTest, ARefreshTakesTheRowCountChecksTheBoxesOfTheLogAndSelectsZoom)
+TEST_F(DataLogPageRefreshTest, TheExtremesAreThoseOfAllChannelsAndOfTheirOwnColumns)
+{
+    alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1,PVal2,SVal2) values(0,'t','0.5','2','500','3'),"
+                  "(1,'t','1','7','5','30')");
+    page.iLogChannels = 2;
+
+    press(page.logRefresh);
+
+    EXPECT_EQ(maxima(), "1000 100");
+}
+
+TEST_F(DataLogPageRefreshTest, AnAxisStartsAtZeroEvenWhereAllValuesAreNegative)
+{
+    alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','-5','-7')");
+    page.iLogChannels = 1;
+
+    press(page.logRefresh);
+
+    EXPECT_EQ(page.graphLog.axis(2).minimum(), 0);
+    EXPECT_EQ(maxima(), "1e-06 1e-06");
+}
+
+TEST_F(DataLogPageRefreshTest, AChannelWithoutValuesChangesNoExtreme)
+{
+    alterDatabase("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(0,'t','5','70')");
+    page.iLogChannels = 2;
+
+    press(page.logRefresh);
+
+    EXPECT_EQ(maxima(), "10 100");
+}
+
+TEST_F(DataLogPageRefreshTest, ARefreshTakesTheRowCountClearsAllChannelsShowsThoseOfTheLogAndSelectsZoom)
 {
     press(page.optGraphMode[1]);
+    showCursorsAndEnableBoxes();
 
     refreshLog(2, 3);
 
     EXPECT_EQ(page.lLogRecNo, 3);
-    for (std::size_t i = 0; i < 16; ++i) {
-        EXPECT_EQ(page.cbPlot[i].enabled(), i < 4) << i;
-        EXPECT_EQ(page.cbPlot[i].value(), i < 4 ? CheckBox::Checked : CheckBox::Unchecked) << i;
-    }
+    EXPECT_EQ(boxesPlotsAndCursors(), "enabled [1 2 3 4] checked [1 2 3 4] plots [1 2 3 4] cursors []");
     EXPECT_TRUE(page.optGraphMode[0].value());
     EXPECT_EQ(page.graphLog.TrackMode(), 6);
+}
+
+TEST_F(DataLogPageRefreshTest, ARefreshLeavesTheRecordsetAtItsEnd)
+{
+    for (int channels : {2, 8, 0}) {
+        refreshLog(channels, 3);
+        EXPECT_TRUE(page.DataLog.recordset().isEof()) << channels;
+    }
+    dbMain->execute("delete from DataMeasure");
+    refreshLog(2, 0);
+    EXPECT_TRUE(page.DataLog.recordset().isEof());
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(DataLogPageRefreshTest, AValueThatIsNoNumberEndsTheRefreshWithTheReport)

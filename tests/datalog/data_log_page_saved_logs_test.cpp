@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page_test.h"
 
+#include <ctime>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -19,6 +21,26 @@ Shown askToDelete(const QString& identifier)
 {
     return {"Do you want to delete this Data Logfile(" + identifier + ")?", Icon::None, Buttons::YesNo};
 }
+
+/// The local time zone, for as long as it lives.
+class LocalTimeZone {
+public:
+    explicit LocalTimeZone(const char* name) : before_(qgetenv("TZ"))
+    {
+        qputenv("TZ", name);
+        tzset();
+    }
+    ~LocalTimeZone()
+    {
+        before_.isNull() ? qunsetenv("TZ") : qputenv("TZ", before_);
+        tzset();
+    }
+    LocalTimeZone(const LocalTimeZone&) = delete;
+    LocalTimeZone& operator=(const LocalTimeZone&) = delete;
+
+private:
+    QByteArray before_;
+};
 
 class DataLogPageSavedLogsTest : public DataLogPageTest {
 protected:
@@ -41,11 +63,11 @@ protected:
     QString masters() const { return table("select LogID,CHNum,RecNum from DataMeasureM order by LogID"); }
     QString details() const { return table("select LogID,count(*) from DataMeasureD group by LogID"); }
 
-    /// Makes every insert into or delete from a table fail with these words.
-    void breakStatement(const QString& verb, const QString& tableName, const QString& words)
+    /// Makes every insert into or delete from a table fail with this message.
+    void breakStatement(const QString& verb, const QString& tableName, const QString& message)
     {
         alterDatabase(QStringLiteral("create trigger broken before %1 on %2 begin select raise(fail, '%3'); end")
-                          .arg(verb, tableName, words));
+                          .arg(verb, tableName, message));
     }
 };
 
@@ -126,7 +148,7 @@ TEST_F(DataLogPageSavedLogsTest, TheColumnsThatNothingWritesSurviveASaveAndAnOpe
     EXPECT_EQ(table("select Reason3,Comment,TimeTick,DiffLastTime from DataMeasure"), "r|c|7|1.5\n");
 }
 
-TEST_F(DataLogPageSavedLogsTest, AnOpenedLogIsTheLogInHand)
+TEST_F(DataLogPageSavedLogsTest, AnOpenedLogIsTheCurrentLog)
 {
     recordAndSave(3);
     record(1);
@@ -150,16 +172,102 @@ TEST_F(DataLogPageSavedLogsTest, TheListsShowTheNewestLogFirstWithTheirOwnFields
     press(page.logOpen);
     EXPECT_THAT(dialog().lstLogMain.items(),
                 ElementsAre("20240201001, 2024/02/01 09:00:00, 4, 2", "20240131001, 2024/01/31 10:15:02, 4, 2"));
-    EXPECT_EQ(dialog().lblLogTitle.caption(), "Please Select a Data Log File and Open this File");
     EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "OPENDATALOG");
     EXPECT_EQ(dialog().lstLogMain.backColor(), QColor(255, 192, 192));
 
     press(page.logDelete);
     EXPECT_THAT(dialog().listLogDel.items(),
                 ElementsAre("20240201001, 2024/02/01 09:00:00, 4", "20240131001, 2024/01/31 10:15:02, 4"));
-    EXPECT_EQ(dialog().lblLogTitle.caption(), "Please Select a Data Log File and Ready to Delete this File");
     EXPECT_EQ(dialog().cmdOKDataLogFile.tag(), "DELETEDATALOG");
     EXPECT_EQ(dialog().listLogDel.backColor(), QColor(192, 255, 255));
+}
+
+TEST_F(DataLogPageSavedLogsTest, TheListsAreInTheOrderOfTheDatesAndNotOfTheIdentifiers)
+{
+    alterDatabase("insert into DataMeasureM (LogID,LogDate,CHNum,RecNum) values"
+                  "('20240103001','2024-01-01 08:00:00',1,10),('20240101001','2024-01-03 08:00:00',2,20),"
+                  "('20240102001','2024-01-02 08:00:00',3,30)");
+
+    press(page.logOpen);
+    press(page.logDelete);
+
+    EXPECT_THAT(dialog().lstLogMain.items(),
+                ElementsAre("20240101001, 2024/01/03 08:00:00, 2, 20", "20240102001, 2024/01/02 08:00:00, 3, 30",
+                            "20240103001, 2024/01/01 08:00:00, 1, 10"));
+    EXPECT_THAT(dialog().listLogDel.items(),
+                ElementsAre("20240101001, 2024/01/03 08:00:00, 2", "20240102001, 2024/01/02 08:00:00, 3",
+                            "20240103001, 2024/01/01 08:00:00, 1"));
+}
+
+TEST_F(DataLogPageSavedLogsTest, ADateInTheHourThatDaylightSavingSkipsIsListedOpenedAndDeleted)
+{
+    const LocalTimeZone berlin("Europe/Berlin");
+    record(1);
+    alterDatabase("insert into DataMeasureM (LogID,LogDate,CHNum,RecNum) values"
+                  "('20240331001','2024-03-31 02:30:00',2,2);"
+                  "insert into DataMeasureD (LogID,SeqNo,RecTime,PVal1,SVal1,PVal2,SVal2) values"
+                  "('20240331001',0,'t','1','2','3','4'),('20240331001',1,'t','1','2','3','4')");
+
+    press(page.logOpen);
+    EXPECT_THAT(dialog().lstLogMain.items(), ElementsAre("20240331001, 2024/03/31 02:30:00, 2, 2"));
+    pick(dialog().lstLogMain, dialog().lstLogMain.list(0));
+    press(dialog().cmdOKDataLogFile);
+    EXPECT_EQ(page.lLogRecNo, 2);
+    EXPECT_EQ(page.iLogChannels, 2);
+
+    deleteLog("20240331001, 2024/03/31 02:30:00, 2");
+    EXPECT_EQ(masters() + details(), "");
+    EXPECT_THAT(processExit.reports, IsEmpty());
+}
+
+TEST_F(DataLogPageSavedLogsTest, AListLineIsCutAtEveryComma)
+{
+    recordAndSave(2);
+    press(page.logOpen);
+    dialog().lstLogMain.clear();
+    dialog().lstLogMain.addItem(" 20240131001 ,a, 3 channels,b,7");
+    dialog().lstLogMain.setListIndex(0);
+    page.lLogRecNo = 0;
+
+    press(dialog().cmdOKDataLogFile);
+
+    EXPECT_EQ(page.lLogRecNo, 2) << "the identifier is the first field, trimmed";
+    EXPECT_EQ(page.iLogChannels, 3) << "the channel count is the third field";
+}
+
+TEST_F(DataLogPageSavedLogsTest, ASaveWithNoneConnectedStoresNoChannelAndALaterOpenPlotsNothing)
+{
+    record(2);
+    instrument.connected = false;
+    instrument.channelCount = 0;
+
+    press(page.logSave);
+    EXPECT_THAT(dialogs.shown, ElementsAre(savedAs("20240131001")));
+    EXPECT_EQ(masters(), "20240131001|0|2\n");
+
+    press(page.logOpen);
+    pick(dialog().lstLogMain, "20240131001, 2024/01/31 10:15:02, 0, 2");
+    press(dialog().cmdOKDataLogFile);
+    EXPECT_EQ(boxesPlotsAndCursors(), "enabled [] checked [] plots [] cursors []");
+    EXPECT_EQ(page.lLogRecNo, 2);
+}
+
+TEST_F(DataLogPageSavedLogsTest, TheDialogComesToTheFrontOfThisPageFromWhereverItWasShown)
+{
+    Frame program;
+    program.setParent(&form);
+    dialog().showOn(program);
+    for (PictureButton* button : {&page.logOpen, &page.logDelete}) {
+        dialog().setParent(&program);
+        page.DBGrid1.raise();
+
+        press(*button);
+
+        EXPECT_EQ(dialog().parentWidget(), &page);
+        EXPECT_TRUE(dialog().visible());
+        EXPECT_EQ(page.children().last(), &dialog());
+        EXPECT_TRUE(page.rect().contains(dialog().geometry()));
+    }
 }
 
 TEST_F(DataLogPageSavedLogsTest, OkWithoutASelectionInOpenModeClosesTheFrameAndChangesNothing)
@@ -198,6 +306,19 @@ TEST_F(DataLogPageSavedLogsTest, ADeletedLogIsGoneFromBothTables)
     EXPECT_FALSE(dialog().visible());
 }
 
+TEST_F(DataLogPageSavedLogsTest, AYesToTheDeleteHidesTheListToOpenAndANoDoesNot)
+{
+    recordAndSave(2);
+    press(page.logOpen);
+    press(page.logDelete);
+    pick(dialog().listLogDel, dialog().listLogDel.list(0));
+    press(dialog().cmdOKDataLogFile); // No
+    EXPECT_TRUE(dialog().lstLogMain.visible());
+
+    deleteLog("20240131001, 2024/01/31 10:15:02, 4");
+    EXPECT_FALSE(dialog().lstLogMain.visible());
+}
+
 TEST_F(DataLogPageSavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
 {
     recordAndSave(2);
@@ -216,7 +337,9 @@ TEST_F(DataLogPageSavedLogsTest, ANoToTheDeleteKeepsTheLogAndSaysNothing)
 TEST_F(DataLogPageSavedLogsTest, CancelHidesTheFrameAndItsListsAndTheTagStays)
 {
     recordAndSave(1);
+    press(page.logDelete);
     press(page.logOpen);
+    ASSERT_TRUE(dialog().listLogDel.visible());
 
     press(dialog().cmdCancelDataLogFile);
 
@@ -239,7 +362,7 @@ TEST_F(DataLogPageSavedLogsTest, TheTagOfTheProgramsRunsTheirRoutineAndAnUnknown
     EXPECT_EQ(applied, 1);
 }
 
-TEST_F(DataLogPageSavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheCountIsShownAndNothingIsSaved)
 {
     record(2);
     alterDatabase("alter table DataMeasureM rename to Gone");
@@ -251,7 +374,7 @@ TEST_F(DataLogPageSavedLogsTest, AFailureOfTheCountIsToldAndNothingIsSaved)
     EXPECT_EQ(details(), "");
 }
 
-TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstInsertIsToldAndNothingIsSaved)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstInsertIsShownAndNothingIsSaved)
 {
     record(2);
     breakStatement("insert", "DataMeasureM", "no more logs");
@@ -275,7 +398,7 @@ TEST_F(DataLogPageSavedLogsTest, AFailureOfTheSecondInsertLeavesTheRowOfTheFirst
     EXPECT_EQ(table("select count(*) from DataMeasure"), "2\n");
 }
 
-TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstDeleteIsToldAndEverythingStands)
+TEST_F(DataLogPageSavedLogsTest, AFailureOfTheFirstDeleteIsShownAndEverythingStands)
 {
     recordAndSave(2);
     breakStatement("delete", "DataMeasureM", "kept");
@@ -314,7 +437,7 @@ TEST_F(DataLogPageSavedLogsTest, ASaveInARecordingSavesTheRowsSoFar)
     EXPECT_EQ(page.lLogRecNo, 6);
 }
 
-TEST_F(DataLogPageSavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsBehindItsRows)
+TEST_F(DataLogPageSavedLogsTest, AnOpenInARecordingReplacesTheTableAndTheNextCycleInsertsAfterItsRows)
 {
     recordAndSave(2);
     press(page.logOpen);

@@ -20,7 +20,7 @@ protected:
         EXPECT_THAT(processExit.reports, testing::IsEmpty());
     }
 
-    /// Records from now on; the operator stops in the yield before the sample behind the last of so many.
+    /// Records from now on; the operator stops in the yield before the last of so many samples.
     void record(int samples)
     {
         const qint64 lastYield = clock.elapsed() + 1000 * (samples - 1);
@@ -28,7 +28,7 @@ protected:
         press(page.logStart);
     }
 
-    /// What the grid shows of a column, a line a row.
+    /// What the grid shows in a column, row by row.
     QStringList gridColumn(const QString& caption)
     {
         QStringList cells;
@@ -37,6 +37,32 @@ protected:
                 for (std::int64_t row = 0; row < page.DataLog.rowCount(); ++row)
                     cells << page.DBGrid1.cellText(row, column);
         return cells;
+    }
+
+    /// What a clear has to take back: all cursors shown, all boxes enabled and checked.
+    void showCursorsAndEnableBoxes()
+    {
+        for (int plot = 1; plot <= 16; ++plot) {
+            page.graphLog.cursor(plot).setVisible(true);
+            page.cbPlot[static_cast<std::size_t>(plot - 1)].setEnabled(true);
+            page.cbPlot[static_cast<std::size_t>(plot - 1)].setValue(CheckBox::Checked);
+        }
+    }
+
+    /// The boxes that are enabled, the boxes that are checked, the plots and the cursors that are shown, by number.
+    QString boxesPlotsAndCursors()
+    {
+        std::array<QStringList, 4> numbers;
+        for (int plot = 1; plot <= 16; ++plot) {
+            const CheckBox& box = page.cbPlot[static_cast<std::size_t>(plot - 1)];
+            const std::array<bool, 4> states{box.enabled(), box.value() == CheckBox::Checked,
+                                             page.graphLog.plot(plot).visible(), page.graphLog.cursor(plot).visible()};
+            for (std::size_t i = 0; i < states.size(); ++i)
+                if (states[i])
+                    numbers[i] << QString::number(plot);
+        }
+        return QStringLiteral("enabled [%1] checked [%2] plots [%3] cursors [%4]")
+            .arg(numbers[0].join(' '), numbers[1].join(' '), numbers[2].join(' '), numbers[3].join(' '));
     }
 
     /// The y values of a plot.

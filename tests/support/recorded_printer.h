@@ -10,7 +10,7 @@
 
 namespace orb {
 
-/// A printer of 1000 by 500 that records every call.
+/// A printer of 500 by 1000, upright to begin with, that records every call.
 class RecordedPrinter final : public Printer {
 public:
     /// Writes every call into `journal`, which must outlive the printer.
@@ -21,9 +21,13 @@ public:
     /// Called when a picture is painted; may throw.
     std::function<void()> onPaint;
 
-    void setOrientation(Orientation orientation) override { record(QStringLiteral("orientation %1").arg(orientation)); }
-    double width() override { return 1000; }
-    double height() override { return 500; }
+    void setOrientation(Orientation orientation) override
+    {
+        orientation_ = orientation;
+        record(QStringLiteral("orientation %1").arg(orientation));
+    }
+    double width() override { return orientation_ == Landscape ? 1000 : 500; }
+    double height() override { return orientation_ == Landscape ? 500 : 1000; }
     void setFontSize(int points) override { record(QStringLiteral("font %1").arg(points)); }
     void setCurrentX(double x) override { record(QStringLiteral("x %1").arg(x)); }
     void setCurrentY(double y) override { record(QStringLiteral("y %1").arg(y)); }
@@ -45,6 +49,7 @@ private:
     }
 
     Journal* journal_;
+    Orientation orientation_ = Portrait;
 };
 
 } // namespace orb
