@@ -28,7 +28,7 @@ private:
     Instrument instrument_;
     Form form_{run_};
     Workspace wsMain_{[this] { return clock_.now(); }};
-    std::unique_ptr<Database> dbMain_;
+    Database dbMain_;
 
 public:
     DataLogPage page{clock_, dialogs_, paths_, instrument_, wsMain_, dbMain_};

@@ -20,7 +20,7 @@ std::array<CheckBox, 16> plotBoxes()
 } // namespace
 
 DataLogPage::DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, Workspace& wsMain,
-                         const std::unique_ptr<Database>& dbMain)
+                         Database& dbMain)
     : Frame(QStringLiteral("Data Log")),
       cbPlot(plotBoxes()),
       optGraphMode{OptionButton(QStringLiteral("Zoom")), OptionButton(QStringLiteral("Pan")),

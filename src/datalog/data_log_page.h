@@ -26,8 +26,7 @@ class DataLogPage final : public Frame {
 public:
     /// All references must outlive the page. `dbMain` must be open before `InitDataLog`; the bound grid's data control
     /// opens its database through `wsMain`.
-    DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, Workspace& wsMain,
-                const std::unique_ptr<Database>& dbMain);
+    DataLogPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, Workspace& wsMain, Database& dbMain);
 
     bool bLogRunning = false;      ///< the loop of the recording goes on
     bool bLogStarted = false;      ///< a recording was started in this run
@@ -147,7 +146,7 @@ private:
     Dialogs& dialogs_;
     const Paths& paths_;
     ORBCtrl& CORB_;
-    const std::unique_ptr<Database>& dbMain_;
+    Database& dbMain_;
     bool loopIsRunning_ = false; ///< the loop of a recording is on the stack
 };
 

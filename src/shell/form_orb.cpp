@@ -101,8 +101,7 @@ void FormORB::FormLoad()
 /// The form is closed by its frame. Running activities are not stopped: their loops end at their next yield.
 void FormORB::unload()
 {
-    if (dbMain)
-        dbMain->close();
+    dbMain.close();
     wsMain.close();
     run().endAtNextYield();
 }

@@ -21,10 +21,10 @@ public:
     void FormLoad();
 
     Workspace wsMain;
-    std::unique_ptr<Database> dbMain; ///< open from `FormLoad` on
-    bool bFullScrMode = false;        ///< the screen mirror paints over the whole screen
-    QString sPendingSeqFile;          ///< the path that the next opening of a sequence takes without asking
-    QString sPendingProgFile;         ///< the same for a program
+    Database dbMain;           ///< open from `FormLoad` on
+    bool bFullScrMode = false; ///< the screen mirror paints over the whole screen
+    QString sPendingSeqFile;   ///< the path that the next opening of a sequence takes without asking
+    QString sPendingProgFile;  ///< the same for a program
 
     PictureButton pageConnect{QStringLiteral("Connect")};
     PictureButton pageControl{QStringLiteral("Control")};

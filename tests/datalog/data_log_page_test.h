@@ -78,7 +78,7 @@ protected:
     QString voltages = "12.1000,12.2000,12.3000,12.4000,";
     Form form{run};
     Workspace wsMain{[this] { return clock.now(); }};
-    std::unique_ptr<Database> dbMain;
+    Database dbMain;
     DataLogPage page{clock, dialogs, paths, instrument, wsMain, dbMain};
 };
 

@@ -8,23 +8,12 @@
 
 namespace orb {
 
-Database::Database(std::shared_ptr<Connection> connection)
-    : connection_(std::move(connection)), path_(connection_->path())
-{}
-
-Database::~Database() = default;
-
-QString Database::path() const
-{
-    return path_;
-}
-
-void Database::execute(const QString& sql)
+void Database::execute(const QString& sql) const
 {
     connection()->execute(sql);
 }
 
-std::unique_ptr<Recordset> Database::openRecordset(const QString& sql)
+std::unique_ptr<Recordset> Database::openRecordset(const QString& sql) const
 {
     return std::make_unique<QueryRecordset>(*connection(), translateSql(sql.toStdString()).sql);
 }

@@ -9,28 +9,26 @@ namespace orb {
 
 class Connection;
 
-/// One open database file, made by a `Workspace`. A statement that changes rows is on the disk before the call returns.
+/// A database file, opened by a `Workspace`; closed to begin with. Copies share one connection. A statement that changes rows is on the disk before the call returns.
 ///
 /// Failures are `RuntimeFailure` with SQLite's own message: 3075 for a statement that SQLite refuses, 3022 for a key
 /// that is there already, 3260 where another program holds the file, 3027 where it can't be written, 61 for a full
-/// disk, 57 for a disk that fails, 3049 for a damaged file, 3420 once the database is closed.
+/// disk, 57 for a disk that fails, 3049 for a damaged file, 3420 while the database is closed.
 class Database {
 public:
-    explicit Database(std::shared_ptr<Connection> connection);
-    ~Database();
-    Database(const Database&) = delete;
-    Database& operator=(const Database&) = delete;
+    Database() = default;
+    explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
 
-    /// The file, as an absolute path.
-    QString path() const;
+    Database* operator->() { return this; }
+    const Database* operator->() const { return this; }
 
-    /// Runs one statement that gives no rows. Text behind the statement, other than white space, comments and one
+    /// Runs one statement that gives no rows. Text after the statement, other than white space, comments and one
     /// semicolon, is a failure, and then nothing is run.
-    void execute(const QString& sql);
+    void execute(const QString& sql) const;
 
     /// Opens the rows that one statement gives, read from the file as the recordset moves. The recordset may outlive
     /// this object; once the database is closed every use of it fails.
-    std::unique_ptr<Recordset> openRecordset(const QString& sql);
+    std::unique_ptr<Recordset> openRecordset(const QString& sql) const;
 
     /// Closes it. A second call does nothing.
     void close();
@@ -41,7 +39,6 @@ public:
 
 private:
     std::shared_ptr<Connection> connection_;
-    QString path_;
 };
 
 } // namespace orb

@@ -12,16 +12,16 @@ Workspace::Workspace(std::function<QDateTime()> now) : now_(std::move(now)) {}
 
 Workspace::~Workspace() = default;
 
-std::unique_ptr<Database> Workspace::openDatabase(const QString& path)
+Database Workspace::openDatabase(const QString& path)
 {
     const QString file = QFileInfo(realPath(path)).absoluteFilePath();
     std::erase_if(connections_, [](const auto& connection) { return connection.expired(); });
     for (const auto& known : connections_)
         if (auto connection = known.lock(); connection && connection->isOpen() && connection->path() == file)
-            return std::make_unique<Database>(std::move(connection));
+            return Database(std::move(connection));
     auto connection = std::make_shared<Connection>(file, now_);
     connections_.push_back(connection);
-    return std::make_unique<Database>(std::move(connection));
+    return Database(std::move(connection));
 }
 
 void Workspace::close()

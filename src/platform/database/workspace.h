@@ -21,7 +21,7 @@ public:
     /// Opens the database file at `path` for reading and writing, beside other programs. Nothing is created, and a
     /// file that is refused keeps every byte. Throws 3024 where there is no file, 3343 where it is no database, 70
     /// where it can't be read, 3027 where it can't be written, 3049 where it is damaged.
-    std::unique_ptr<Database> openDatabase(const QString& path);
+    Database openDatabase(const QString& path);
 
     /// Closes every database that was opened here, whoever holds it.
     void close();

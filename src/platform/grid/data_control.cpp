@@ -70,7 +70,7 @@ void DataControl::refresh()
         throw RuntimeFailure(failure::DatabaseNotFound, QStringLiteral("The data control names no database"));
     if (recordSource_.isEmpty())
         throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The data control names no record source"));
-    picture_.take(workspace_.openDatabase(databaseName_)->connection(), recordSource_);
+    picture_.take(workspace_.openDatabase(databaseName_).connection(), recordSource_);
     recordset_.restart();
     tellChanged();
 }

@@ -81,7 +81,7 @@ protected:
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("orb.mdb"));
     Workspace workspace{[] { return QDateTime({2024, 1, 31}, {10, 15, 9}); }};
-    std::unique_ptr<Database> database;
+    Database database;
 };
 
 } // namespace orb
