@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The bulk transfers: the screen and the files of the instrument.
 #include "control_fixture.h"
+#include "definite_length_block.h"
 #include "paths.h"
 #include "staging_files.h"
 

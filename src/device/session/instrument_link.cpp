@@ -12,7 +12,6 @@ namespace orb {
 namespace {
 
 constexpr int blockingStepMs = 20;
-constexpr int identifyAttempts = 2;
 
 /// A plain number, or a list of readings with a field for each channel.
 int channelsIn(const QByteArray& answer, bool isList)
@@ -113,26 +112,19 @@ bool InstrumentLink::stepIdentifying(bool maySend)
         return false;
     }
     if (const auto& answer = session_->answer(Requester::Control)) {
-        if (const auto identity = readIdentity(*answer)) {
-            identity_ = *identity;
-            enterStage(Stage::Sizing);
-            return true;
-        }
-        if (rejectedText_.isEmpty())
-            rejectedText_ = shownText(*answer);
-        // A greeting may have come before the answer; a second question tells.
-        if (++attempt_ < identifyAttempts && !isClosed()) {
-            asked_ = false;
-            return true;
-        }
-        goDown(End::NoInstrument);
-    } else if (isClosed()) {
-        lose();
-    } else if (isOver(limits_.identify)) {
-        if (rejectedText_.isEmpty())
-            rejectedText_ = shownText(session_->lastReceived());
-        goDown(rejectedText_.isEmpty() && attempt_ == 0 ? End::Silent : End::NoInstrument);
+        identity_ = readIdentity(*answer).value_or(Identity{});
+        enterStage(Stage::Sizing);
+        return true;
     }
+    if (!isClosed() && !isOver(limits_.identify))
+        return false;
+    rejectedText_ = shownText(session_->rejected());
+    if (!rejectedText_.isEmpty())
+        goDown(End::NoInstrument);
+    else if (isClosed())
+        lose();
+    else
+        goDown(End::Silent);
     return false;
 }
 

@@ -1,31 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "session.h"
 
+#include "answer_book.h"
+#include "definite_length_block.h"
+#include "framer.h"
+#include "identity.h"
+
 #include <algorithm>
 
 namespace orb {
 
 namespace {
-constexpr int mostReadsInALook = 32; // so that a peer that never stops talking can't keep a look from ending
-constexpr qint64 quietAfterLossMs = 100;
-constexpr qsizetype longestHeard = 256;
+constexpr qsizetype longestRejected = 256;
 } // namespace
 
 Session::Session(Clock& clock, Transport& transport)
-    : clock_(clock), transport_(transport), lastLook_(clock.elapsed()), lastBytesAt_(lastLook_)
-{}
+    : clock_(clock),
+      transport_(transport),
+      framer_(std::make_unique<Framer>()),
+      book_(std::make_unique<AnswerBook>()),
+      lastBytesAt_(clock.elapsed())
+{
+    static_assert(patienceMs == AnswerBook::patienceMs);
+}
+
+Session::~Session() = default;
 
 bool Session::send(Requester requester, const QByteArray& line)
 {
-    if (line.size() > longestLine)
+    if (line.size() > longestLine || line.contains('\0'))
         return false;
+    poll(); // what is there by now answers earlier queries
+    return isQuery(line) ? sendQuery(requester, line, false) : transport_.write(line + '\n');
+}
+
+bool Session::sendQuery(Requester requester, const QByteArray& query, bool isFetch)
+{
     const qint64 now = clock_.elapsed();
-    lookAt(now); // what is there by now answers earlier queries
-    if (isQuery(line)) {
-        book_.asked(requester, line, now);
-        begunBefore_ = framer_.isMidAnswer();
-    }
-    return transport_.write(line + '\n');
+    const QByteArray marker = book_->markerBefore(query, isFetch, now);
+    if (!marker.isEmpty() && !transport_.write(marker + '\n'))
+        return false;
+    framer_->distrustPart();
+    return book_->asked(requester, query, now) && transport_.write(query + '\n');
 }
 
 bool Session::sendBlock(const QByteArray& line, const QByteArray& data, int limitMs)
@@ -36,106 +52,97 @@ bool Session::sendBlock(const QByteArray& line, const QByteArray& data, int limi
 
 void Session::poll()
 {
-    lookAt(clock_.elapsed());
-}
-
-void Session::lookAt(qint64 now)
-{
-    for (int i = 0; i < mostReadsInALook; ++i) {
-        QByteArray bytes = transport_.read();
-        const bool isAll = bytes.size() < Transport::longestRead;
+    const qint64 begin = clock_.elapsed();
+    qsizetype size = 0;
+    while (size < mostBytesAPoll && clock_.elapsed() - begin < longestPollMs) {
+        const QByteArray bytes = transport_.read();
+        size += bytes.size();
         if (!bytes.isEmpty())
-            takeIn(std::move(bytes), now);
-        if (isAll)
+            receive(bytes);
+        if (bytes.size() < Transport::longestRead)
             break;
     }
-    lastLook_ = now;
-    dropStalledPart(now);
-    book_.pass(now);
     if (transport_.isIdle())
-        book_.nothingIsComing();
+        book_->nothingIsComing();
 }
 
-void Session::takeIn(QByteArray bytes, qint64 now)
+void Session::receive(const QByteArray& bytes)
 {
-    lastBytesAt_ = now;
-    framer_.take(std::move(bytes));
-    while (const auto answer = framer_.next()) {
-        heard_ = answer->left(longestHeard);
-        book_.answered(*answer, now, lastLook_, begunBefore_);
-        begunBefore_ = false;
+    lastBytesAt_ = clock_.elapsed();
+    framer_->append(bytes);
+    while (const auto answer = framer_->next(isFetching_ && book_->isNext(Requester::Control)))
+        receiveLine(answer->text, answer->isWhole);
+}
+
+void Session::receiveLine(const QByteArray& line, bool isWhole)
+{
+    if (!isIdentified_ && !readIdentity(line)) {
+        if (rejected_.isEmpty())
+            rejected_ = line.left(longestRejected);
+        return;
     }
+    if (!isIdentified_)
+        book_->setIdentity(line);
+    isIdentified_ = true;
+    const bool isFetched = isFetching_ && book_->isNext(Requester::Control);
+    book_->answered(line, isWhole);
+    if (!isFetched && startsAsBlock(line))
+        book_->distrust(); // a block that no member fetches comes in as many lines as it holds line ends
 }
 
-void Session::dropStalledPart(qint64 now)
+const std::optional<QByteArray>& Session::answer(Requester requester) const
 {
-    const qint64 limit = framer_.isLost() ? quietAfterLossMs : stalledPartMs;
-    if ((framer_.isMidAnswer() || framer_.isLost()) && now - lastBytesAt_ >= limit) {
-        heard_ = lastReceived();
-        framer_.forget();
-        begunBefore_ = false;
-    }
+    return book_->answer(requester);
 }
 
-QByteArray Session::lastReceived() const
+bool Session::isQuiet() const
 {
-    return framer_.part().isEmpty() ? heard_ : framer_.part().left(longestHeard);
+    return book_->isQuiet(clock_.elapsed());
+}
+
+QByteArray Session::rejected() const
+{
+    return rejected_.isEmpty() ? framer_->part().left(longestRejected) : rejected_;
 }
 
 /// Until when it is worth waiting for the requester's answer.
 qint64 Session::underWayUntil(Requester requester, int limitMs) const
 {
-    if (!book_.awaits(requester))
-        return 0;
-    qint64 until = book_.askedAt(requester) + limitMs;
-    if (framer_.isMidAnswer())
-        until = std::max(until, lastBytesAt_ + limitMs);
-    return std::max(until, book_.settlesAt().value_or(0));
+    const qint64 asked = book_->askedAt(requester);
+    return (framer_->isMidAnswer() ? std::max(asked, lastBytesAt_) : asked) + limitMs;
 }
 
 const std::optional<QByteArray>& Session::awaitAnswer(Requester requester, int limitMs)
 {
     const qint64 end = clock_.elapsed() + limitMs;
-    bool looked = false;
-    while (book_.awaits(requester)) {
-        const qint64 now = clock_.elapsed();
-        const qint64 until = std::min(end, underWayUntil(requester, limitMs));
-        if (now >= until && looked)
-            break;
-        // An answer that is held back comes out without a byte arriving, so the wait ends there at the latest.
-        const qint64 wake = std::min(until, book_.settlesAt().value_or(until));
-        const bool isOver = now < wake && !transport_.waitReadable(static_cast<int>(wake - now)) &&
-                            transport_.state() != Transport::State::Open;
-        poll();
-        looked = true;
-        if (isOver)
-            break;
+    if (book_->askedAt(requester) + limitMs < end)
+        poll(); // it may be there, or a part of it
+    for (bool isReadable = true; isReadable && book_->awaits(requester); poll()) {
+        const qint64 rest = std::min(end, underWayUntil(requester, limitMs)) - clock_.elapsed();
+        isReadable = rest > 0 && transport_.waitReadable(static_cast<int>(rest));
     }
-    return book_.answer(requester);
-}
-
-std::optional<QByteArray> Session::ask(Requester requester, const QByteArray& query, int limitMs)
-{
-    if (!send(requester, query))
-        return std::nullopt;
-    const qint64 end = clock_.elapsed() + limitMs;
-    for (qint64 now = clock_.elapsed(); now < end && book_.awaits(requester); now = clock_.elapsed()) {
-        const qint64 wake = std::min(end, book_.settlesAt().value_or(end));
-        if (!transport_.waitReadable(static_cast<int>(std::max<qint64>(wake - now, 1))) &&
-            transport_.state() != Transport::State::Open)
-            break;
-        poll();
-    }
-    poll();
-    if (!book_.answer(requester))
-        book_.abandon(requester);
-    return book_.answer(requester);
+    return book_->answer(requester);
 }
 
 std::optional<QByteArray> Session::fetchBlock(const QByteArray& query, int limitMs)
 {
-    const auto answer = ask(Requester::Control, query, limitMs);
-    return answer ? blockData(*answer) : std::nullopt;
+    poll();
+    const qint64 end = clock_.elapsed() + limitMs;
+    isFetching_ = true;
+    bool isOpen = sendQuery(Requester::Control, query, true);
+    while (isOpen && book_->awaits(Requester::Control)) {
+        const qint64 rest = end - clock_.elapsed();
+        isOpen = rest > 0 &&
+                 (transport_.waitReadable(static_cast<int>(rest)) || transport_.state() == Transport::State::Open);
+        poll();
+    }
+    isFetching_ = false;
+    const auto data = blockData(book_->answer(Requester::Control).value_or(QByteArray()));
+    if (!data) {
+        book_->abandon(Requester::Control);
+        book_->distrust(); // what is still to come of the block may hold line ends
+    }
+    return data;
 }
 
 } // namespace orb

@@ -218,7 +218,7 @@ TEST_F(ConnectPageTest, KeepsAPeersWordsPlain)
 {
     line.onLine = [this](const QByteArray&) { line.say("<b>bold</b><img src=x>\n"); };
     connectScripted();
-    clock.advance(1000);
+    clock.advance(2500);
     EXPECT_EQ(page().lblStatus.textFormat(), Qt::PlainText);
     EXPECT_EQ(status(), "load answered, but not as an instrument does. It said: \"<b>bold</b><img src=x>\"");
 }

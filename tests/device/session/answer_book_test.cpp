@@ -3,352 +3,457 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-
 namespace orb {
 
 namespace {
 
-const QByteArray current = ":FETC:ALLC?";
-const QByteArray voltage = ":FETC:ALLV?";
+const QByteArray identity = "ZN,ORB3000,0001,1.0";
+const QByteArray twice = identity + ';' + identity;
+constexpr qint64 patience = AnswerBook::patienceMs;
 
 } // namespace
 
-/// Questions of the application at given times, answers at given times. `seen` is what it would read.
+/// Queries of the application and answers; what it would read, and which markers go out.
 class AnswerBookTest : public testing::Test {
 protected:
-    void ask(const QByteArray& question, qint64 at)
+    AnswerBookTest() { book.setIdentity(identity); }
+
+    /// A query goes out. The marker that goes out before it.
+    QByteArray ask(const QByteArray& text, qint64 at = 0)
     {
-        book.asked(Requester::Application, question, at);
-        askedAt = at;
+        const QByteArray marker = book.markerBefore(text, false, at);
+        book.asked(Requester::Application, text, at);
+        return marker;
     }
-    /// An answer that is seen at the time at which it came.
-    void come(const QByteArray& answer, qint64 at) { book.answered(answer, at, at); }
-    QByteArray seen(qint64 at)
+    void come(const QByteArray& answer) { book.answered(answer); }
+    QByteArray seen() const { return book.answer(Requester::Application).value_or("nothing"); }
+    /// A query stayed unanswered, and the marker before `b?` has shown it.
+    void learnThatLostIsNotAnswered()
     {
-        book.pass(at);
-        return book.answer(Requester::Application).value_or("nothing");
+        ask("lost?");
+        EXPECT_EQ(ask("b?", patience), "*IDN?");
+        come(identity);
+        come("b");
+        EXPECT_EQ(seen(), "b");
     }
 
     AnswerBook book;
-    qint64 askedAt = 0;
 };
 
-TEST_F(AnswerBookTest, HandsOutAnAnswerAgainAndAgain)
+TEST_F(AnswerBookTest, AnAnswerStaysUntilTheNextQuery)
 {
-    EXPECT_EQ(seen(0), "nothing");
-    ask(current, 0);
-    EXPECT_EQ(seen(1), "nothing");
+    EXPECT_EQ(seen(), "nothing");
+    ask("a?");
+    EXPECT_EQ(seen(), "nothing");
     EXPECT_TRUE(book.awaits(Requester::Application));
-    come("1,2,", 5);
-    EXPECT_EQ(seen(5), "1,2,");
-    EXPECT_EQ(seen(9999), "1,2,");
+    come("1");
+    EXPECT_EQ(seen(), "1");
     EXPECT_FALSE(book.awaits(Requester::Application));
+    ask("b?");
+    EXPECT_EQ(seen(), "nothing");
 }
 
-TEST_F(AnswerBookTest, IsEmptyAgainAtTheNextQuery)
+TEST_F(AnswerBookTest, WhatNobodyAskedForIsIgnored)
 {
-    ask(current, 0);
-    come("1", 5);
-    ask(voltage, 10);
-    EXPECT_EQ(seen(11), "nothing");
-    come("2", 15);
-    EXPECT_EQ(seen(15), "2");
+    come("hello");
+    ask("a?");
+    come("1");
+    come("2");
+    EXPECT_EQ(seen(), "1");
 }
 
-TEST_F(AnswerBookTest, IgnoresWhatNobodyAskedFor)
+TEST_F(AnswerBookTest, TheKthAnswerBelongsToTheKthQuery)
 {
-    come("hello", 0);
-    EXPECT_EQ(seen(0), "nothing");
-    ask(current, 5);
-    come("1", 6);
-    come("2", 6);
-    EXPECT_EQ(seen(7), "1");
+    ask("a?");
+    ask("b?", 400);
+    ask("c?", 800);
+    come("1");
+    come("2");
+    EXPECT_EQ(seen(), "nothing");
+    come("3");
+    EXPECT_EQ(seen(), "3");
 }
 
-TEST_F(AnswerBookTest, DiscardsALateAnswerAndGivesTheNextQueryItsOwn)
+TEST_F(AnswerBookTest, AnAnswerIsHeldBackWhileItMayBelongToAnotherQuery)
 {
-    ask(current, 0);
-    ask(voltage, 400);
-    come("late", 450);
-    EXPECT_EQ(seen(500), "nothing");
-    come("own", 501);
-    EXPECT_EQ(seen(501), "own");
+    ask("lost?");
+    ask("b?", 400);
+    come("2"); // that of b?, but it might be a late one
+    EXPECT_EQ(seen(), "nothing");
+    ask("c?", 800);
+    come("3");
+    EXPECT_EQ(seen(), "nothing");
 }
 
-TEST_F(AnswerBookTest, DiscardsTwoLateAnswersInARow)
+TEST_F(AnswerBookTest, AnEarlierAnswerServesTheSameQueryRepeated)
 {
-    ask(current, 0);
-    ask(voltage, 400);
-    ask(current, 800);
-    come("1", 850);
-    come("2", 860);
-    EXPECT_EQ(seen(870), "nothing");
-    come("3", 880);
-    EXPECT_EQ(seen(880), "3");
+    ask("a?");
+    ask("a?", 400);
+    come("1");
+    EXPECT_EQ(seen(), "1");
+    come("2"); // what was read once stays
+    EXPECT_EQ(seen(), "1");
+    ask("b?", 500);
+    come("3");
+    EXPECT_EQ(seen(), "3");
 }
 
-TEST_F(AnswerBookTest, StaysRightWithAnInstrumentThatHoldsEachAnswerUntilTheNextQuery)
+TEST_F(AnswerBookTest, TheLastQueryIsWaitedForWithoutALimit)
 {
-    ask("a?", 0);
-    for (int i = 1; i <= 3; ++i) {
-        ask(QByteArray("b") + QByteArray::number(i) + '?', 400 * i);
-        come("of the query before", 400 * i + 1);
-        EXPECT_EQ(seen(400 * i + 399), "nothing");
+    ask("a?");
+    come("1");
+    EXPECT_EQ(seen(), "1");
+}
+
+TEST_F(AnswerBookTest, AMarkerGoesOutWhenAQueryHasBeenUnansweredForTwoSeconds)
+{
+    ask("lost?");
+    EXPECT_EQ(ask("b?", patience - 1), "");
+    EXPECT_EQ(ask("c?", patience), "*IDN?");
+    EXPECT_EQ(ask("d?", patience + 1), ""); // one is out
+}
+
+TEST_F(AnswerBookTest, AMarkerGoesOutTwoSecondsAfterTheFirstDoubtThoughAnswersCome)
+{
+    ask("lost?");
+    for (int at = 200; at < patience; at += 200) {
+        EXPECT_EQ(ask("b" + QByteArray::number(at) + '?', at), "");
+        come("b");
     }
-    ask("c?", 1600);
-    come("of the query before", 1601);
-    come("own", 1601);
-    EXPECT_EQ(seen(1601), "own");
+    EXPECT_EQ(ask("c?", patience), "*IDN?");
 }
 
-TEST_F(AnswerBookTest, TakesAnEarlierAnswerForTheSameQueryRepeated)
+TEST_F(AnswerBookTest, NoMarkerGoesOutWhileEveryQueryIsAnswered)
 {
-    ask(current, 0);
-    ask(current, 400);
-    come("1", 450);
-    EXPECT_EQ(seen(450), "1");
-    come("2", 460); // what was read once stays
-    EXPECT_EQ(seen(460), "1");
-    ask(voltage, 500);
-    come("3", 505);
-    EXPECT_EQ(seen(505), "3");
-}
-
-TEST_F(AnswerBookTest, WaitsForTheLastQueryWithoutALimit)
-{
-    ask(current, 0);
-    come("1", 60'000);
-    EXPECT_EQ(seen(60'000), "1");
-}
-
-TEST_F(AnswerBookTest, WritesOffWhatWasNotAnsweredForTwoSeconds)
-{
-    ask(current, 0); // lost
-    ask(voltage, AnswerBook::patienceMs);
-    come("own", AnswerBook::patienceMs + 5);
-    EXPECT_EQ(seen(AnswerBook::patienceMs + 5 + AnswerBook::settleMs), "own");
-    ask(current, 3000); // nothing is owed any more
-    come("own again", 3001);
-    EXPECT_EQ(seen(3001), "own again");
-}
-
-TEST_F(AnswerBookTest, StillTellsAnAnswerThatWasWrittenOffByTheOneBehindIt)
-{
-    ask(current, 0);
-    ask(voltage, 5000);
-    come("five seconds late", 5010);
-    EXPECT_EQ(seen(5011), "nothing");
-    come("own", 5012);
-    EXPECT_EQ(seen(5012), "own");
-}
-
-TEST_F(AnswerBookTest, ForgetsAWrittenOffAnswerThatComesWhileNothingIsAsked)
-{
-    ask(current, 0);
-    ask(voltage, 2000);
-    come("1", 2001);
-    come("2", 2002);
-    EXPECT_EQ(seen(2002), "2");
-    ask(current, 2100);
-    come("3", 2101);
-    EXPECT_EQ(seen(2101), "3");
-}
-
-TEST_F(AnswerBookTest, CostsOneAnswerMoreWhereTheNextQueryFollowsAMissingOneSoon)
-{
-    ask(current, 0); // lost
-    ask(voltage, 400);
-    come("may be late, may be its own", 401);
-    EXPECT_EQ(seen(800), "nothing");
-    ask(voltage, 2500); // both were written off meanwhile
-    come("own", 2501);
-    EXPECT_EQ(seen(2531), "own");
-}
-
-TEST_F(AnswerBookTest, GivesTheRepeatAfterAMissingAnswerItsOwn)
-{
-    ask(current, 0); // lost
-    ask(current, 400);
-    come("1", 401);
-    EXPECT_EQ(seen(401), "1");
-}
-
-TEST_F(AnswerBookTest, RecoversFromAMissingAnswerInTheMidstOfQueriesThatNeverPause)
-{
-    qint64 now = 0;
-    int blanks = 0;
-    int lastBlank = 0;
-    for (int i = 0; i < 60; ++i, now += 250) {
-        ask(QByteArray("q") + QByteArray::number(i % 7) + '?', now);
-        if (i != 3) // the one that is lost
-            come(QByteArray::number(i), now + 2);
-        const QByteArray answer = seen(now + 50);
-        EXPECT_TRUE(answer == QByteArray::number(i) || answer == "nothing") << i << " got " << answer.toStdString();
-        if (answer == "nothing") {
-            ++blanks;
-            lastBlank = i;
-        }
-    }
-    EXPECT_LE(blanks, 10);
-    EXPECT_LE(lastBlank, 13);
-}
-
-TEST_F(AnswerBookTest, LearnsWhichQueryTheInstrumentNeverAnswers)
-{
-    qint64 now = 0;
-    int blanks = 0;
-    for (int i = 0; i < 120; ++i, now += 250) {
-        ask(i % 3 == 0 ? QByteArray("unknown?") : QByteArray("q") + QByteArray::number(i % 3) + '?', now);
-        if (i % 3 != 0)
-            come(QByteArray::number(i), now + 2);
-        const QByteArray answer = seen(now + 50);
-        EXPECT_TRUE(answer == QByteArray::number(i) || answer == "nothing") << i << " got " << answer.toStdString();
-        blanks += i % 3 != 0 && answer == "nothing";
-    }
-    EXPECT_LE(blanks, 10);
-}
-
-TEST_F(AnswerBookTest, ForgivesAQueryThatWasLostOnceItIsAnswered)
-{
-    for (int i = 0; i < 3; ++i)
-        ask(current, i * 3000); // lost twice, then answered
-    come("1", 6001);
-    EXPECT_EQ(seen(6001 + AnswerBook::settleMs), "1");
-    ask(current, 6100);
-    ask(voltage, 6400); // a query that was lost often would be written off by now
-    come("late", 6450);
-    EXPECT_EQ(seen(6490), "nothing");
-    come("own", 6500);
-    EXPECT_EQ(seen(6500), "own");
-}
-
-TEST_F(AnswerBookTest, IsNotDeceivedByAnInstrumentThatIsSlowerThanTheQueries)
-{
-    // Each answer takes 600 ms, the queries come every 250 ms and never pause.
-    std::vector<std::pair<qint64, QByteArray>> due;
     for (int i = 0; i < 100; ++i) {
-        const qint64 now = 250 * i;
-        qint64 looked = now;
-        const auto takeUntil = [&](qint64 until) {
-            while (!due.empty() && due.front().first <= until) {
-                book.answered(due.front().second, until, looked);
-                due.erase(due.begin());
-            }
-            looked = until;
-        };
-        takeUntil(now);
-        const QByteArray question = QByteArray("q") + QByteArray::number(i % 5) + '?';
-        ask(question, now);
-        due.emplace_back(now + 600, question);
-        for (const int look : {20, 50, 100, 200}) {
-            takeUntil(now + look);
-            const QByteArray answer = seen(now + look);
-            ASSERT_TRUE(answer == "nothing" || answer == question)
-                << question.toStdString() << " got the answer to " << answer.toStdString();
-        }
+        EXPECT_EQ(ask("a?", patience * i), "");
+        come("1");
     }
 }
 
-TEST_F(AnswerBookTest, NeverTakesAnAnswerThatBeganBeforeTheQueryForItsOwn)
+TEST_F(AnswerBookTest, NoMarkerGoesOutBeforeTheIdentityIsKnown)
 {
-    ask(current, 0);
-    ask(current, 400);
-    book.answered("begun at 300, whole at 410", 410, 405, true);
-    EXPECT_EQ(seen(410), "nothing");
-    come("own", 420);
-    EXPECT_EQ(seen(420), "own");
-
-    ask(voltage, 3000);
-    book.answered("begun at 2990", 3010, 3005, true);
-    come("own", 3011);
-    EXPECT_EQ(seen(3011), "own");
+    book = AnswerBook();
+    ask("lost?");
+    EXPECT_EQ(ask("b?", patience), "");
 }
 
-TEST_F(AnswerBookTest, KeepsTheVoicesApart)
+TEST_F(AnswerBookTest, TheAnswerAfterTheMarkersIsCertain)
+{
+    ask("lost?");
+    ask("b?", patience);
+    come(identity);
+    EXPECT_EQ(seen(), "nothing");
+    come("b");
+    EXPECT_EQ(seen(), "b");
+}
+
+TEST_F(AnswerBookTest, ALateAnswerBeforeTheMarkersIsForAnEarlierQuery)
+{
+    ask("a?");
+    ask("b?", patience);
+    come("a");
+    EXPECT_EQ(seen(), "nothing");
+    come("more than was asked");
+    EXPECT_EQ(seen(), "nothing");
+    come(identity);
+    EXPECT_EQ(seen(), "nothing");
+    come("b");
+    EXPECT_EQ(seen(), "b");
+}
+
+TEST_F(AnswerBookTest, QueriesThatGoOutWhileTheMarkerIsOutHaveTheirAnswersAfterIt)
+{
+    ask("lost?");
+    ask("b?", patience);
+    ask("c?", patience + 200);
+    come(identity);
+    come("b");
+    EXPECT_EQ(seen(), "nothing");
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, AMarkerGoesOutAtOnceAfterAQueryThatStayedUnansweredBefore)
+{
+    learnThatLostIsNotAnswered();
+    EXPECT_EQ(ask("lost?", 5000), "");
+    EXPECT_EQ(ask("c?", 5001), "*IDN?");
+    come(identity);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+    EXPECT_EQ(ask("d?", 5002), ""); // c? was answered
+}
+
+TEST_F(AnswerBookTest, AQueryThatIsAnsweredAfterAllIsTrustedAgain)
+{
+    learnThatLostIsNotAnswered();
+    ask("lost?", 5000);
+    come("found");
+    EXPECT_EQ(seen(), "found");
+    ask("lost?", 6000);
+    EXPECT_EQ(ask("c?", 6001), "");
+}
+
+TEST_F(AnswerBookTest, EveryQueryOfADoubtIsSuspectedUntilItIsAnswered)
+{
+    ask("lost?");
+    ask("b?", 200);
+    come("b");
+    ask("c?", patience);
+    come(identity);
+    come("c");
+    ask("b?", 5000);
+    EXPECT_EQ(ask("d?", 5100), "*IDN?");
+    come("b");
+    come(identity);
+    come("d");
+    EXPECT_EQ(seen(), "d");
+    ask("b?", 6000);
+    EXPECT_EQ(ask("d?", 6100), ""); // b? was answered
+}
+
+TEST_F(AnswerBookTest, AMarkerThatIsLateIsAskedForAgainAtEverLongerIntervalsAndCanBeTold)
+{
+    ask("lost?");
+    EXPECT_EQ(ask("b?", 2000), "*IDN?");
+    EXPECT_EQ(ask("c?", 3999), "");
+    EXPECT_EQ(ask("d?", 4000), "*IDN?;*IDN?");
+    EXPECT_EQ(ask("e?", 7999), "");
+    EXPECT_EQ(ask("f?", 8000), "*IDN?;*IDN?;*IDN?");
+    EXPECT_EQ(ask("g?", 15'999), "");
+    EXPECT_EQ(ask("h?", 16'000), "*IDN?;*IDN?;*IDN?;*IDN?");
+    come(identity); // the first
+    for (const char* answer : {"b", "c"})
+        come(answer);
+    EXPECT_EQ(seen(), "nothing");
+    come(identity + ';' + twice); // the third: the second was lost
+    for (const char* answer : {"f", "g"})
+        come(answer);
+    come(twice + ';' + twice);
+    EXPECT_EQ(seen(), "nothing");
+    come("h");
+    EXPECT_EQ(seen(), "h");
+    EXPECT_EQ(ask("i?", 17'000), "");
+}
+
+TEST_F(AnswerBookTest, ALateMarkerIsNotTakenForTheNext)
+{
+    ask("lost?");
+    ask("b?", 2000);
+    ask("c?", 4000);
+    come(identity); // the first
+    come("b");
+    EXPECT_EQ(seen(), "nothing");
+    come(twice);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, AMarkerMayBeAnsweredInLinesOfTheirOwn)
+{
+    ask("lost?");
+    ask("b?", 2000);
+    ask("c?", 4000);
+    come(identity);
+    come("b");
+    come(identity);
+    come(identity);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, ALostMarkerIsNoticedWhereTheNextIsAnsweredInLinesOfTheirOwn)
+{
+    ask("lost?");
+    ask("b?", 2000); // its marker is lost, and b? too
+    ask("c?", 4000);
+    come(identity);
+    come(identity);
+    EXPECT_EQ(seen(), "nothing");
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, AQueryForTheIdentityIsToldFromTheMarker)
+{
+    ask("*idn?");
+    EXPECT_EQ(ask("b?", 2000), "*IDN?;*IDN?");
+    come(identity);
+    EXPECT_EQ(seen(), "nothing");
+    come(twice);
+    come("b");
+    EXPECT_EQ(seen(), "b");
+    ask("*IDN?;*IDN?", 3000);
+    EXPECT_EQ(ask("c?", 5000), "*IDN?;*IDN?;*IDN?");
+    come(twice);
+    come(twice + ';' + identity);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, AMarkerGoesOutBeforeAQueryForTheIdentityWhereAnotherIsUnanswered)
+{
+    EXPECT_EQ(ask("*IDN?"), "");
+    come(identity);
+    EXPECT_EQ(seen(), identity);
+    ask("lost?");
+    EXPECT_EQ(ask("*IDN?", 1), "*IDN?");
+    come(identity);
+    EXPECT_EQ(seen(), "nothing");
+    come(identity);
+    EXPECT_EQ(seen(), identity);
+}
+
+TEST_F(AnswerBookTest, AMarkerGoesOutBeforeAFetchWhereAQueryIsUnanswered)
+{
+    EXPECT_EQ(book.markerBefore("screen?", true, 0), "");
+    ask("lost?");
+    EXPECT_EQ(book.markerBefore("screen?", true, 1), "*IDN?");
+    book.asked(Requester::Control, "screen?", 1);
+    EXPECT_FALSE(book.isNext(Requester::Control));
+    come(identity);
+    EXPECT_TRUE(book.isNext(Requester::Control));
+    EXPECT_FALSE(book.isNext(Requester::Application));
+    come("#10");
+    EXPECT_EQ(book.answer(Requester::Control), "#10");
+    EXPECT_FALSE(book.isNext(Requester::Control));
+}
+
+TEST_F(AnswerBookTest, AMarkerThatEndsACutOffAnswerIsFound)
+{
+    ask("lost?");
+    ask("b?", 2000);
+    book.answered("1.0,2." + identity, false);
+    come("b");
+    EXPECT_EQ(seen(), "b");
+}
+
+TEST_F(AnswerBookTest, AnIdentityIsAnAnswerLikeAnyOtherWhileNoMarkerIsOut)
+{
+    ask(":SYST:NAME?");
+    come(identity);
+    EXPECT_EQ(seen(), identity);
+}
+
+TEST_F(AnswerBookTest, AnAnswerThatIsNotWholeIsNotGivenButCounts)
+{
+    ask("a?");
+    book.answered("1.2.", false);
+    EXPECT_EQ(seen(), "nothing");
+    EXPECT_FALSE(book.awaits(Requester::Application));
+    ask("b?", 10);
+    come("b");
+    EXPECT_EQ(seen(), "b");
+}
+
+TEST_F(AnswerBookTest, EverythingIsPassedOverUntilAMarkerEndsTheDistrust)
+{
+    ask("a?");
+    come("1");
+    book.distrust();
+    come("excess");
+    EXPECT_EQ(seen(), "1");
+    EXPECT_EQ(ask("b?", 1), "*IDN?");
+    come("more");
+    EXPECT_EQ(seen(), "nothing");
+    come(identity);
+    come("b");
+    EXPECT_EQ(seen(), "b");
+    EXPECT_EQ(ask("c?", 2), "");
+}
+
+TEST_F(AnswerBookTest, ADistrustLastsUntilTheLastMarkerHasCome)
+{
+    ask("lost?");
+    ask("b?", 2000);
+    book.distrust();
+    ask("c?", 4000);
+    come(identity);
+    come("of which query?");
+    EXPECT_EQ(seen(), "nothing");
+    come(twice);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+}
+
+TEST_F(AnswerBookTest, EachRequesterHasItsOwnAnswer)
 {
     book.asked(Requester::Control, "*OPT?", 0);
-    come("K11", 1);
-    book.asked(Requester::Application, current, 2);
-    come("1", 3);
+    come("K11");
+    ask("a?", 2);
+    come("1");
     EXPECT_EQ(book.answer(Requester::Control), "K11");
-    EXPECT_EQ(book.answer(Requester::Application), "1");
-
+    EXPECT_EQ(seen(), "1");
     book.asked(Requester::Control, "*OPT?", 10);
-    book.asked(Requester::Application, voltage, 11);
-    come("K11", 12);
-    come("2", 13);
-    EXPECT_EQ(book.answer(Requester::Application), "2");
+    ask("b?", 11);
+    EXPECT_EQ(book.askedAt(Requester::Control), 10);
+    EXPECT_EQ(book.askedAt(Requester::Application), 11);
+    come("K11");
+    come("2");
+    EXPECT_EQ(book.answer(Requester::Control), std::nullopt);
+    EXPECT_EQ(seen(), "2");
 }
 
-TEST_F(AnswerBookTest, AnswersBothVoicesThatAskTheSame)
+TEST_F(AnswerBookTest, BothRequestersThatAskTheSameGetTheAnswer)
 {
-    book.asked(Requester::Control, current, 0);
-    book.asked(Requester::Application, current, 1);
-    come("1", 2);
-    come("2", 3);
+    book.asked(Requester::Control, "a?", 0);
+    ask("a?", 1);
+    come("1");
+    come("2");
     EXPECT_EQ(book.answer(Requester::Control), "1");
-    EXPECT_EQ(book.answer(Requester::Application), "1");
+    EXPECT_EQ(seen(), "1");
 }
 
-TEST_F(AnswerBookTest, HandsNothingOutToAQueryThatWasGivenUp)
+TEST_F(AnswerBookTest, ARequesterThatGaveUpGetsNoAnswer)
 {
     book.asked(Requester::Control, "screen?", 0);
     book.abandon(Requester::Control);
     EXPECT_FALSE(book.awaits(Requester::Control));
-    come("#15hello", 1);
+    come("#15hello");
     EXPECT_EQ(book.answer(Requester::Control), std::nullopt);
+    ask("screen?", 1);
+    come("#10");
+    EXPECT_EQ(book.answer(Requester::Control), std::nullopt);
+    EXPECT_EQ(seen(), "#10");
 }
 
-TEST_F(AnswerBookTest, OwesNothingWhenItIsKnownThatNothingIsComing)
+TEST_F(AnswerBookTest, NothingIsDueWhereItIsKnownThatNothingIsComing)
 {
-    ask(current, 0);
+    ask("a?");
+    book.distrust();
     book.nothingIsComing();
     EXPECT_FALSE(book.awaits(Requester::Application));
-    ask(voltage, 100);
-    come("own", 101);
-    EXPECT_EQ(seen(101), "own");
+    EXPECT_EQ(ask("b?", 5000), "");
+    come("b");
+    EXPECT_EQ(seen(), "b");
 }
 
-TEST_F(AnswerBookTest, KnowsWhenTheLineIsQuiet)
+TEST_F(AnswerBookTest, TheLineIsQuietWithoutAnOpenQueryOrTwoSecondsAfterTheLast)
 {
     EXPECT_TRUE(book.isQuiet(0));
-    ask(current, 0);
-    EXPECT_FALSE(book.isQuiet(AnswerBook::patienceMs - 1));
-    EXPECT_TRUE(book.isQuiet(AnswerBook::patienceMs));
-    come("1", 2100);
-    EXPECT_TRUE(book.isQuiet(2100));
+    ask("lost?");
+    ask("b?", 1000);
+    EXPECT_FALSE(book.isQuiet(1000 + patience - 1));
+    EXPECT_TRUE(book.isQuiet(1000 + patience));
+    ask("c?", 5000);
+    come(identity);
+    EXPECT_FALSE(book.isQuiet(5000));
+    come("c");
+    EXPECT_TRUE(book.isQuiet(5000));
 }
 
-TEST_F(AnswerBookTest, NeverMixesTheAnswersOfAnInstrumentThatAnswersInOrderWithinItsPatience)
+TEST_F(AnswerBookTest, NoMoreQueriesGoOutWhileTooManyAreUnanswered)
 {
-    for (unsigned seed = 0; seed < 200; ++seed) {
-        book = {};
-        std::mt19937 random(seed);
-        std::vector<std::pair<qint64, QByteArray>> due;
-        qint64 now = 0;
-        qint64 lastAnswer = 0;
-        qint64 looked = 0;
-        for (int i = 0; i < 200; ++i) {
-            const qint64 next = now + 20 + random() % 700;
-            const QByteArray question = QByteArray("q") + QByteArray::number(random() % 4) + '?';
-            ask(question, now);
-            // Late now and then, by less than two seconds.
-            lastAnswer = std::max<qint64>(lastAnswer, now + (random() % 5 == 0 ? random() % 1900 : random() % 20));
-            due.emplace_back(lastAnswer, question);
-            while (!due.empty() && due.front().first <= next) {
-                now = due.front().first;
-                book.answered(due.front().second, now, looked);
-                looked = now;
-                due.erase(due.begin());
-                const QByteArray answer = seen(now);
-                ASSERT_TRUE(answer == "nothing" || answer == question) << "seed " << seed << ", query " << i;
-            }
-            const QByteArray answer = seen(next);
-            ASSERT_TRUE(answer == "nothing" || answer == question) << "seed " << seed << ", query " << i;
-            now = looked = next;
-        }
-    }
+    for (std::size_t i = 0; i < AnswerBook::mostOpen; ++i)
+        EXPECT_TRUE(book.asked(Requester::Application, "a?", 0));
+    EXPECT_FALSE(book.asked(Requester::Application, "b?", 0));
+    EXPECT_EQ(seen(), "nothing");
+    EXPECT_EQ(book.markerBefore("c?", false, patience), "*IDN?");
+    come(identity);
+    EXPECT_TRUE(book.asked(Requester::Application, "c?", patience));
+    come("c");
+    EXPECT_EQ(seen(), "c");
 }
 
 } // namespace orb

@@ -15,16 +15,16 @@ using testing::IsEmpty;
 using Stage = InstrumentLink::Stage;
 } // namespace
 
-class ConnectionTest : public testing::Test {
+class InstrumentLinkTest : public testing::Test {
 protected:
-    void start() { connection.start(std::make_unique<ScriptedTransport>(line)); }
+    void start() { link.start(std::make_unique<ScriptedTransport>(line)); }
     /// Steps every 20 ms, as the control's timer does.
     void stepFor(int ms)
     {
-        connection.step(true);
-        for (int passed = 0; passed < ms && connection.isConnecting(); passed += 20) {
+        link.step(true);
+        for (int passed = 0; passed < ms && link.isConnecting(); passed += 20) {
             clock.sleep(20);
-            connection.step(true);
+            link.step(true);
         }
     }
     /// The far end answers these queries.
@@ -35,85 +35,85 @@ protected:
                 line.say(found->second, ms);
         };
     }
-    QString words() const { return linkStatus(connection, QStringLiteral("load:5025")).text; }
-    Tone tone() const { return linkStatus(connection, QStringLiteral("load:5025")).tone; }
+    QString statusText() const { return linkStatus(link, QStringLiteral("load:5025")).text; }
+    Tone tone() const { return linkStatus(link, QStringLiteral("load:5025")).tone; }
 
     RecordedExit processExit;
     orb::Run run{processExit};
     VirtualClock clock{run};
     ScriptedLine line{clock};
-    InstrumentLink connection{clock};
+    InstrumentLink link{clock};
     const QByteArray identity = "ZN,ORB3000,0001,1.0\n";
 };
 
-TEST_F(ConnectionTest, GoesUpThroughItsStages)
+TEST_F(InstrumentLinkTest, ALinkGoesUpThroughItsStages)
 {
     line.opensAfter = 100;
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "4\r\n"}}, 30);
-    EXPECT_EQ(words(), "Not connected. Choose the link and press Connect.");
+    EXPECT_EQ(statusText(), "Not connected. Choose the link and press Connect.");
     start();
-    connection.step(true);
-    EXPECT_EQ(words(), "Connecting to load:5025...");
+    link.step(true);
+    EXPECT_EQ(statusText(), "Connecting to load:5025...");
     EXPECT_EQ(tone(), Tone::Busy);
     clock.sleep(100);
-    connection.step(true);
-    EXPECT_EQ(words(), "load:5025 took the connection. Asking what it is...");
+    link.step(true);
+    EXPECT_EQ(statusText(), "load:5025 took the connection. Asking what it is...");
     clock.sleep(30);
-    connection.step(true);
-    EXPECT_EQ(words(), "load:5025 is an instrument. Asking for its channels...");
-    EXPECT_EQ(connection.session(), nullptr);
-    EXPECT_FALSE(connection.isUp());
+    link.step(true);
+    EXPECT_EQ(statusText(), "load:5025 is an instrument. Asking for its channels...");
+    EXPECT_EQ(link.session(), nullptr);
+    EXPECT_FALSE(link.isUp());
     clock.sleep(30);
-    connection.step(true);
-    EXPECT_EQ(words(), "Connected to load:5025.");
+    link.step(true);
+    EXPECT_EQ(statusText(), "Connected to load:5025.");
     EXPECT_EQ(tone(), Tone::Good);
-    EXPECT_TRUE(connection.isUp());
-    EXPECT_EQ(connection.channelCount(), 4);
-    EXPECT_EQ(connection.identity().model, "ORB3000");
+    EXPECT_TRUE(link.isUp());
+    EXPECT_EQ(link.channelCount(), 4);
+    EXPECT_EQ(link.identity().model, "ORB3000");
     EXPECT_THAT(line.sent, ElementsAre("*IDN?", ":CHAN:COUN?"));
 }
 
-TEST_F(ConnectionTest, GoesUpInOneStepWhereEverythingIsThereAtOnce)
+TEST_F(InstrumentLinkTest, ALinkGoesUpInOneStepWhereEverythingIsThereAtOnce)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "8\n"}});
     start();
-    connection.step(true);
-    EXPECT_TRUE(connection.isUp());
+    link.step(true);
+    EXPECT_TRUE(link.isUp());
 }
 
-TEST_F(ConnectionTest, CountsTheReadingsWhereTheInstrumentDoesNotTellItsChannels)
+TEST_F(InstrumentLinkTest, TheReadingsAreCountedWhereTheInstrumentDoesNotGiveItsNumberOfChannels)
 {
     answer({{"*IDN?", identity}, {":FETC:ALLC?", "0.1,0.2,0.3,\n"}});
     start();
     stepFor(10'000);
-    EXPECT_EQ(connection.channelCount(), 3);
-    EXPECT_THAT(line.sent, ElementsAre("*IDN?", ":CHAN:COUN?", ":FETC:ALLC?"));
+    EXPECT_EQ(link.channelCount(), 3);
+    EXPECT_THAT(line.sent, ElementsAre("*IDN?", ":CHAN:COUN?", "*IDN?", ":FETC:ALLC?")); // the second is a marker
 }
 
-TEST_F(ConnectionTest, CountsTheReadingsWhereTheNumberOfChannelsMakesNoSense)
+TEST_F(InstrumentLinkTest, TheReadingsAreCountedWhereTheNumberOfChannelsMakesNoSense)
 {
     for (const QByteArray count : {"0\n", "-1\n", "9\n", "many\n", "\n"}) {
         answer({{"*IDN?", identity}, {":CHAN:COUN?", count}, {":FETC:ALLC?", "0.1,0.2,\n"}});
         start();
         stepFor(10'000);
-        EXPECT_EQ(connection.channelCount(), 2) << count.toStdString();
+        EXPECT_EQ(link.channelCount(), 2) << count.toStdString();
     }
     answer({{"*IDN?", identity}, {":FETC:ALLC?", "1,2,3,4,5,6,7,8,9,10,\n"}});
     start();
     stepFor(10'000);
-    EXPECT_EQ(connection.channelCount(), 8);
+    EXPECT_EQ(link.channelCount(), 8);
 }
 
-TEST_F(ConnectionTest, TakesAnInstrumentThatTellsNothingForOneOfOneChannel)
+TEST_F(InstrumentLinkTest, AnInstrumentThatGivesNeitherHasOneChannel)
 {
     answer({{"*IDN?", identity}});
     start();
     stepFor(10'000);
-    EXPECT_TRUE(connection.isUp());
-    EXPECT_EQ(connection.channelCount(), 1);
+    EXPECT_TRUE(link.isUp());
+    EXPECT_EQ(link.channelCount(), 1);
 }
 
-TEST_F(ConnectionTest, TellsWhatFailedInTheTransport)
+TEST_F(InstrumentLinkTest, AFailureOfTheTransportHasItsOwnText)
 {
     const std::vector<std::pair<LinkError, QString>> cases{
         {LinkError::Refused,
@@ -127,187 +127,188 @@ TEST_F(ConnectionTest, TellsWhatFailedInTheTransport)
         line.openError = error;
         start();
         stepFor(100);
-        EXPECT_EQ(words(), expected);
+        EXPECT_EQ(statusText(), expected);
         EXPECT_EQ(tone(), Tone::Bad);
     }
 }
 
-TEST_F(ConnectionTest, EndsWhenNobodyAnswersWithinTheLimit)
+TEST_F(InstrumentLinkTest, ConnectingEndsWhenNobodyAnswersWithinTheLimit)
 {
     line.opensAfter = std::nullopt;
     start();
     stepFor(60'000);
-    EXPECT_EQ(words(), "load:5025 did not answer within 5 seconds. Is it switched on, and is this its address?");
+    EXPECT_EQ(statusText(), "load:5025 did not answer within 5 seconds. Is it switched on, and is this its address?");
     EXPECT_EQ(clock.elapsed(), 5000);
 }
 
-TEST_F(ConnectionTest, TellsASilentPeerFromOneThatDoesNotAnswerAtAll)
+TEST_F(InstrumentLinkTest, ASilentRemoteEndHasItsOwnText)
 {
     start();
     stepFor(60'000);
-    EXPECT_EQ(words(),
+    EXPECT_EQ(statusText(),
               "load:5025 took the connection, but did not answer *IDN? within 2 seconds. Is it an instrument?");
     EXPECT_EQ(clock.elapsed(), 2000);
 }
 
-TEST_F(ConnectionTest, QuotesAPeerThatIsNoInstrument)
+TEST_F(InstrumentLinkTest, WhatIsNoInstrumentIsQuoted)
 {
     line.onLine = [this](const QByteArray&) { line.say("SSH-2.0-\x1b[2J%1 server\r\n"); };
     start();
     stepFor(60'000);
-    EXPECT_EQ(words(), "load:5025 answered, but not as an instrument does. It said: \"SSH-2.0- [2J%1 server\"");
+    EXPECT_EQ(statusText(), "load:5025 answered, but not as an instrument does. It said: \"SSH-2.0- [2J%1 server\"");
 }
 
-TEST_F(ConnectionTest, QuotesAPeerThatNeverEndsItsLine)
+TEST_F(InstrumentLinkTest, ALineThatNeverEndsIsQuoted)
 {
     line.onLine = [this](const QByteArray&) { line.say("\xff\xfblogin: "); };
     start();
     stepFor(60'000);
-    EXPECT_EQ(connection.end(), InstrumentLink::End::NoInstrument);
-    EXPECT_TRUE(connection.rejectedText().endsWith(QStringLiteral("login:")));
+    EXPECT_EQ(link.end(), InstrumentLink::End::NoInstrument);
+    EXPECT_TRUE(link.rejectedText().endsWith(QStringLiteral("login:")));
 }
 
-TEST_F(ConnectionTest, QuotesAPeerThatGreetsAndThenKeepsSilent)
+TEST_F(InstrumentLinkTest, AGreetingThatNothingFollowsIsQuoted)
 {
     line.say("SSH-2.0-server\r\n");
     start();
     stepFor(60'000);
-    EXPECT_EQ(words(), "load:5025 answered, but not as an instrument does. It said: \"SSH-2.0-server\"");
+    EXPECT_EQ(statusText(), "load:5025 answered, but not as an instrument does. It said: \"SSH-2.0-server\"");
 }
 
-TEST_F(ConnectionTest, HasNothingToQuoteOfAnAnswerThatIsTooLong)
+TEST_F(InstrumentLinkTest, AnAnswerThatIsTooLongIsNotQuotedButNamed)
 {
     line.onLine = [this](const QByteArray&) { line.say(QByteArray(200'000, 'x') + '\n'); };
     start();
     stepFor(60'000);
-    EXPECT_EQ(words(), "load:5025 answered, but not as an instrument does.");
+    EXPECT_EQ(statusText(),
+              "load:5025 answered, but not as an instrument does. It said: \"(an answer of more than 64 KiB)\"");
 }
 
-TEST_F(ConnectionTest, HearsTheIdentityBehindAGreeting)
+TEST_F(InstrumentLinkTest, TheIdentityMayFollowAGreeting)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}}, 10);
-    line.say("Welcome to the load!\n", 5);
+    line.say("Welcome to the load!\nlast login: today\n", 5);
     start();
     stepFor(10'000);
-    EXPECT_TRUE(connection.isUp());
-    EXPECT_EQ(connection.channelCount(), 2);
+    EXPECT_TRUE(link.isUp());
+    EXPECT_EQ(link.channelCount(), 2);
 }
 
-TEST_F(ConnectionTest, TellsAPeerThatClosesBeforeItIsKnown)
+TEST_F(InstrumentLinkTest, ACloseBeforeTheIdentityHasItsOwnText)
 {
     line.onLine = [this](const QByteArray&) { line.close(10); };
     start();
     stepFor(10'000);
-    EXPECT_EQ(words(), "load:5025 closed the connection before it had said what it is.");
+    EXPECT_EQ(statusText(), "load:5025 closed the connection before it had said what it is.");
 }
 
-TEST_F(ConnectionTest, TellsAnInstrumentThatClosesLater)
+TEST_F(InstrumentLinkTest, AnInstrumentThatClosesTheLinkIsNoticed)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}});
     start();
     stepFor(100);
-    ASSERT_TRUE(connection.isUp());
+    ASSERT_TRUE(link.isUp());
     line.close();
-    EXPECT_FALSE(connection.isUp());
-    EXPECT_EQ(words(), "load:5025 closed the link.");
-    EXPECT_EQ(connection.channelCount(), 0);
-    EXPECT_EQ(connection.session(), nullptr);
+    EXPECT_FALSE(link.isUp());
+    EXPECT_EQ(statusText(), "load:5025 closed the link.");
+    EXPECT_EQ(link.channelCount(), 0);
+    EXPECT_EQ(link.session(), nullptr);
 }
 
-TEST_F(ConnectionTest, EndsAtACancelInEveryStage)
+TEST_F(InstrumentLinkTest, ACancelEndsEveryStage)
 {
     line.opensAfter = 100;
     start();
-    connection.step(true);
-    connection.drop();
-    EXPECT_EQ(words(), "Connecting was cancelled.");
+    link.step(true);
+    link.drop();
+    EXPECT_EQ(statusText(), "Connecting was cancelled.");
 
     start();
     stepFor(200); // asks what it is, and gets no answer
-    EXPECT_EQ(connection.stage(), Stage::Identifying);
-    connection.drop();
-    EXPECT_EQ(connection.stage(), Stage::Down);
-    connection.step(true);
-    EXPECT_EQ(connection.stage(), Stage::Down);
-    EXPECT_EQ(words(), "Connecting was cancelled.");
+    EXPECT_EQ(link.stage(), Stage::Identifying);
+    link.drop();
+    EXPECT_EQ(link.stage(), Stage::Down);
+    link.step(true);
+    EXPECT_EQ(link.stage(), Stage::Down);
+    EXPECT_EQ(statusText(), "Connecting was cancelled.");
 }
 
-TEST_F(ConnectionTest, EndsWhenItIsDropped)
+TEST_F(InstrumentLinkTest, ADroppedLinkIsDisconnected)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}});
     start();
     stepFor(100);
-    connection.drop();
-    EXPECT_FALSE(connection.isUp());
-    EXPECT_EQ(words(), "Disconnected.");
-    connection.drop();
-    EXPECT_EQ(words(), "Disconnected.");
+    link.drop();
+    EXPECT_FALSE(link.isUp());
+    EXPECT_EQ(statusText(), "Disconnected.");
+    link.drop();
+    EXPECT_EQ(statusText(), "Disconnected.");
 }
 
-TEST_F(ConnectionTest, SendsNothingWhileItMayNot)
+TEST_F(InstrumentLinkTest, NothingIsSentWhileItMayNot)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}}, 10);
     start();
     for (int i = 0; i < 1000; ++i) {
-        connection.step(false);
+        link.step(false);
         clock.sleep(20);
     }
     EXPECT_THAT(line.sent, IsEmpty());
-    EXPECT_EQ(connection.stage(), Stage::Identifying); // the limit has not begun
-    connection.step(true);
+    EXPECT_EQ(link.stage(), Stage::Identifying); // the limit has not begun
+    link.step(true);
     EXPECT_THAT(line.sent, ElementsAre("*IDN?"));
     clock.sleep(20);
-    connection.step(false); // the answer is taken, and that is all
-    EXPECT_EQ(connection.stage(), Stage::Sizing);
+    link.step(false); // the answer is taken, and that is all
+    EXPECT_EQ(link.stage(), Stage::Sizing);
     EXPECT_THAT(line.sent, ElementsAre("*IDN?"));
     stepFor(100);
-    EXPECT_TRUE(connection.isUp());
+    EXPECT_TRUE(link.isUp());
 }
 
-TEST_F(ConnectionTest, NoticesAPeerThatClosesWhileItMayNotSend)
+TEST_F(InstrumentLinkTest, ACloseIsNoticedWhileNothingMayBeSent)
 {
     start();
-    connection.step(false);
+    link.step(false);
     line.close();
-    connection.step(false);
-    EXPECT_EQ(connection.stage(), Stage::Down);
+    link.step(false);
+    EXPECT_EQ(link.stage(), Stage::Down);
 }
 
-TEST_F(ConnectionTest, BlocksUntilItIsUp)
+TEST_F(InstrumentLinkTest, ABlockingStartReturnsWhenTheLinkIsUp)
 {
     line.opensAfter = 300;
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}}, 200);
-    EXPECT_TRUE(connection.startAndWait(std::make_unique<ScriptedTransport>(line)));
+    EXPECT_TRUE(link.startAndWait(std::make_unique<ScriptedTransport>(line)));
     EXPECT_EQ(clock.elapsed(), 700);
-    EXPECT_TRUE(connection.isUp());
+    EXPECT_TRUE(link.isUp());
 }
 
-TEST_F(ConnectionTest, BlocksNoLongerThanItsLimits)
+TEST_F(InstrumentLinkTest, ABlockingStartTakesNoLongerThanItsLimits)
 {
     line.opensAfter = std::nullopt;
-    EXPECT_FALSE(connection.startAndWait(std::make_unique<ScriptedTransport>(line)));
+    EXPECT_FALSE(link.startAndWait(std::make_unique<ScriptedTransport>(line)));
     EXPECT_EQ(clock.elapsed(), 5000);
-    EXPECT_EQ(connection.error(), LinkError::TimedOut);
+    EXPECT_EQ(link.error(), LinkError::TimedOut);
 
     line.opensAfter = 0;
-    EXPECT_FALSE(connection.startAndWait(std::make_unique<ScriptedTransport>(line)));
+    EXPECT_FALSE(link.startAndWait(std::make_unique<ScriptedTransport>(line)));
     EXPECT_EQ(clock.elapsed(), 7000);
-    EXPECT_EQ(connection.end(), InstrumentLink::End::Silent);
+    EXPECT_EQ(link.end(), InstrumentLink::End::Silent);
 }
 
-TEST_F(ConnectionTest, BeginsANewLinkWithNothingOfTheOld)
+TEST_F(InstrumentLinkTest, ANewLinkHasNothingOfTheOld)
 {
     answer({{"*IDN?", identity}, {":CHAN:COUN?", "2\n"}, {"a?", "old\n"}});
     start();
     stepFor(100);
-    connection.session()->send(Requester::Application, "a?");
-    connection.session()->poll();
-    EXPECT_EQ(connection.session()->answer(Requester::Application), "old");
-    connection.drop();
-    EXPECT_EQ(connection.lastSession()->answer(Requester::Application), "old");
+    link.session()->send(Requester::Application, "a?");
+    link.session()->poll();
+    EXPECT_EQ(link.session()->answer(Requester::Application), "old");
+    link.drop();
+    EXPECT_EQ(link.lastSession()->answer(Requester::Application), "old");
     start();
     stepFor(100);
-    EXPECT_EQ(connection.session()->answer(Requester::Application), std::nullopt);
+    EXPECT_EQ(link.session()->answer(Requester::Application), std::nullopt);
     EXPECT_EQ(line.openings, 2);
 }
 

@@ -95,6 +95,7 @@ public:
 
     QByteArray read() override
     {
+
         QByteArray bytes;
         auto& arrivals = line_.arrivals;
         while (!arrivals.empty() && arrivals.begin()->first <= line_.clock.elapsed()) {

@@ -1,88 +1,96 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "recorded_exit.h"
-#include "scripted_line.h"
-#include "session.h"
-#include "virtual_clock.h"
-
-#include <gmock/gmock.h>
+#include "session_fixture.h"
 
 #include <random>
 
 namespace orb {
 
 namespace {
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
+
+/// A remote end that never stops sending.
+struct Flood final : Transport {
+    Flood(Clock& theClock, const QByteArray& theLine) : clock(theClock), line(theLine) {}
+
+    void begin() override {}
+    bool open(int) override { return true; }
+    void close() override {}
+    State state() override { return State::Open; }
+    LinkError error() const override { return LinkError::None; }
+    bool write(const QByteArray&) override { return true; }
+    bool flush(int) override { return true; }
+    QByteArray read() override
+    {
+        ++reads;
+        if (msARead > 0)
+            clock.sleep(msARead);
+        return line.repeated(longestRead / line.size());
+    }
+    bool waitReadable(int) override { return true; }
+
+    Clock& clock;
+    QByteArray line;
+    int msARead = 0;
+    int reads = 0;
+};
 } // namespace
 
-class SessionTest : public testing::Test {
-protected:
-    SessionTest() { transport.open(100); }
-
-    bool send(const QByteArray& text) { return session.send(Requester::Application, text); }
-    /// What the application would read now.
-    QByteArray reply() { return session.awaitAnswer(Requester::Application, 50).value_or("nothing"); }
-    /// Each query is answered with its own text and a number that counts up, `ms` later.
-    void echo(int ms)
-    {
-        line.onLine = [this, ms](const QByteArray& text) {
-            if (isQuery(text))
-                line.say(text + " #" + QByteArray::number(++answers) + '\n', ms);
-        };
-    }
-
-    RecordedExit processExit;
-    orb::Run run{processExit};
-    VirtualClock clock{run};
-    ScriptedLine line{clock};
-    ScriptedTransport transport{line};
-    Session session{clock, transport};
-    int answers = 0;
-};
-
-TEST_F(SessionTest, SendsALineAndReadsItsAnswer)
+TEST_F(SessionTest, ALineGoesOutAndItsAnswerCanBeReadAgainAndAgain)
 {
     echo(1);
-    EXPECT_TRUE(send("*IDN?"));
-    EXPECT_EQ(reply(), "*IDN? #1");
-    EXPECT_EQ(reply(), "*IDN? #1");
-    EXPECT_THAT(line.sent, ElementsAre("*IDN?"));
+    EXPECT_TRUE(send("a?"));
+    EXPECT_EQ(reply(), "a? #1");
+    EXPECT_EQ(reply(), "a? #1");
+    EXPECT_THAT(line.sent, ElementsAre("a?"));
 }
 
-TEST_F(SessionTest, ReadsNothingBehindACommandThatAsksNothing)
+TEST_F(SessionTest, ACommandThatAsksNothingLeavesTheLastAnswer)
 {
     echo(0);
-    send(":CURR 5");
-    EXPECT_EQ(reply(), "nothing");
-    send("*IDN?");
-    EXPECT_EQ(reply(), "*IDN? #1");
-    send(":CURR 6"); // the answer to the last query stays
-    EXPECT_EQ(reply(), "*IDN? #1");
+    EXPECT_EQ(ask(":CURR 5"), "nothing");
+    EXPECT_EQ(ask("a?"), "a? #1");
+    EXPECT_EQ(ask(":CURR 6"), "a? #1");
 }
 
-TEST_F(SessionTest, WaitsForAnAnswerThatIsUnderWay)
+TEST_F(SessionTest, ANewQueryMakesTheAnswerEmptyUntilItsOwnHasCome)
+{
+    echo(60);
+    EXPECT_EQ(ask("a?"), "nothing");
+    clock.sleep(10);
+    EXPECT_EQ(reply(), "a? #1");
+    EXPECT_EQ(ask("b?"), "nothing");
+}
+
+TEST_F(SessionTest, ASendNeverWaits)
+{
+    for (int i = 0; i < 20; ++i)
+        send("lost" + QByteArray::number(i) + '?');
+    EXPECT_EQ(clock.elapsed(), 0);
+}
+
+TEST_F(SessionTest, AnAnswerThatIsUnderWayIsWaitedFor)
 {
     echo(49);
-    send("a?");
-    EXPECT_EQ(reply(), "a? #1");
+    EXPECT_EQ(ask("a?"), "a? #1");
     EXPECT_THAT(clock.sleeps, ElementsAre(49));
 }
 
-TEST_F(SessionTest, WaitsNoLongerThanItIsTold)
+TEST_F(SessionTest, TheWaitEndsAtItsLimit)
 {
     echo(51);
-    send("a?");
-    EXPECT_EQ(reply(), "nothing");
+    EXPECT_EQ(ask("a?"), "nothing");
     EXPECT_EQ(clock.elapsed(), 50);
     clock.sleep(1);
     EXPECT_EQ(reply(), "a? #1");
 }
 
-TEST_F(SessionTest, DoesNotWaitWhenNoAnswerIsUnderWay)
+TEST_F(SessionTest, NothingIsWaitedForWhenNoAnswerIsUnderWay)
 {
-    EXPECT_EQ(reply(), "nothing"); // nothing was asked
-    send(":CURR 5");
-    EXPECT_EQ(reply(), "nothing"); // this asks nothing
+    EXPECT_EQ(reply(), "nothing");        // nothing was asked
+    EXPECT_EQ(ask(":CURR 5"), "nothing"); // this asks nothing
     send("a?");
     clock.sleep(100);
     clock.sleeps.clear();
@@ -90,7 +98,7 @@ TEST_F(SessionTest, DoesNotWaitWhenNoAnswerIsUnderWay)
     EXPECT_THAT(clock.sleeps, IsEmpty());
 }
 
-TEST_F(SessionTest, PutsASplitAnswerTogether)
+TEST_F(SessionTest, APartThatIsInIsWaitedFor)
 {
     send("a?");
     for (int i = 0; i < 5; ++i)
@@ -99,127 +107,112 @@ TEST_F(SessionTest, PutsASplitAnswerTogether)
     EXPECT_EQ(reply(), "nothing");
     clock.sleep(10); // 60: a part is in and the rest may come at any moment
     EXPECT_EQ(reply(), "0,1,2,3,4,5");
+    EXPECT_EQ(clock.elapsed(), 90);
 }
 
-TEST_F(SessionTest, GivesALateAnswerToNobodyAndTheNextQueryItsOwn)
+TEST_F(SessionTest, APartThatIsFoundLateIsWaitedFor)
 {
-    line.onLine = [this](const QByteArray& text) { line.say(text + "!\n", text == "a?" ? 450 : 60); };
     send("a?");
-    clock.sleep(400);
-    EXPECT_EQ(reply(), "nothing");
-    send("b?");
-    clock.sleep(51);
-    EXPECT_EQ(reply(), "nothing"); // the answer to a? is in, and b? is not answered
-    clock.sleep(10);
-    EXPECT_EQ(reply(), "b?!");
+    line.say("1.", 200);
+    line.say("5\n", 290);
+    clock.sleep(250);
+    EXPECT_EQ(reply(), "1.5");
+    EXPECT_EQ(clock.elapsed(), 290);
 }
 
-TEST_F(SessionTest, GivesTheNextQueryItsOwnWhenBothAnswersComeAtOnce)
+TEST_F(SessionTest, APartThatDoesNotGrowIsWaitedForNoLongerThanTheLimit)
 {
-    QByteArray held;
-    line.onLine = [this, &held](const QByteArray& text) {
-        if (text == "a?")
-            held = text + "!\n";
-        else
-            line.say(held + text + "!\n", 1);
-    };
     send("a?");
-    clock.sleep(400);
-    send("b?");
-    EXPECT_EQ(reply(), "b?!");
-}
-
-TEST_F(SessionTest, AnswersTheRepeatOfAQueryWhoseAnswerWasLost)
-{
-    send("a?"); // lost
-    clock.sleep(400);
-    EXPECT_EQ(reply(), "nothing");
-    echo(2);
-    send("a?");
+    line.say("1.", 5);
     clock.sleep(100);
-    EXPECT_EQ(reply(), "a? #1");
+    EXPECT_EQ(reply(), "nothing");
+    EXPECT_EQ(clock.elapsed(), 150);
+    clock.sleep(100);
+    EXPECT_EQ(reply(), "nothing");
+    EXPECT_EQ(clock.elapsed(), 250); // it is not waited for again
 }
 
-TEST_F(SessionTest, IsInStepAgainAfterALostAnswerAndAPause)
+TEST_F(SessionTest, TheTailOfAStalledAnswerIsNoAnswer)
 {
-    send("a?"); // lost
-    clock.sleep(2000);
-    echo(2);
-    send("b?");
-    EXPECT_EQ(reply(), "b? #1");
-    send("c?");
-    EXPECT_EQ(reply(), "c? #2");
+    for (const char* next : {"b?", "a?"}) { // the same query too, so that the text does not tell them apart
+        send("a?");
+        line.say("1.0,2.", 5);
+        clock.sleep(1500);
+        send(next);
+        line.say("5,6.5,\n", 10);
+        line.say("7.0,8.0,\n", 20);
+        EXPECT_EQ(reply(), "7.0,8.0,");
+        clock.sleep(100);
+    }
 }
 
-TEST_F(SessionTest, GivesGarbageToItsQueryAlone)
+TEST_F(SessionTest, AnAnswerThatContinuesATruncatedOneIsNoAnswer)
+{
+    send("a?");
+    line.say("1.0,2.", 5);
+    clock.sleep(400);
+    send("a?");
+    line.say("3.0,4.0,\n", 5);
+    EXPECT_EQ(reply(), "nothing");
+    clock.sleep(400);
+    send("a?");
+    line.say("5.0,6.0,\n", 5);
+    EXPECT_EQ(reply(), "5.0,6.0,");
+}
+
+TEST_F(SessionTest, AMarkerThatContinuesATruncatedAnswerStillTellsThePlace)
+{
+    send("a?");
+    line.say("1.0,2.", 5);
+    clock.sleep(2000);
+    echo(5);
+    EXPECT_EQ(ask("b?"), "b? #1");
+    EXPECT_THAT(line.sent, ElementsAre("a?", "*IDN?", "b?"));
+}
+
+TEST_F(SessionTest, GarbageIsGivenToItsQueryAlone)
 {
     send("a?");
     line.say("\xff\x80\x01garbage\nmore\n\n\r\n", 5);
     EXPECT_EQ(reply(), "\xff\x80\x01garbage");
     echo(5);
-    send("b?");
-    EXPECT_EQ(reply(), "b? #1");
+    EXPECT_EQ(ask("b?"), "b? #1");
 }
 
-TEST_F(SessionTest, DropsAPartThatNeverBecomesAnAnswer)
-{
-    send("a?");
-    line.say("garbage with no end", 5);
-    clock.sleep(10);
-    EXPECT_EQ(reply(), "nothing");
-    clock.sleep(2000);
-    echo(5);
-    send("b?");
-    EXPECT_EQ(reply(), "b? #1");
-}
-
-TEST_F(SessionTest, DoesNotMistakeTheTailOfALateAnswerForTheNext)
-{
-    send("a?");
-    line.say("1.0,2.", 5);
-    clock.sleep(10);
-    reply();
-    line.say("5,\n", 20);
-    clock.sleep(10);
-    send("a?"); // the same query, so that the text does not tell them apart
-    EXPECT_EQ(reply(), "nothing");
-    line.say("3.0,4.0,\n");
-    EXPECT_EQ(reply(), "3.0,4.0,");
-}
-
-TEST_F(SessionTest, GivesAnOversizeAnswerAsAnEmptyOneAndKeepsInStep)
+TEST_F(SessionTest, AnAnswerThatIsTooLongHasAMessageInItsPlace)
 {
     send("a?");
     line.say(QByteArray(3 * Framer::longestText, 'x') + '\n', 1);
-    EXPECT_EQ(reply(), "");
+    EXPECT_EQ(reply(), "(an answer of more than 64 KiB)");
     echo(1);
-    send("b?");
-    EXPECT_EQ(reply(), "b? #1");
+    EXPECT_EQ(ask("b?"), "b? #1");
 }
 
-TEST_F(SessionTest, FindsItsWayBackAfterABlockThatIsNone)
+TEST_F(SessionTest, ABlockHeadSwallowsNoLaterAnswer)
 {
     send("a?");
-    line.say("#9987654321 and so on\n and on\n", 1);
-    EXPECT_EQ(reply(), "nothing");
-    clock.sleep(2000);
+    line.say("#74000000\n", 1);
+    EXPECT_EQ(reply(), "#74000000");
     echo(1);
-    send("b?");
-    EXPECT_EQ(reply(), "b? #1");
+    EXPECT_EQ(ask("b?"), "b? #1");
+    EXPECT_EQ(ask("c?"), "c? #2");
+    EXPECT_THAT(line.sent, ElementsAre("a?", "*IDN?", "b?", "c?")); // a block may have more lines
 }
 
-TEST_F(SessionTest, FindsItsWayBackAfterATruncatedBlock)
+TEST_F(SessionTest, TheLinesOfABlockThatNoMemberFetchesAreNoAnswers)
 {
     send("screen?");
-    line.say("#41000" + QByteArray(500, '\n'), 1);
-    EXPECT_EQ(reply(), "nothing");
-    clock.sleep(2000);
-    echo(1);
-    send("b?");
+    line.say("#3100first\nsecond\n", 1);
+    EXPECT_EQ(reply(), "#3100first");
+    line.say("third\nfourth\n", 250);
+    echo(300);
+    clock.sleep(200);
+    EXPECT_EQ(ask("b?"), "nothing");
+    clock.sleep(270);
     EXPECT_EQ(reply(), "b? #1");
 }
 
-TEST_F(SessionTest, HandsOutNoPartOfAnAnswerInWhichThePeerCloses)
+TEST_F(SessionTest, NoPartIsGivenWhenTheInstrumentClosesInTheMidstOfAnAnswer)
 {
     send("a?");
     line.say("1.0,2.", 1);
@@ -230,7 +223,7 @@ TEST_F(SessionTest, HandsOutNoPartOfAnAnswerInWhichThePeerCloses)
     EXPECT_FALSE(send("b?"));
 }
 
-TEST_F(SessionTest, HandsOutAWholeAnswerBehindWhichThePeerCloses)
+TEST_F(SessionTest, AWholeAnswerIsGivenThoughTheInstrumentClosedAfterIt)
 {
     send("a?");
     line.say("1\n", 1);
@@ -239,7 +232,7 @@ TEST_F(SessionTest, HandsOutAWholeAnswerBehindWhichThePeerCloses)
     EXPECT_EQ(reply(), "1");
 }
 
-TEST_F(SessionTest, CostsNoMoreThanTheLimitWhenThePeerClosesMeanwhile)
+TEST_F(SessionTest, ACloseCostsNoMoreThanTheLimit)
 {
     send("a?");
     line.close(10);
@@ -247,17 +240,38 @@ TEST_F(SessionTest, CostsNoMoreThanTheLimitWhenThePeerClosesMeanwhile)
     EXPECT_LE(clock.elapsed(), 50);
 }
 
-TEST_F(SessionTest, AsksAndWaitsWithinALimit)
+TEST_F(SessionTest, EverythingBeforeTheIdentityIsPassedOver)
 {
-    echo(300);
-    EXPECT_EQ(session.ask(Requester::Control, "a?", 1000), "a? #1");
-    EXPECT_EQ(clock.elapsed(), 300);
-    line.onLine = nullptr;
-    EXPECT_EQ(session.ask(Requester::Control, "b?", 1000), std::nullopt);
-    EXPECT_EQ(clock.elapsed(), 1300);
+    ScriptedLine other(clock);
+    ScriptedTransport end(other);
+    end.open(100);
+    Session talk(clock, end);
+    talk.send(Requester::Control, "*IDN?");
+    other.say("Welcome!\nlast login, today\n");
+    talk.poll();
+    EXPECT_EQ(talk.answer(Requester::Control), std::nullopt);
+    EXPECT_EQ(talk.rejected(), "Welcome!");
+    other.say(identity + '\n');
+    talk.poll();
+    EXPECT_EQ(talk.answer(Requester::Control), identity);
 }
 
-TEST_F(SessionTest, FetchesABlockThatComesInPieces)
+TEST_F(SessionTest, WhatWasRejectedIsBounded)
+{
+    ScriptedLine other(clock);
+    ScriptedTransport end(other);
+    end.open(100);
+    Session talk(clock, end);
+    EXPECT_EQ(talk.rejected(), "");
+    other.say(QByteArray(300, 'x'));
+    talk.poll();
+    EXPECT_EQ(talk.rejected(), QByteArray(256, 'x')); // it never ended its line
+    other.say(QByteArray(300, 'x') + '\n');
+    talk.poll();
+    EXPECT_EQ(talk.rejected(), QByteArray(256, 'x'));
+}
+
+TEST_F(SessionTest, ABlockIsFetchedInPieces)
 {
     const QByteArray picture(230'454, '\n');
     line.onLine = [&](const QByteArray&) {
@@ -265,46 +279,140 @@ TEST_F(SessionTest, FetchesABlockThatComesInPieces)
         for (qsizetype at = 0; at < answer.size(); at += 1460)
             line.say(answer.mid(at, 1460), static_cast<int>(at / 1460));
     };
-    const auto answer = session.ask(Requester::Control, "screen?", 2000);
-    ASSERT_TRUE(answer);
-    EXPECT_EQ(blockData(*answer), picture);
+    EXPECT_EQ(session.fetchBlock("screen?", 2000), picture);
+    EXPECT_EQ(clock.elapsed(), 157);
+    echo(1);
+    EXPECT_EQ(ask("b?"), "b? #1");
+    EXPECT_THAT(line.sent, ElementsAre("screen?", "b?"));
 }
 
-TEST_F(SessionTest, SendsABlockBehindALine)
+TEST_F(SessionTest, AFetchEndsAtItsLimitAndALaterAnswerIsRight)
+{
+    for (const QByteArray& answer :
+         {QByteArray(), QByteArray("#41000" + QByteArray(500, '\n')), QByteArray("#74000000"), QByteArray("1.5\n"),
+          QByteArray("#9987654321 and so on\n and on\n")}) {
+        line.onLine = [&](const QByteArray& text) { line.say(text == "*IDN?" ? identity + '\n' : answer, 1); };
+        const qint64 begin = clock.elapsed();
+        EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
+        EXPECT_LE(clock.elapsed() - begin, 1000);
+        line.say("x\n\ny\n", 30); // the rest
+        echo(50);
+        send("b?");
+        clock.sleep(60);
+        EXPECT_TRUE(reply().startsWith("b? #")) << answer.left(10).toStdString();
+        EXPECT_EQ(session.answer(Requester::Control), std::nullopt);
+    }
+}
+
+TEST_F(SessionTest, ABlockThatComesWithoutEndEndsAtTheLimit)
+{
+    Flood flood(clock, "#9004000000");
+    flood.msARead = 15;
+    Session talk(clock, flood);
+    EXPECT_EQ(talk.fetchBlock("screen?", 1000), std::nullopt);
+    EXPECT_LE(clock.elapsed(), 1000 + 2 * Session::longestPollMs);
+}
+
+TEST_F(SessionTest, AFetchFindsItsPlaceWhereAQueryIsUnanswered)
+{
+    send("lost?");
+    clock.sleep(100);
+    line.onLine = [&](const QByteArray& text) {
+        line.say(text == "*IDN?" ? identity + '\n' : QByteArray("#15a\nb\nc\n"), 1);
+    };
+    EXPECT_EQ(session.fetchBlock("screen?", 1000), "a\nb\nc");
+    EXPECT_THAT(line.sent, ElementsAre("lost?", "*IDN?", "screen?"));
+}
+
+TEST_F(SessionTest, ALateAnswerOfTheApplicationIsNotTakenForABlock)
+{
+    send("a?");
+    line.say("#15abc\n", 20);
+    line.onLine = [&](const QByteArray& text) {
+        line.say(text == "*IDN?" ? identity + '\n' : QByteArray("#15a\nb\nc\n"), 30);
+    };
+    EXPECT_EQ(session.fetchBlock("screen?", 1000), "a\nb\nc");
+    EXPECT_EQ(reply(), "nothing");
+}
+
+TEST_F(SessionTest, AFetchOverALinkThatIsDownReturnsAtOnce)
+{
+    line.close();
+    EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
+    EXPECT_EQ(clock.elapsed(), 0);
+}
+
+TEST_F(SessionTest, AFetchEndsWhenTheInstrumentCloses)
+{
+    line.close(100);
+    EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
+    EXPECT_LE(clock.elapsed(), 1000);
+}
+
+TEST_F(SessionTest, ABlockFollowsItsLine)
 {
     EXPECT_TRUE(session.sendBlock(":MEM:DATA ", "a?\nb", 100));
     EXPECT_THAT(line.sent, ElementsAre(":MEM:DATA #14a?\nb"));
     echo(0);
-    send("a?");
-    EXPECT_EQ(reply(), "a? #1"); // the question mark in the block asked nothing
+    EXPECT_EQ(ask("a?"), "a? #1"); // the question mark in the block asked nothing
+    line.close();
+    EXPECT_FALSE(session.sendBlock(":MEM:DATA ", "a", 100));
 }
 
-TEST_F(SessionTest, DoesNotSendALineThatIsTooLong)
+TEST_F(SessionTest, ALineThatIsTooLongOrHoldsANulIsRefused)
 {
     EXPECT_FALSE(send(QByteArray(Session::longestLine + 1, 'x')));
+    EXPECT_FALSE(send(QByteArray("a\0b?", 4)));
     EXPECT_THAT(line.sent, IsEmpty());
+    EXPECT_TRUE(send(QByteArray(Session::longestLine, 'x')));
+    EXPECT_TRUE(send("\x01\xff?"));
+    EXPECT_TRUE(send(""));
+    EXPECT_THAT(line.sent, SizeIs(3));
 }
 
-TEST_F(SessionTest, EndsALookAtAPeerThatNeverStopsTalking)
+TEST_F(SessionTest, APollOfAFloodIsBoundedInBytes)
 {
-    struct Chatterbox final : Transport {
-        void begin() override {}
-        bool open(int) override { return true; }
-        void close() override {}
-        State state() override { return State::Open; }
-        LinkError error() const override { return LinkError::None; }
-        bool write(const QByteArray&) override { return true; }
-        bool flush(int) override { return true; }
-        QByteArray read() override { return QByteArray(longestRead, 'x'); }
-        bool waitReadable(int) override { return true; }
-    } chatterbox;
-    Session chat(clock, chatterbox);
-    chat.send(Requester::Application, "a?");
-    chat.poll();
-    EXPECT_EQ(chat.answer(Requester::Application), std::nullopt);
+    for (const char* text : {"\n", "x", "x\n", "#9004000000"}) {
+        Flood flood(clock, text);
+        Session talk(clock, flood);
+        talk.poll();
+        EXPECT_LE(flood.reads, 5) << text;
+        EXPECT_EQ(talk.answer(Requester::Application), std::nullopt) << text;
+    }
 }
 
-TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts)
+TEST_F(SessionTest, APollOfAFloodIsBoundedInTime)
+{
+    Flood flood(clock, "\n");
+    flood.msARead = 15;
+    Session talk(clock, flood);
+    talk.poll();
+    EXPECT_EQ(flood.reads, 2);
+}
+
+TEST_F(SessionTest, AReplyInAFloodIsBoundedInTime)
+{
+    Flood flood(clock, "\n");
+    flood.msARead = 1;
+    Session talk(clock, flood);
+    talk.send(Requester::Application, "a?");
+    const qint64 begin = clock.elapsed();
+    talk.awaitAnswer(Requester::Application, 50);
+    EXPECT_LE(clock.elapsed() - begin, 50 + Session::longestPollMs);
+}
+
+TEST_F(SessionTest, TheLineIsQuietWhenNothingIsDue)
+{
+    EXPECT_TRUE(session.isQuiet());
+    send("a?");
+    EXPECT_FALSE(session.isQuiet());
+    clock.sleep(1999);
+    EXPECT_FALSE(session.isQuiet());
+    clock.sleep(1);
+    EXPECT_TRUE(session.isQuiet());
+}
+
+TEST_F(SessionTest, OnlyWholeAnswersOfItsOwnAreGivenWhateverTheBytesAndTheirCuts)
 {
     for (unsigned seed = 0; seed < 100; ++seed) {
         std::mt19937 random(seed);
@@ -313,23 +421,26 @@ TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts
         ScriptedTransport end(other);
         end.open(100);
         Session talk(clock, end);
+        introduce(other, talk);
         int count = 0;
         int nextAt = 0; // in order, each at some time within the instrument's patience
+        other.onLine = [&](const QByteArray& text) {
+            const QByteArray answer =
+                (text.startsWith('*') ? identities(text) : text + " is " + QByteArray::number(++count)) +
+                (below(2) ? "\r\n" : "\n");
+            const int now = static_cast<int>(clock.elapsed());
+            nextAt = std::max(nextAt, now + below(below(4) == 0 ? 900 : 10));
+            for (qsizetype at = 0; at < answer.size();) {
+                const qsizetype size = 1 + below(8);
+                other.say(answer.mid(at, size), nextAt - now);
+                nextAt += below(3) == 0 ? below(20) : 0;
+                at += size;
+            }
+        };
         for (int i = 0; i < 60; ++i) {
             const QByteArray question = "q" + QByteArray::number(below(3)) + '?';
-            other.onLine = [&](const QByteArray& text) {
-                const QByteArray answer = text + " is " + QByteArray::number(++count) + (below(2) ? "\r\n" : "\n");
-                const int now = static_cast<int>(clock.elapsed());
-                nextAt = std::max(nextAt, now + below(below(4) == 0 ? 900 : 10));
-                for (qsizetype at = 0; at < answer.size();) {
-                    const qsizetype size = 1 + below(8);
-                    other.say(answer.mid(at, size), nextAt - now);
-                    nextAt += below(3) == 0 ? below(20) : 0;
-                    at += size;
-                }
-            };
             talk.send(Requester::Application, question);
-            for (int look = 0; look < 3; ++look) {
+            for (int read = 0; read < 3; ++read) {
                 const auto answer = talk.awaitAnswer(Requester::Application, 50);
                 ASSERT_TRUE(!answer || answer->startsWith(question + " is "))
                     << "seed " << seed << ": " << answer->toStdString();
@@ -337,13 +448,15 @@ TEST_F(SessionTest, HandsOutOnlyWholeAnswersOfItsOwnWhateverTheBytesAndTheirCuts
             }
         }
         clock.sleep(3000);
-        other.onLine = [&](const QByteArray&) { other.say("in step\n", 1); };
+        other.onLine = [&](const QByteArray& text) {
+            other.say(text.startsWith('*') ? identities(text) + '\n' : "in step\n", 1);
+        };
         talk.send(Requester::Application, "last?");
         ASSERT_EQ(talk.awaitAnswer(Requester::Application, 50), "in step") << "seed " << seed;
     }
 }
 
-TEST_F(SessionTest, TakesAnyBytesAndIsInStepAgainBehindThem)
+TEST_F(SessionTest, AnyBytesAreTakenAndALaterAnswerIsRight)
 {
     clock.allow(36'000'000);
     const QByteArray alphabet("#0123456789\r\n\n,;\"? \0\xff"
@@ -355,6 +468,7 @@ TEST_F(SessionTest, TakesAnyBytesAndIsInStepAgainBehindThem)
         ScriptedTransport end(other);
         end.open(100);
         Session talk(clock, end);
+        introduce(other, talk);
         for (int i = 0; i < 20; ++i) {
             QByteArray bytes;
             for (auto n = random() % 200; n > 0; --n)
@@ -364,12 +478,15 @@ TEST_F(SessionTest, TakesAnyBytesAndIsInStepAgainBehindThem)
             talk.awaitAnswer(Requester::Application, 50);
             clock.sleep(static_cast<int>(random() % 300));
         }
-        clock.sleep(200);
-        talk.poll();
-        clock.sleep(3000);
-        other.onLine = [&](const QByteArray&) { other.say("in step\n", 1); };
-        talk.send(Requester::Application, "last?");
-        ASSERT_EQ(talk.awaitAnswer(Requester::Application, 50), "in step") << "seed " << seed;
+        other.onLine = [&](const QByteArray& text) {
+            other.say(text.startsWith('*') ? identities(text) + '\n' : "in step\n", 1);
+        };
+        for (int i = 0; i < 3; ++i) { // a marker that was lost among the bytes is asked for again
+            clock.sleep(9000);
+            talk.send(Requester::Application, "last?");
+            talk.awaitAnswer(Requester::Application, 50);
+        }
+        ASSERT_EQ(talk.answer(Requester::Application), "in step") << "seed " << seed;
     }
 }
 
