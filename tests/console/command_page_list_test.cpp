@@ -140,7 +140,7 @@ TEST_F(CommandPageListTest, TheValueIsSelectedWholeWhenItGetsTheFocus)
     QCoreApplication::processEvents(); // the window is active now
     page.txtValue.setText("1234");
     page.chkSend.setFocus();
-    page.txtValue.setFocus(Qt::TabFocusReason);
+    page.txtValue.setFocus(Qt::OtherFocusReason); // for which Qt selects nothing by itself
     EXPECT_EQ(page.txtValue.selectedText(), "1234");
 }
 

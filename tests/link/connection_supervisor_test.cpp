@@ -27,7 +27,32 @@ protected:
     ConnectionSupervisor supervisor{clock, paths, instrument, form, pageControl, pageDisplay, pageCommand};
 };
 
-TEST_F(ConnectionSupervisorTest, WhileTheLinkIsNotSeenItGoesOnWatchingWithTheThreePagesClosed)
+TEST_F(ConnectionSupervisorTest, ATickReadsTheLinkOnceForItselfAndOnceForEachPageInOrder)
+{
+    journal.watch(pageControl, "pageControl");
+    journal.watch(pageDisplay, "pageDisplay");
+    journal.watch(pageCommand, "pageCommand");
+    journal.watchTimer(supervisor.TimerChkConnected, "TimerChkConnected");
+    journal.watchText(&form, [this] { return form.caption(); });
+    instrument.connectedReads = {false, false, true, false};
+    journal.clear();
+
+    clock.advance(1200);
+    EXPECT_THAT(journal.lines(), ElementsAre("read IsConnected False", "disable pageControl",
+                                             "picture pageControl APP\\ICON\\A3RMTCTRLSTOP.JPG",
+                                             "ZN ORB Device[DisConnected]", "read IsConnected False",
+                                             "read IsConnected True", "read IsConnected False", "disable pageCommand"));
+    instrument.connected = true;
+    journal.clear();
+
+    clock.advance(1200);
+    EXPECT_THAT(journal.lines(), ElementsAre("read IsConnected True", "timer TimerChkConnected off",
+                                             "picture pageControl APP\\ICON\\A3RMTCTRL.jpg", "ZN ORB Device[Connected]",
+                                             "read IsConnected True", "enable pageControl", "read IsConnected True",
+                                             "read IsConnected True", "enable pageCommand"));
+}
+
+TEST_F(ConnectionSupervisorTest, WhileNoLinkIsSeenTheSupervisorGoesOnWatchingWithTheThreePagesDisabled)
 {
     clock.advance(1199);
     EXPECT_EQ(buttons(), "1 1 1");
@@ -40,7 +65,7 @@ TEST_F(ConnectionSupervisorTest, WhileTheLinkIsNotSeenItGoesOnWatchingWithTheThr
     EXPECT_TRUE(supervisor.TimerChkConnected.enabled());
 }
 
-TEST_F(ConnectionSupervisorTest, TheFirstLinkSeenOpensThePagesAndEndsTheWatchForGood)
+TEST_F(ConnectionSupervisorTest, TheFirstLinkSeenEnablesThePagesAndEndsTheWatchForGood)
 {
     clock.advance(1200);
     instrument.connected = true;
@@ -52,7 +77,7 @@ TEST_F(ConnectionSupervisorTest, TheFirstLinkSeenOpensThePagesAndEndsTheWatchFor
     EXPECT_FALSE(supervisor.TimerChkConnected.enabled());
 }
 
-TEST_F(ConnectionSupervisorTest, ALinkThatComesUpWithinATickOpensTheButtonsOneTickBeforeTheTitle)
+TEST_F(ConnectionSupervisorTest, ALinkThatComesUpWithinATickEnablesTheButtonsOneTickBeforeTheTitleChanges)
 {
     instrument.connectedReads = {false};
     instrument.connected = true;
@@ -65,7 +90,7 @@ TEST_F(ConnectionSupervisorTest, ALinkThatComesUpWithinATickOpensTheButtonsOneTi
     EXPECT_EQ(form.caption(), "ZN ORB Device[Connected]");
 }
 
-TEST_F(ConnectionSupervisorTest, EachButtonHasAReadOfItsOwn)
+TEST_F(ConnectionSupervisorTest, EachButtonHasItsOwnReadOfTheLink)
 {
     instrument.connectedReads = {true, true, false, true};
     clock.advance(1200);

@@ -3,97 +3,216 @@
 
 #include "page_test.h"
 
+#include <QDir>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
+/// The display page on a form after the start of the program, which has stopped the mirror, with the instrument connected.
 class DisplayPageTest : public PageTest {
 protected:
     DisplayPageTest()
     {
         page.setParent(&form);
-        run.enter([this] { page.dispStopClick(); });
+        click(&DisplayPage::dispStopClick);
         instrument.connected = true;
+        journal.watch(page.dispPlay, "dispPlay");
+        journal.watch(page.dispStop, "dispStop");
+        journal.watch(page.dispPause, "dispPause");
+        journal.watch(page.dispEnlarge, "dispEnlarge");
+        journal.watchTimer(page.TimerDisplay, "TimerDisplay");
+        journal.clear();
     }
 
-    void play()
+    void click(void (DisplayPage::*handler)())
     {
-        run.enter([this] { page.dispPlayClick(); });
+        run.enter([this, handler] { (page.*handler)(); });
     }
 
-    /// The state of the mirror as the operator could tell it: the timer and the four buttons.
+    /// Writes the file that the instrument's screen is fetched into.
+    void writeScreen(const QColor& color) const
+    {
+        createFolder("c:\\temp");
+        QPixmap screen(320, 240);
+        screen.fill(color);
+        ASSERT_TRUE(screen.save(realPath(staging::screen)));
+    }
+
+    /// The timer and the four buttons, as what is enabled.
     QString state() const
     {
-        const auto shown = [](const char* name, bool on) {
-            return QLatin1String(on ? "" : "no ") + QLatin1String(name);
-        };
-        return QStringList{shown("timer", page.TimerDisplay.enabled()), shown("play", page.dispPlay.enabled()),
-                           shown("stop", page.dispStop.enabled()), shown("pause", page.dispPause.enabled()),
-                           shown("enlarge", page.dispEnlarge.enabled())}
-            .join(", ");
+        QStringList enabled;
+        const std::initializer_list<std::pair<const char*, bool>> parts{{"timer", page.TimerDisplay.enabled()},
+                                                                        {"play", page.dispPlay.enabled()},
+                                                                        {"stop", page.dispStop.enabled()},
+                                                                        {"pause", page.dispPause.enabled()},
+                                                                        {"enlarge", page.dispEnlarge.enabled()}};
+        for (const auto& [name, isEnabled] : parts)
+            if (isEnabled)
+                enabled << name;
+        return enabled.join(' ');
     }
 
     Form form{run};
     DisplayPage page{clock, dialogs, paths, instrument};
 };
 
-const QString idle = "no timer, play, no stop, no pause, no enlarge";
-const QString running = "timer, no play, stop, pause, enlarge";
+const QString idle = "play";
+const QString running = "timer stop pause enlarge";
+const QString paused = "stop pause enlarge"; // and the same when the link is lost
 
-TEST_F(DisplayPageTest, PlayWithoutALinkSaysSoAndChangesNoButton)
+TEST_F(DisplayPageTest, EveryControlHasItsTextAndState)
+{
+    DisplayPage fresh(clock, dialogs, paths, instrument);
+    QStringList rows{fresh.caption()};
+    const auto add = [&](const char* name, const auto& control) {
+        rows << QStringLiteral("%1|%2|%3|%4 %5 %6 %7")
+                    .arg(name, control.visible() ? "" : "hidden", control.enabled() ? "" : "disabled")
+                    .arg(control.leftTwips())
+                    .arg(control.topTwips())
+                    .arg(control.widthTwips())
+                    .arg(control.heightTwips());
+    };
+    add("page", fresh);
+    add("Image2", fresh.Image2);
+    add("Picture1", fresh.Picture1);
+    add("Image1", fresh.Image1);
+    add("dispPlay", fresh.dispPlay);
+    add("dispStop", fresh.dispStop);
+    add("dispPause", fresh.dispPause);
+    add("dispRec", fresh.dispRec);
+    add("dispSave", fresh.dispSave);
+    add("dispEnlarge", fresh.dispEnlarge);
+    for (const OptionButton* option : {&fresh.optDispDev, &fresh.optDispFull})
+        rows << QStringList{option->caption(), option->visible() ? "" : "hidden", option->enabled() ? "" : "disabled",
+                            option->value() ? "selected" : ""}
+                    .join('|');
+    rows << QStringLiteral("barRec|%1").arg(fresh.barRec.visible() ? "" : "hidden");
+    rows << QStringLiteral("TimerDisplay %1 %2").arg(fresh.TimerDisplay.enabled()).arg(fresh.TimerDisplay.interval());
+
+    const QStringList expected{"DISPLAY",
+                               "page|||0 0 7455 9555",
+                               "Image2|||120 300 5700 9180",
+                               "Picture1|||540 840 4815 3615",
+                               "Image1|||0 0 4815 3615",
+                               "dispPlay|||5970 300 1335 975",
+                               "dispStop|||5970 1395 1335 975",
+                               "dispPause|hidden||5970 2490 1335 975",
+                               "dispRec|hidden|disabled|5970 3585 1335 975",
+                               "dispSave|||5970 4680 1335 975",
+                               "dispEnlarge||disabled|5970 5775 1335 975",
+                               "Device Screen|hidden||selected",
+                               "Full Screen|hidden|disabled|",
+                               "barRec|hidden",
+                               "TimerDisplay 1 200"};
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(fresh.Picture1.tag(), "");
+}
+
+TEST_F(DisplayPageTest, PlayWithoutALinkShowsItsMessageStopsTheTimerAndChangesNoButton)
 {
     instrument.connected = false;
+    page.TimerDisplay.setEnabled(true);
+    journal.clear();
 
-    play();
+    click(&DisplayPage::dispPlayClick);
 
-    EXPECT_THAT(dialogs.shown,
-                ElementsAre(Shown{"Please Connect ORB Device first!\r\nGoto Control Page and Connect ORB",
-                                  Icon::Information, Buttons::Ok}));
+    EXPECT_THAT(journal.lines(),
+                ElementsAre("read IsConnected False", "timer TimerDisplay off",
+                            "message \"Please Connect ORB Device first!\\r\\nGoto Control Page and Connect ORB\" "
+                            "information Ok"));
     EXPECT_EQ(state(), idle);
 }
 
-TEST_F(DisplayPageTest, PlayAndStopSwitchTheButtonsAndTheirPictures)
+TEST_F(DisplayPageTest, PlayAndStopSwitchTheTimerTheButtonsAndTheirPictures)
 {
-    play();
-    EXPECT_EQ(state(), running);
+    click(&DisplayPage::dispPlayClick);
+    EXPECT_THAT(journal.linesWithout({"picture"}),
+                ElementsAre("read IsConnected True", "read LinkType 0", "timer TimerDisplay on 500", "enable dispStop",
+                            "enable dispEnlarge", "enable dispPause", "disable dispPlay"));
     EXPECT_EQ(page.dispStop.picture(), paths.inApplication("\\ICON\\B4STOP-A.JPG"));
     EXPECT_EQ(page.dispPause.picture(), paths.inApplication("\\ICON\\B2PAUSE.JPG"));
+    journal.clear();
 
     press(page.dispStop);
-    EXPECT_EQ(state(), idle);
+    EXPECT_THAT(journal.linesWithout({"picture"}),
+                ElementsAre("timer TimerDisplay off", "enable dispPlay", "disable dispPause", "disable dispStop",
+                            "disable dispEnlarge"));
     EXPECT_EQ(page.dispStop.picture(), paths.inApplication("\\ICON\\B4STOP.JPG"));
+    EXPECT_EQ(state(), idle);
 }
 
-TEST_F(DisplayPageTest, ALinkThatFallsWhileTheMirrorRunsStopsTheTimerAloneAndSaysNothing)
+TEST_F(DisplayPageTest, PlayGoesOnPastEveryFailingStep)
 {
-    play();
+    QFile::remove(application.filePath("ICON"));
+    click(&DisplayPage::dispPlayClick);
+    EXPECT_EQ(state(), running);
+    EXPECT_THAT(processExit.reports, IsEmpty());
+}
+
+TEST_F(DisplayPageTest, PlayCreatesTheStagingFolder)
+{
+    QDir(realPath(staging::folder)).removeRecursively();
+    click(&DisplayPage::dispPlayClick);
+    EXPECT_TRUE(folderExists(staging::folder));
+}
+
+TEST_F(DisplayPageTest, ALinkThatFallsWhileTheMirrorRunsStopsTheTimerOnlyAndShowsNothing)
+{
+    click(&DisplayPage::dispPlayClick);
     instrument.connected = false;
 
     clock.advance(500);
 
-    EXPECT_EQ(state(), "no timer, no play, stop, pause, enlarge");
+    EXPECT_EQ(state(), paused);
     EXPECT_THAT(dialogs.shown, IsEmpty());
+    EXPECT_THAT(instrument.calls, IsEmpty());
 }
 
 TEST_F(DisplayPageTest, AScreenThatCanNotBeGrabbedLeavesThePictureAndTheTimerGoesOn)
 {
     run.enter([this] { page.Image1.setPicture(paths.inApplication("\\OrbEmpty.jpg")); });
     const QImage before = page.Image1.pixmap().toImage();
-    play();
+    writeScreen(Qt::red);
+    click(&DisplayPage::dispPlayClick);
 
     clock.advance(1500);
 
-    EXPECT_EQ(instrument.calls, (std::vector<QString>{"GrabScreen", "GrabScreen", "GrabScreen"}));
+    EXPECT_THAT(instrument.calls, ElementsAre("GrabScreen", "GrabScreen", "GrabScreen"));
     EXPECT_EQ(page.Image1.pixmap().toImage(), before);
+    EXPECT_EQ(page.Picture1.tag(), "");
     EXPECT_EQ(state(), running);
 }
 
-TEST_F(DisplayPageTest, TheSlowLinkHasALongerPeriod)
+TEST_F(DisplayPageTest, AGrabbedScreenGoesByThePictureBoxToTheImage)
+{
+    writeScreen(Qt::green);
+    instrument.screenGrabbed = true;
+    click(&DisplayPage::dispPlayClick);
+
+    clock.advance(500);
+
+    EXPECT_EQ(page.Picture1.tag(), "c:\\temp\\ORB.bmp");
+    EXPECT_EQ(page.Picture1.picture(), "c:\\temp\\ORB.bmp");
+    EXPECT_EQ(page.Image1.pixmap().toImage().pixelColor(5, 5), QColor(Qt::green));
+}
+
+TEST_F(DisplayPageTest, AGrabbedScreenThatCanNotBeLoadedEndsTheProgram)
+{
+    QFile::remove(realPath(staging::screen));
+    instrument.screenGrabbed = true;
+    click(&DisplayPage::dispPlayClick);
+    clock.advance(500);
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '53':\n\nFile not found"));
+}
+
+TEST_F(DisplayPageTest, ALinkOfType1HasALongPeriod)
 {
     instrument.linkType = 1;
-    play();
+    click(&DisplayPage::dispPlayClick);
 
     clock.advance(1999);
     EXPECT_THAT(instrument.calls, IsEmpty());
@@ -101,16 +220,38 @@ TEST_F(DisplayPageTest, TheSlowLinkHasALongerPeriod)
     EXPECT_THAT(instrument.calls, ElementsAre("GrabScreen"));
 }
 
+TEST_F(DisplayPageTest, PauseStopsAndRestartsTheTimerWithoutATestOfTheLink)
+{
+    click(&DisplayPage::dispPlayClick);
+    instrument.connected = false;
+    journal.clear();
+    click(&DisplayPage::dispPauseClick);
+    click(&DisplayPage::dispPauseClick);
+    EXPECT_THAT(journal.lines(), ElementsAre("timer TimerDisplay off", "picture dispPause APP\\icon\\B2PAUSE2.JPG",
+                                             "timer TimerDisplay on 500", "picture dispPause APP\\icon\\B2PAUSE.JPG"));
+}
+
 TEST_F(DisplayPageTest, AStopFromPauseKeepsThePausedPicture)
 {
-    play();
-    run.enter([this] { page.dispPauseClick(); });
-    EXPECT_EQ(state(), "no timer, no play, stop, pause, enlarge");
+    click(&DisplayPage::dispPlayClick);
+    click(&DisplayPage::dispPauseClick);
+    EXPECT_EQ(state(), paused);
 
     press(page.dispStop);
 
     EXPECT_EQ(page.dispPause.picture(), paths.inApplication("\\icon\\B2PAUSE2.JPG"));
     EXPECT_EQ(state(), idle);
+}
+
+TEST_F(DisplayPageTest, ARefreshBlanksThePictureAndLetsPlayFollowTheLink)
+{
+    page.Image1.setPixmap({});
+    instrument.connected = false;
+    click(&DisplayPage::RefreshDisplayPage);
+    EXPECT_EQ(page.Image1.picture(), paths.inApplication("\\OrbEmpty.jpg"));
+    EXPECT_THAT(journal.linesOf({"read", "picture", "enable", "disable"}),
+                ElementsAre("read IsConnected False", "picture dispPlay APP\\ICON\\B1RUNSTOP.jpg",
+                            "read IsConnected False", "disable dispPlay"));
 }
 
 } // namespace
