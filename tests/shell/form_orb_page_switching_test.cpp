@@ -406,6 +406,22 @@ TEST_F(FormORBPageSwitchingTest, TheDataLogAndTheConnectPageKeepALogRunningAndTh
     EXPECT_EQ(shownGroups(), "fraCommand");
 }
 
+TEST_F(FormORBPageSwitchingTest, TheDataLogPagePressedDuringARecordingKeepsTheStartButtonDisabled)
+{
+    clock.at(1500, [&] { press(form.pageWave); });
+    clock.at(2500, [&] {
+        EXPECT_FALSE(form.frmDatalog.logStart.enabled());
+        EXPECT_EQ(form.frmDatalog.logStart.picture(), paths.inApplication("\\ICON\\B1RUNSTART.JPG"));
+        press(form.frmDatalog.logStart); // and no second recording begins
+        press(form.frmDatalog.logStop);
+    });
+
+    record();
+
+    EXPECT_EQ(rows(), "4");
+    EXPECT_TRUE(form.frmDatalog.logStart.enabled());
+}
+
 TEST_F(FormORBPageSwitchingTest, AnExitDuringARecordingEndsTheProcessWithoutAStopAndWithoutClosingTheDatabase)
 {
     clock.at(2000, [&] { press(form.pageExit); });
