@@ -8,7 +8,7 @@
 
 namespace orb {
 
-TEST(CommandCatalogueFile, IsWhatTheSimulatedInstrumentUnderstands)
+TEST(CommandCatalogueTest, TheCatalogueFileIsWhatTheSimulatedInstrumentPrints)
 {
     QFile file(sourceDirectory() + QStringLiteral("/resources/orbCommands.dat"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -7,18 +7,18 @@
 
 namespace orb {
 
-/// One line of the catalogue out of which an operator takes commands.
+/// One line of the catalogue from which an operator selects commands.
 struct CatalogueEntry {
-    /// What is sent, in short forms without optional nodes: ":CURR:L1", ":FETC:VOLT?", "*CLS". A command that has a
-    /// set form stands without a question mark, whether it can be asked or not.
+    /// The command in short forms without optional nodes: ":CURR:L1", ":FETC:VOLT?", "*CLS". A command with a set form
+    /// has no question mark, whether it has a query form or not.
     std::string text;
     std::string description;
-    /// The parameters that stand behind it, "no parameter" or "query".
+    /// Its parameters, "no parameter" or "query".
     std::string format;
 };
 
-/// The entries of one row: the command itself, one for each level where it has levels, and one for each limit that its
-/// query tells.
+/// The entries of one row: the command itself, one for each of its levels, and one for each limit that its query
+/// answers.
 std::vector<CatalogueEntry> catalogueEntries(const Command& command);
 
 /// The catalogue of the whole command language: a line for each entry, "entry^description^format", each line ended by

@@ -7,7 +7,7 @@
 
 namespace orb {
 
-/// A query for the readings of all channels, as it came, and the answer that it was given.
+/// A query for the readings of all channels, as received, and its answer.
 struct ServedAnswer {
     std::string query;
     std::string answer;
@@ -15,8 +15,8 @@ struct ServedAnswer {
     bool operator==(const ServedAnswer&) const = default;
 };
 
-/// What the instrument answered to queries for the readings of all channels, so that a record made of these answers
-/// can be compared with them. Keeps the newest `capacity` answers.
+/// The answers to queries for the readings of all channels, for comparison with a record made of them. Keeps the
+/// newest `capacity` answers.
 class ServedLog {
 public:
     static constexpr std::size_t capacity = 100'000;
@@ -24,7 +24,7 @@ public:
     void add(std::string query, std::string answer);
 
     const std::deque<ServedAnswer>& answers() const { return answers_; }
-    /// All answers there ever were, also those that are no longer kept.
+    /// The number of all answers, those that are no longer kept included.
     std::uint64_t total() const { return total_; }
 
 private:

@@ -2,17 +2,15 @@
 #include "simulated_instrument.h"
 
 #include "instrument_commands.h"
-#include "instrument_error.h"
-#include "mainframe.h"
-#include "status_registers.h"
 
 namespace orb {
 
 namespace {
 
-/// What one message has come to: its response so far, and the header that the next unit goes on from.
+/// The state of one message between its units.
 struct Conversation {
     std::string response;
+    /// The nodes from which the next header continues.
     std::vector<HeaderNode> path;
     std::vector<ServedAnswer> served;
     bool answered = false;
@@ -29,7 +27,7 @@ void addAnswer(Conversation& conversation, const std::string& answer)
     conversation.answered = true;
 }
 
-void checkCount(const ProgramUnit& unit, const Command& command)
+void checkCount(const MessageUnit& unit, const Command& command)
 {
     const ParameterCount count = countParameters(unit.query ? command.queryParameters : command.parameters);
     if (unit.parameters.size() < count.least)
@@ -46,6 +44,7 @@ struct SimulatedInstrument::Parts {
     {}
 
     void executeUnit(std::string_view text, Conversation& conversation);
+    void updateConditions();
 
     std::string identity;
     Mainframe mainframe;
@@ -56,8 +55,8 @@ struct SimulatedInstrument::Parts {
 
 void SimulatedInstrument::Parts::executeUnit(std::string_view text, Conversation& conversation)
 {
-    const ProgramUnit unit = readUnit(text);
-    // A header goes on from where the one before it stood, but for a leading colon. Common commands stand outside.
+    const MessageUnit unit = readUnit(text);
+    // Without a leading colon a header continues from the one before it. Common commands have no part in that.
     std::vector<HeaderNode> header = unit.absolute ? std::vector<HeaderNode>{} : conversation.path;
     header.insert(header.end(), unit.nodes.begin(), unit.nodes.end());
     const CommandTable::Match match = table.find(header);
@@ -79,6 +78,12 @@ void SimulatedInstrument::Parts::executeUnit(std::string_view text, Conversation
         conversation.served.push_back({std::string(text), answer});
 }
 
+void SimulatedInstrument::Parts::updateConditions()
+{
+    status.questionable.setCondition(mainframe.condition());
+    status.operation.setCondition(mainframe.operation());
+}
+
 SimulatedInstrument::SimulatedInstrument(const SimulatorConfiguration& configuration, SimulatorClock clock)
     : parts_(std::make_unique<Parts>(configuration, std::move(clock)))
 {}
@@ -91,21 +96,19 @@ std::string SimulatedInstrument::execute(std::string_view message)
         reportOverrun();
         return {};
     }
-    Mainframe& mainframe = parts_->mainframe;
-    StatusRegisters& status = parts_->status;
-    mainframe.advance();
-    status.setQuestionable(mainframe.condition());
+    parts_->mainframe.advance();
+    parts_->updateConditions();
     Conversation conversation;
     for (const std::string_view unit : unitsOf(message)) {
         try {
             parts_->executeUnit(unit, conversation);
         } catch (const CommandFailure& failure) {
-            status.report(failure.number);
-            // What does not fit the output is lost as a whole: half a response would be taken for a whole one.
+            parts_->status.report(failure.number);
+            // A response that is too long is dropped as a whole: a part of it would be read as all of it.
             if (failure.number == ErrorNumber::QueryDeadlocked)
                 return {};
         }
-        status.setQuestionable(mainframe.condition());
+        parts_->updateConditions();
     }
     for (ServedAnswer& each : conversation.served)
         parts_->served.add(std::move(each.query), std::move(each.answer));

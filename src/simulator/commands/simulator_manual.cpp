@@ -16,7 +16,7 @@ std::string number(double value)
     return QByteArray::number(value, 'g', 10).toStdString();
 }
 
-/// A code span inside of a table, where a bar would end the cell.
+/// A code span of a table. A bar in it would end the cell.
 std::string code(std::string_view text)
 {
     std::string span = "`";

@@ -5,10 +5,10 @@
 
 namespace orb {
 
-/// The command language as Markdown tables, a section each, made from the rows of the command table.
+/// The command language as Markdown, a table for each section.
 std::string commandsManual();
 
-/// The load modules as a Markdown table, made from the catalogue.
+/// The load modules as a Markdown table.
 std::string modulesManual();
 
 /// The errors as a Markdown table.

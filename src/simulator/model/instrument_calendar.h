@@ -3,8 +3,8 @@
 
 namespace orb {
 
-/// The date and the time of day that the instrument shows. It runs with the time since switching on (`seconds`), from
-/// midnight of 1 January 2000 if nobody sets it, and knows nothing of the time outside.
+/// The date and the time of day of the instrument. It starts at midnight of 1 January 2000 and runs with the time since
+/// switching on (`seconds`), not with the system's clock.
 class InstrumentCalendar {
 public:
     static constexpr int firstYear = 2000;
@@ -23,7 +23,7 @@ public:
 
     Date date(double seconds) const;
     Time time(double seconds) const;
-    /// False, and nothing set, where there is no such day.
+    /// Returns false and does nothing for a day that does not exist.
     bool setDate(const Date& date, double seconds);
     void setTime(const Time& time, double seconds);
 

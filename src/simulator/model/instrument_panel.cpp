@@ -9,7 +9,7 @@ namespace orb {
 
 namespace {
 
-/// A new value for the level in force; false where the range does not hold it.
+/// Sets the level in force. False for a value outside of its range.
 bool setLevelInForce(LoadChannel& channel, double value)
 {
     const LoadSettings& settings = channel.settings();
@@ -20,7 +20,7 @@ bool setLevelInForce(LoadChannel& channel, double value)
     return true;
 }
 
-/// One step of the range, up or down; nothing beyond its ends.
+/// One step of the range up or down, not beyond its ends.
 void turnKnob(LoadChannel& channel, bool right)
 {
     const LoadSettings& settings = channel.settings();
@@ -28,8 +28,8 @@ void turnKnob(LoadChannel& channel, bool right)
     setLevelInForce(channel, settings.setValue() + (right ? step : -step));
 }
 
-/// CC, CR, CV and CC again, each in its range in force.
-void takeNextFunction(LoadChannel& channel)
+/// From CC to CR to CV to CC, each in its range in force.
+void setNextFunction(LoadChannel& channel)
 {
     constexpr LoadFunction next[] = {LoadFunction::Resistance, LoadFunction::Voltage, LoadFunction::Current};
     const LoadFunction function = next[indexOf(channel.settings().function)];
@@ -62,7 +62,7 @@ void InstrumentPanel::type(char c)
         entry_ += c;
 }
 
-InstrumentPanel::Outcome InstrumentPanel::takeEntry(Mainframe& mainframe)
+InstrumentPanel::Outcome InstrumentPanel::enter(Mainframe& mainframe)
 {
     bool isNumber = false;
     const double value = QByteArray::fromStdString(entry_).toDouble(&isNumber);
@@ -106,7 +106,7 @@ InstrumentPanel::Outcome InstrumentPanel::act(int code, int count, Mainframe& ma
         break;
     case Enter:
     case KnobPress:
-        return takeEntry(mainframe);
+        return enter(mainframe);
     case Preset:
         mainframe.change(number).chooseLevel(1 - mainframe.channel(number).settings().level);
         break;
@@ -118,10 +118,10 @@ InstrumentPanel::Outcome InstrumentPanel::act(int code, int count, Mainframe& ma
         mainframe.displayChannel(mainframe.selectedChannel());
         break;
     case Function:
-        takeNextFunction(mainframe.change(number));
+        setNextFunction(mainframe.change(number));
         break;
     case Knob:
-        turnKnob(mainframe.change(number), count == stepToTheRight);
+        turnKnob(mainframe.change(number), count == stepRight);
         break;
     default: // SHIFT, FILE and HELP change nothing but the last key
         break;

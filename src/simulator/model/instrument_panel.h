@@ -7,18 +7,18 @@ namespace orb {
 
 class Mainframe;
 
-/// The keys, the screen's settings and the beeper. A key acts on the selected channel. Only the LOAD key switches an
+/// The keys, the settings of the screen and the beeper. A key acts on the selected channel. Only the LOAD key switches an
 /// input on.
 class InstrumentPanel {
 public:
     enum class Page { Channel, All, Sequence, Program, System };
     static constexpr int pageCount = 5;
 
-    /// What came of a key: done, no key has that code, the keys are locked, or the value that was typed does not fit.
+    /// The result of a key: done, no key has that code, the keys are locked, or the typed value is out of range.
     enum class Outcome { Done, NoSuchKey, Locked, OutOfRange };
 
-    /// The codes of the keys. The knob has one for both directions: `count` 255 is a step to the right, any other a
-    /// step to the left.
+    /// The codes of the keys. The knob has one code for both directions: `count` 255 is a step to the right, any other
+    /// one to the left.
     enum Key : int {
         Digit0 = 96,
         Digit9 = 105,
@@ -37,15 +37,15 @@ public:
         KnobPress = 123,
         Knob = 214,
     };
-    static constexpr int stepToTheRight = 255;
+    static constexpr int stepRight = 255;
 
-    /// Presses a key. With the keys locked only a LOAD key that switches the input off acts.
+    /// Presses a key. While the keys are locked only a LOAD key that switches the input off has an effect.
     Outcome press(int code, int count, Mainframe& mainframe);
 
-    /// The code and the count of the last key that acted; 0 before the first.
+    /// The code and the count of the last key that had an effect; 0 before the first.
     int lastKey() const { return lastKey_; }
     int lastCount() const { return lastCount_; }
-    /// The digits and the point that wait for the ENTER key.
+    /// The typed digits and point, not yet entered.
     const std::string& entry() const { return entry_; }
 
     bool locked() const { return locked_; }
@@ -71,7 +71,7 @@ private:
     static bool isKey(int code);
     bool isRefused(int code, const Mainframe& mainframe) const;
     Outcome act(int code, int count, Mainframe& mainframe);
-    Outcome takeEntry(Mainframe& mainframe);
+    Outcome enter(Mainframe& mainframe);
     void type(char c);
 
     int lastKey_ = 0;

@@ -8,7 +8,7 @@ namespace orb {
 
 namespace {
 
-/// What a meter shows: whole counts, from 0 to a little beyond the end of its range.
+/// What a meter shows: whole counts from 0 to `meterSpan` times the end of its range.
 double counted(double value, double count, double rangeEnd)
 {
     const double shown = std::clamp(value, 0.0, rangeEnd * LoadChannel::meterSpan);
@@ -191,8 +191,8 @@ void LoadChannel::settle()
 
 Reading LoadChannel::measure()
 {
-    const double volts = std::max(source_.voltage(seconds_, drained_) + source_.noise * noise_.normal(), 0.0);
-    const double meterNoise = meterNoise_ * noise_.normal();
+    const double volts = std::max(source_.voltage(seconds_, drained_) + source_.noise * noise_.next(), 0.0);
+    const double meterNoise = meterNoise_ * noise_.next();
     const OperatingPoint point = pointAt(volts);
 
     const LoadRange inForce = voltageRange();
@@ -200,7 +200,7 @@ Reading LoadChannel::measure()
     Reading reading;
     reading.voltage = counted(point.voltage, module_->voltageResolution(inForce),
                               module_->range(LoadFunction::Voltage, inForce).highest);
-    // Without a current there is nothing to be noisy: an input that is off reads 0.
+    // The reading of an input that draws no current is 0, without noise.
     if (point.current > 0)
         reading.current = counted(point.current + currentCount * meterNoise, currentCount,
                                   module_->range(LoadFunction::Current, currentRange()).highest);

@@ -10,31 +10,24 @@
 
 namespace orb {
 
-/// What a channel's meters say: volts, amperes and watts, each at a whole count of its range.
+/// One reading of a channel's meters in volts, amperes and watts.
 struct Reading {
     double voltage = 0;
     double current = 0;
     double power = 0;
 };
 
-/// One channel: a load module with a source on its terminals. Time and settings decide its operating point; a reading
-/// adds the noise of the source and of the meters.
+/// One channel: a load module with a source at its terminals. Time and settings determine its operating point; a
+/// reading adds the noise of the source and of the meters.
 class LoadChannel {
 public:
-    /// Facts about the channel, as the bits of its status.
-    enum Condition : unsigned {
-        OverVoltage = 1, ///< the voltage was too high for the module, and the input is off; kept until cleared
-        OverCurrent =
-            2,         ///< the input draws all that its range allows, and does not reach its set value; or the current
-                       ///< was too high, and the input is off, kept until cleared
-        OverPower = 8, ///< the power was too high for the module, and the input is off; kept until cleared
-    };
-    /// Protection reaches to that multiple of the module's voltage, current and power.
-    static constexpr double tripMargin = LoadSettings::tripMargin;
-    /// Meters go on to that multiple of their range.
+    /// Which protection has tripped and switched the input off; kept until cleared. `OverCurrent` is also set while the
+    /// input draws the maximum of its range and does not reach its set value.
+    enum Condition : unsigned { OverVoltage = 1, OverCurrent = 2, OverPower = 8 };
+    /// Meters show up to that multiple of their range.
     static constexpr double meterSpan = 1.05;
 
-    /// The input is off and everything as after a reset. Throws `std::invalid_argument` for a source that is none.
+    /// The input is off and the settings are those after a reset. Throws `std::invalid_argument` for an invalid source.
     /// `meterNoise`: of the current meter, in counts rms.
     LoadChannel(const LoadModule& module, const Source& source, std::uint64_t noiseSeed, double meterNoise);
 
@@ -47,43 +40,43 @@ public:
     /// Without any noise.
     const OperatingPoint& operatingPoint() const { return operatingPoint_; }
 
-    /// Takes a new function and its range. Switches the input off if that is a change.
+    /// Sets the function and its range. A change switches the input off.
     void setMode(LoadFunction function, LoadRange range);
-    /// Takes the range of the voltage, for the meter and for CV. Switches the input off if that is a change.
+    /// Sets the range of the voltage, for the meter and for CV. A change switches the input off.
     void setVoltageRange(LoadRange range);
-    /// A level (0 or 1) of a function in its range in force, at the nearest step of that range.
+    /// Sets a level (0 or 1) of a function in its range in force to the nearest step of that range.
     void setLevel(LoadFunction function, int level, double value);
-    /// The rise (0) or fall (1) in the current's range in force.
+    /// Sets the rise (0) or fall (1) in the current's range in force.
     void setSlewRate(int direction, double value);
-    /// Which of the two levels (0 or 1) is in force.
+    /// Chooses the level (0 or 1) in force.
     void chooseLevel(int level);
-    /// Takes all settings at once and switches the input off.
+    /// Switches the input off and replaces all settings.
     void recall(const LoadSettings& settings);
 
-    /// Draws `current` amperes in place of the set value, and meters the voltage in that range, until `endPlay` or until
+    /// Draws `current` amperes instead of the set value and measures the voltage in that range, until `endPlay` or until
     /// the input goes off. The input must be on, in CC.
     void play(double current, LoadRange voltageRange);
     void endPlay();
     bool isPlaying() const { return played_.has_value(); }
 
-    /// Shorts the terminals with all the current that the module has, or ends that. It ends as well when the input goes
-    /// off, and must not begin before it is on.
+    /// Shorts the terminals with the maximum current of the module, or ends the short. The input must be on; when it goes
+    /// off, the short ends.
     void setShort(bool on);
     bool isShort() const { return short_; }
-    /// The volts (0), amperes (1) or watts (2) beyond which protection trips.
+    /// Sets the volts (0), amperes (1) or watts (2) above which protection trips.
     void setProtection(std::size_t quantity, double value);
-    /// From which volts of the source on the input draws a current, and whether it goes on below them.
+    /// Sets the least volts of the source at which the input draws a current, and whether it goes on below them.
     void setOnVoltage(double volts, bool latched);
-    /// The windows that readings are judged by.
+    /// Sets the windows of the readings, and whether they are judged.
     void setJudging(const std::array<JudgedWindow, 3>& windows, bool judged);
 
-    /// Switches the input on, with what has tripped cleared; it trips again where the reason is still there.
+    /// Clears tripped protection and switches the input on. It trips again if the cause is still there.
     void switchOn();
     void switchOff();
     void clearTrips();
     void connectSource(const Source& source);
 
-    /// Moves to `seconds` since the instrument was switched on; a time before the last one counts as the last one.
+    /// Moves to `seconds` since the instrument was switched on. Does nothing for an earlier time than the last one.
     void advanceTo(double seconds);
     /// A new reading at the present time.
     Reading measure();

@@ -22,16 +22,16 @@ constexpr std::size_t indexOf(LoadRange range)
     return static_cast<std::size_t>(range);
 }
 
-/// The values that can be set in one range: from `lowest` to `highest` in whole multiples of `step`.
+/// The values of one range: from `lowest` to `highest` in whole multiples of `step`.
 struct ValueRange {
     double lowest = 0;
     double highest = 0;
     double step = 0;
 
-    /// A module need not have both ranges.
+    /// False for a range that the module does not have.
     constexpr bool exists() const { return highest > 0; }
     constexpr bool holds(double value) const { return value >= lowest && value <= highest; }
-    /// `value` at the nearest step, inside of the range.
+    /// The nearest step of the range.
     double nearest(double value) const;
 };
 
@@ -42,9 +42,9 @@ using RangePair = std::array<ValueRange, 2>;
 struct LoadModule {
     std::string_view name = {};
     double maxPower = 0;
-    /// The resistance of the input when it is driven fully on: no current beyond what this lets through.
+    /// The least resistance of the input.
     double onResistance = 0;
-    /// What can be set, by `indexOf(LoadFunction)`.
+    /// The ranges of the set values, by `indexOf(LoadFunction)`.
     std::array<RangePair, 3> values{};
     /// Slew rates, by the range of the current.
     RangePair slewRate{};
@@ -61,7 +61,7 @@ struct LoadModule {
     double voltageResolution(LoadRange range) const;
 };
 
-/// All modules there are, in the order of their names.
+/// All modules, in the order of their names.
 std::span<const LoadModule> loadModules();
 
 /// The module of that name, in any letter case; null if there is none. Lives as long as the program.

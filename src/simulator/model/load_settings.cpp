@@ -7,8 +7,8 @@ namespace {
 
 constexpr LoadRange bothRanges[] = {LoadRange::Low, LoadRange::High};
 
-/// The level of a function that draws least.
-double gentlest(LoadFunction function, const ValueRange& values)
+/// The level of a function that draws the least current.
+double leastLevel(LoadFunction function, const ValueRange& values)
 {
     return function == LoadFunction::Current ? values.lowest : values.highest;
 }
@@ -20,7 +20,8 @@ LoadSettings LoadSettings::afterReset(const LoadModule& module)
     LoadSettings settings;
     for (const LoadRange range : bothRanges) {
         for (const LoadFunction function : {LoadFunction::Current, LoadFunction::Resistance, LoadFunction::Voltage})
-            settings.levels[indexOf(function)][indexOf(range)].fill(gentlest(function, module.range(function, range)));
+            settings.levels[indexOf(function)][indexOf(range)].fill(
+                leastLevel(function, module.range(function, range)));
         settings.slewRates[indexOf(range)].fill(module.slewRate[indexOf(range)].highest);
     }
     settings.windows = {{{0, module.maxVoltage()}, {0, module.maxCurrent()}, {0, module.maxPower}}};

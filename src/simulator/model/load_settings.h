@@ -5,7 +5,7 @@
 
 namespace orb {
 
-/// What a reading is judged by: volts, amperes or watts, the ends included.
+/// The volts, amperes or watts that pass, both ends included.
 struct JudgedWindow {
     double low = 0;
     double high = 0;
@@ -13,11 +13,11 @@ struct JudgedWindow {
     bool holds(double value) const { return value >= low && value <= high; }
 };
 
-/// What can be set on one channel and what a memory keeps of it. The state of the input is no setting.
+/// The settings of one channel, as a memory keeps them. The state of the input is not one of them.
 struct LoadSettings {
-    /// Two levels for each function and range; `level` says which of the two is in force.
+    /// Two levels for each function and range; `level` is the index of the one in force.
     using Levels = std::array<double, 2>;
-    /// Protection reaches to that multiple of the module's voltage, current and power.
+    /// The module's own protection trips above that multiple of its voltage, current and power.
     static constexpr double tripMargin = 1.05;
 
     LoadFunction function = LoadFunction::Current;
@@ -30,10 +30,9 @@ struct LoadSettings {
     /// The windows of the voltage, the current and the power, and whether readings are judged by them.
     std::array<JudgedWindow, 3> windows{};
     bool judged = false;
-    /// Beyond these volts, amperes or watts protection trips.
+    /// The volts, amperes and watts above which protection trips.
     std::array<double, 3> protection{};
-    /// The source's volts from which on the input draws a current at all; a latched input goes on below them once it
-    /// has begun.
+    /// The least volts of the source at which the input draws a current. A latched input goes on below them.
     double onVoltage = 0;
     bool latched = false;
 
@@ -44,8 +43,8 @@ struct LoadSettings {
     /// The value that the input holds when it is on.
     double setValue() const { return levelsOf(function)[static_cast<std::size_t>(level)]; }
 
-    /// The settings after a reset: CC in the high range, all levels where they draw least, the fastest slew rates, windows and
-    /// protection as wide as the module, a load from 0 V on.
+    /// The settings after a reset: CC in the high range, the levels that draw least, the fastest slew rates, the windows
+    /// and the protection of the module, a load-on voltage of 0 V.
     static LoadSettings afterReset(const LoadModule& module);
 };
 

@@ -47,10 +47,10 @@ Mainframe::Mainframe(const SimulatorConfiguration& configuration, SimulatorClock
     if (configuration.channels.empty() || configuration.channels.size() > maxChannels)
         throw std::invalid_argument("an instrument has 1 to 8 channels");
     if (!std::isfinite(configuration.meterNoise) || configuration.meterNoise < 0)
-        throw std::invalid_argument("the noise of the meters is no number from 0 up");
-    Noise seeds(configuration.seed);
+        throw std::invalid_argument("the noise of the meters is negative or no number");
+    std::mt19937_64 seeds(configuration.seed);
     for (const ChannelConfiguration& channel : configuration.channels)
-        channels_.push_back(channelFrom(channel, seeds.bits(), configuration.meterNoise));
+        channels_.push_back(channelFrom(channel, seeds(), configuration.meterNoise));
     measurements_.resize(channels_.size());
 }
 
@@ -62,9 +62,9 @@ LoadChannel& Mainframe::change(int number)
 
 void Mainframe::advance()
 {
-    // As numbers, since the difference of two times may be no time at all on a clock that jumps.
+    // As numbers: on a clock that jumps, the difference of two times may overflow.
     const double now = inSeconds(clock_()) - inSeconds(origin_);
-    // Of the two only one is under way.
+    // Only one of the two runs.
     sequencePlayer_.advanceTo(now, *this);
     programPlayer_.advanceTo(now, *this);
     moveTo(now);
@@ -157,10 +157,10 @@ void Mainframe::saveMemory(int number)
 void Mainframe::recallMemory(int number)
 {
     programPlayer_.stop(*this);
-    takeSettings(number);
+    applyMemory(number);
 }
 
-void Mainframe::takeSettings(int number)
+void Mainframe::applyMemory(int number)
 {
     const Memory& memory = memoryAt(number);
     for (int each = 1; each <= channelCount(); ++each) {
@@ -176,6 +176,12 @@ unsigned Mainframe::condition() const
     for (const LoadChannel& channel : channels_)
         all |= channel.condition();
     return all;
+}
+
+unsigned Mainframe::operation() const
+{
+    return (programPlayer_.waits() ? WaitingForNext : 0U) | (sequenceRuns() ? SequenceRunning : 0U) |
+           (programRuns() ? ProgramRunning : 0U);
 }
 
 } // namespace orb

@@ -13,25 +13,27 @@
 
 namespace orb {
 
-/// Who may work the instrument: its front panel, the remote interface as well, or the remote interface alone.
+/// What controls the instrument: its front panel, the remote interface too, or the remote interface alone.
 enum class ControlState { Local, Remote, RemoteWithLockout };
 
-/// What the readings of a channel are worth by its windows; off where they are not judged.
+/// The result of judging the readings of a channel; off where they are not judged.
 enum class Verdict { Off, Pass, Fail };
 
-/// The instrument without its language: the channels, the one that is selected, the memories, and their common time.
-/// Channels are counted from 1; a number must lie between 1 and `channelCount()`, a memory's between 1 and
-/// `memoryCount`.
+/// The instrument without its command language: the channels, the memories and their common time. A channel's number
+/// must be from 1 to `channelCount()`, a memory's from 1 to `memoryCount`.
 class Mainframe {
 public:
     static constexpr int memoryCount = 120;
 
-    /// Throws `std::invalid_argument` where the configuration makes no instrument.
+    /// Bits of `operation`.
+    enum Operation : unsigned { WaitingForNext = 32, SequenceRunning = 256, ProgramRunning = 16384 };
+
+    /// Throws `std::invalid_argument` for an invalid configuration.
     Mainframe(const SimulatorConfiguration& configuration, SimulatorClock clock);
 
     int channelCount() const { return static_cast<int>(channels_.size()); }
     const LoadChannel& channel(int number) const { return channels_[indexOfChannel(number)]; }
-    /// For a change. Whoever changes a channel makes its last reading obsolete.
+    /// The channel for a change, which makes its last reading obsolete.
     LoadChannel& change(int number);
 
     /// The channel that commands without a channel number mean.
@@ -43,7 +45,7 @@ public:
 
     ControlState controlState() const { return controlState_; }
     void setControlState(ControlState state) { controlState_ = state; }
-    /// Whether remote commands are taken without drawing the screen for each.
+    /// Whether remote commands are executed without drawing the screen for each.
     bool fastRemote() const { return fastRemote_; }
     void setFastRemote(bool fast) { fastRemote_ = fast; }
 
@@ -53,13 +55,12 @@ public:
 
     /// Since the instrument was switched on.
     double seconds() const { return seconds_; }
-    /// Moves all channels to the clock's time, through all that a running sequence or program does on the
-    /// way.
+    /// Moves all channels to the clock's time, with everything that a running sequence or program does until then.
     void advance();
     /// Moves all channels to `seconds` since the instrument was switched on.
     void moveTo(double seconds);
-    /// The latest reading of a channel, made anew if it is older than the measurement interval or the channel was
-    /// changed since.
+    /// The latest reading of a channel; a new one if that is older than the measurement interval or the channel has
+    /// been changed since.
     Reading fetch(int number);
     /// A new reading of a channel.
     Reading measure(int number);
@@ -69,7 +70,7 @@ public:
     const SequenceMemory& sequence() const { return sequence_; }
     int editedPoint() const { return editedPoint_; }
     void editPoint(int number) { editedPoint_ = number; }
-    /// Plays the sequence on the selected channel. False where `SequencePlayer::canPlay` says no or a run is under way.
+    /// Plays the sequence on the selected channel. False where `SequencePlayer::canPlay` is, and during another run.
     bool runSequence();
     /// Ends the run as its last point would.
     void stopSequence() { sequencePlayer_.stop(*this); }
@@ -78,33 +79,35 @@ public:
 
     /// The programs that are edited.
     ProgramStore& programs() { return programs_; }
-    /// Runs the chain of programs. False where `ProgramPlayer::start` says no or a run is under way.
+    /// Runs the chain of programs. False where `ProgramPlayer::start` is, and during another run.
     bool runProgram();
     void stopProgram() { programPlayer_.stop(*this); }
-    bool goOnFromManualStep() { return programPlayer_.goOnFromManualStep(seconds_, *this); }
+    bool endManualStep() { return programPlayer_.endManualStep(seconds_, *this); }
     bool programRuns() const { return programPlayer_.phase() != ProgramPlayer::Phase::Idle; }
     const ProgramPlayer& programPlayer() const { return programPlayer_; }
 
     /// A new reading of a channel, judged by its windows.
     Verdict judge(int number);
 
-    /// As somebody at the instrument would: a channel that is switched off takes no part in a program any more.
+    /// Switches an input as the operator does: a channel that is switched off leaves a running program.
     void switchInput(int number, bool on);
     void switchAllOff();
-    /// All inputs off, all settings as after a reset, channel 1 and point 1 selected, the keys and the screen as at first.
-    /// Memories, the calendar and the sequence keep what they hold; the programs go back to what was saved.
+    /// Switches all inputs off, resets all settings, the keys and the screen, and selects channel 1 and point 1.
+    /// Memories, the calendar and the sequence stay; the programs return to what was saved.
     void reset();
-    /// The settings of all channels into a memory, and back. A memory that was never written holds the settings after
-    /// a reset. Recalling ends a program and switches all inputs off; taking the settings lets the program go on.
+    /// Saves the settings of all channels in a memory.
     void saveMemory(int number);
+    /// Ends a running program, then applies the memory.
     void recallMemory(int number);
-    void takeSettings(int number);
-    /// As if it had never been written.
+    /// Switches all inputs off and applies the settings of a memory, an empty one those after a reset.
+    void applyMemory(int number);
     void clearMemory(int number) { memoryAt(number).clear(); }
     bool isWritten(int number) const { return !memories_[static_cast<std::size_t>(number - 1)].empty(); }
 
     /// The conditions of all channels together, bits of `LoadChannel::Condition`.
     unsigned condition() const;
+    /// What the instrument does now, bits of `Operation`.
+    unsigned operation() const;
 
 private:
     struct Measurement {

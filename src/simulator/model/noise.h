@@ -2,24 +2,21 @@
 #pragma once
 
 #include <cstdint>
+#include <random>
 
 namespace orb {
 
-/// A stream of random numbers that is the same on every machine for the same seed.
+/// Random numbers of mean 0 and standard deviation 1, the same on every machine for the same seed.
 class Noise {
 public:
-    explicit Noise(std::uint64_t seed) : state_(seed) {}
+    explicit Noise(std::uint64_t seed) : engine_(seed) {}
 
-    /// All 64 bits evenly spread.
-    std::uint64_t bits();
-    /// From 0 up to but not including 1.
-    double uniform();
-    /// Mean 0, standard deviation 1, never beyond 6: the sum of twelve even numbers, which needs no function that
-    /// rounds differently from one machine to the next.
-    double normal();
+    /// Never beyond 6: the sum of twelve uniform numbers, since the standard library's normal distribution differs
+    /// between systems.
+    double next();
 
 private:
-    std::uint64_t state_;
+    std::mt19937_64 engine_;
 };
 
 } // namespace orb

@@ -8,7 +8,7 @@ namespace orb {
 
 namespace {
 
-/// Where nothing resists, any voltage drives a current without bound.
+/// Infinite without a resistance.
 double currentThrough(double voltage, double resistance)
 {
     if (voltage <= 0)
@@ -16,7 +16,7 @@ double currentThrough(double voltage, double resistance)
     return resistance > 0 ? voltage / resistance : std::numeric_limits<double>::infinity();
 }
 
-/// The current that would hold the set value if nothing limited it.
+/// The current that holds the set value, without any limit.
 double wantedCurrent(double openCircuitVoltage, double seriesResistance, const LoadInput& input)
 {
     switch (input.function) {

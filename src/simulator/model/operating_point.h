@@ -5,19 +5,19 @@
 
 namespace orb {
 
-/// What the two sides of a pair of terminals agree on.
+/// The voltage and the current at the terminals of a channel.
 struct OperatingPoint {
     /// Volts and amperes at the terminals.
     double voltage = 0;
     double current = 0;
-    /// The input would draw more to hold its set value, and its range does not let it.
+    /// The range of the input keeps it from drawing the current of its set value.
     bool limited = false;
 
     double power() const { return voltage * current; }
 };
 
-/// What a load input does: holds `setValue` (amperes, ohms or volts) and draws at most `maxCurrent`. It is never less
-/// than `onResistance`, so that there is a current that no source exceeds.
+/// A load input: it holds `setValue` (amperes, ohms or volts), draws at most `maxCurrent`, and its resistance is at
+/// least `onResistance`.
 struct LoadInput {
     LoadFunction function = LoadFunction::Current;
     double setValue = 0;
@@ -25,7 +25,7 @@ struct LoadInput {
     double onResistance = 0;
 };
 
-/// The operating point of a source of `openCircuitVoltage` behind `seriesResistance` and an input that is on.
+/// The operating point of an input that is on and a source of `openCircuitVoltage` and `seriesResistance`.
 OperatingPoint operatingPoint(double openCircuitVoltage, double seriesResistance, const LoadInput& input);
 
 /// The operating point with the input off.

@@ -19,7 +19,7 @@ ProgramMemory::ProgramMemory()
 
 void ProgramStore::revert()
 {
-    programs = kept_;
+    programs = saved_;
     program = 1;
     step = 1;
 }

@@ -6,8 +6,8 @@
 
 namespace orb {
 
-/// The programs as the instrument keeps them: 12 of 10 steps, and the chain in which they run. Programs, steps and
-/// memories are counted from 1. Times are in seconds, and one of 0 is off.
+/// The programs: 12 of 10 steps each, and the chain in which they run. Programs, steps and memories are counted from 1.
+/// Times are in seconds; a time of 0 is off.
 struct ProgramMemory {
     static constexpr int programCount = 12;
     static constexpr int stepCount = 10;
@@ -18,18 +18,18 @@ struct ProgramMemory {
     enum class RunMode { Skip, Auto, Manual };
 
     struct Step {
-        /// The memory whose settings the step takes; 0 for none, which passes the step over.
+        /// The memory that the step recalls; a step with memory 0 is skipped.
         int memory = 0;
         RunMode mode = RunMode::Skip;
         double onSeconds = 0;
         double offSeconds = 0;
         /// When the readings are judged, after the inputs went on.
         double judgeSeconds = 0;
-        /// How long the inputs of `shortChannels` are shorted at first; bit 0 is channel 1.
+        /// How long the inputs of `shortChannels` (bit 0 is channel 1) are shorted at the beginning.
         double shortSeconds = 0;
         unsigned shortChannels = 0;
 
-        /// Skipped steps and those without a memory or a time are passed over.
+        /// False for a step that is skipped: by its mode, without a memory, or without a time.
         bool takesTime() const;
     };
 
@@ -54,22 +54,21 @@ private:
     }
 };
 
-/// The programs twice: as they are edited, asked for and run, and as they are kept over a reset.
+/// The programs as they are edited and run, and as they were saved.
 class ProgramStore {
 public:
     ProgramMemory programs;
-    /// The program and the step that the commands for a step mean.
+    /// The program and the step that are edited.
     int program = 1;
     int step = 1;
 
     ProgramMemory::Step& editedStep() { return programs.step(program, step); }
-    /// Keeps the programs as they are now.
-    void save() { kept_ = programs; }
-    /// Goes back to what is kept, and to step 1 of program 1.
+    void save() { saved_ = programs; }
+    /// Returns to what was saved, and to step 1 of program 1.
     void revert();
 
 private:
-    ProgramMemory kept_;
+    ProgramMemory saved_;
 };
 
 } // namespace orb

@@ -25,9 +25,9 @@ double ProgramPlayer::nextChange() const
 
 bool ProgramPlayer::findStep()
 {
-    // A chain that runs in a circle may hold no step that takes time.
-    constexpr int twiceRound = 2 * ProgramMemory::programCount * ProgramMemory::stepCount;
-    for (int tries = 0; tries < twiceRound; ++tries) {
+    // A chain that is a loop may have no step that takes time.
+    constexpr int maxTries = 2 * ProgramMemory::programCount * ProgramMemory::stepCount;
+    for (int tries = 0; tries < maxTries; ++tries) {
         if (++step_ > ProgramMemory::stepCount) {
             program_ = programs_.next(program_);
             step_ = 1;
@@ -75,7 +75,7 @@ void ProgramPlayer::leave(int channel, Mainframe& mainframe)
         stop(mainframe);
 }
 
-bool ProgramPlayer::goOnFromManualStep(double seconds, Mainframe& mainframe)
+bool ProgramPlayer::endManualStep(double seconds, Mainframe& mainframe)
 {
     if (!waits())
         return false;
@@ -85,7 +85,7 @@ bool ProgramPlayer::goOnFromManualStep(double seconds, Mainframe& mainframe)
 
 void ProgramPlayer::enterStep(double seconds, Mainframe& mainframe)
 {
-    mainframe.takeSettings(current().memory);
+    mainframe.applyMemory(current().memory);
     stepFailed_ = false;
     const bool manual = current().mode == ProgramMemory::RunMode::Manual;
     if (!manual && current().onSeconds <= 0)
@@ -110,7 +110,7 @@ void ProgramPlayer::switchOn(double seconds, Mainframe& mainframe)
         if (shorts && (current().shortChannels >> (number - 1) & 1U) != 0 && channel.inputOn())
             channel.setShort(true);
     }
-    dropWhatWentOff(mainframe);
+    dropChannelsThatWentOff(mainframe);
 }
 
 void ProgramPlayer::switchOff(Mainframe& mainframe)
@@ -160,7 +160,7 @@ void ProgramPlayer::judge(Mainframe& mainframe)
         ++result_.failed;
 }
 
-void ProgramPlayer::dropWhatWentOff(Mainframe& mainframe)
+void ProgramPlayer::dropChannelsThatWentOff(Mainframe& mainframe)
 {
     if (phase_ != Phase::On)
         return;
@@ -172,7 +172,7 @@ void ProgramPlayer::dropWhatWentOff(Mainframe& mainframe)
         channels_ &= ~(1U << (number - 1));
     }
     if (channels_ == 0) {
-        // Nothing is left to judge, and what tripped must not pass unseen.
+        // The time of judging will not be reached, and the step has failed.
         if (stepFailed_ && judgedAt_ != never)
             judge(mainframe);
         stop(mainframe);
@@ -194,7 +194,7 @@ void ProgramPlayer::change(Mainframe& mainframe)
 
 void ProgramPlayer::advanceTo(double seconds, Mainframe& mainframe)
 {
-    dropWhatWentOff(mainframe);
+    dropChannelsThatWentOff(mainframe);
     for (int changes = 0; nextChange() <= seconds; ++changes) {
         if (changes == maxChangesAtOnce) {
             const double late = seconds - nextChange();
@@ -203,7 +203,7 @@ void ProgramPlayer::advanceTo(double seconds, Mainframe& mainframe)
             return;
         }
         mainframe.moveTo(nextChange());
-        dropWhatWentOff(mainframe);
+        dropChannelsThatWentOff(mainframe);
         if (phase_ != Phase::Idle)
             change(mainframe);
     }

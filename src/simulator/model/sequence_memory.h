@@ -7,11 +7,11 @@
 
 namespace orb {
 
-/// A sequence as the instrument keeps it: set points of the current that are played one after the other. A loop goes
-/// from one of them to another and is repeated. It knows of no channel, so that any current of any module fits.
+/// A sequence: points of the current that are played one after the other. A loop from one of them to another is
+/// repeated. It belongs to no channel and takes the currents of every module.
 struct SequenceMemory {
     static constexpr int pointCount = 120;
-    /// The limits of a point: amperes, seconds, and amperes per microsecond. They are those of the largest module.
+    /// The limits of a point in amperes, seconds, and amperes per microsecond: those of the largest module.
     static constexpr double maxCurrent = 120;
     static constexpr double maxSeconds = 100'000;
     static constexpr double maxSlewRate = 5;
@@ -19,7 +19,7 @@ struct SequenceMemory {
 
     struct Point {
         double current = 0;
-        /// A point of 0 s is passed over.
+        /// A point of 0 s is skipped.
         double seconds = 0;
         /// A rate that the module does not have is played as its nearest one.
         double rise = maxSlewRate;
@@ -29,18 +29,18 @@ struct SequenceMemory {
     std::array<Point, pointCount> points{};
     /// The range of the voltage meter while the sequence plays.
     LoadRange voltageRange = LoadRange::High;
-    /// Whether the input stays on behind the last point.
+    /// Whether the input stays on after the last point.
     bool loadOnAtEnd = false;
     /// How often the loop is played; 0 for ever.
     int repeatCount = 1;
-    /// The first and the last point of the loop, counted from 1. The first may be set beyond the last, but such a
-    /// sequence can't be played.
+    /// The first and the last point of the loop, counted from 1. A sequence whose first point is after the last can't be
+    /// played.
     int loopStart = 1;
     int endPoint = 1;
 
     const Point& point(int number) const { return points[static_cast<std::size_t>(number - 1)]; }
     Point& point(int number) { return points[static_cast<std::size_t>(number - 1)]; }
-    /// What one round of the loop takes; 0 where it holds no point.
+    /// The duration of one round of the loop; 0 where the loop has no point.
     double secondsOfRound() const;
     /// The largest current of the loop.
     double peakCurrent() const;

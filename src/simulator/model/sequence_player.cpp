@@ -66,7 +66,7 @@ double SequencePlayer::currentAt(double seconds, const LoadChannel& channel) con
     return wanted > beganCurrent_ ? beganCurrent_ + way : beganCurrent_ - way;
 }
 
-bool SequencePlayer::goOn(const LoadChannel& channel)
+bool SequencePlayer::enterNextPoint(const LoadChannel& channel)
 {
     const double end = endOfPoint();
     beganCurrent_ = currentAt(end, channel);
@@ -99,9 +99,9 @@ void SequencePlayer::advanceTo(double seconds, Mainframe& mainframe)
 {
     for (int changes = 0; changes < maxChangesAtOnce && runs(mainframe) && endOfPoint() <= seconds; ++changes) {
         skipRounds(seconds);
-        // Behind a skip the point may end later than asked for: rounding is all that is left of it.
+        // After a skip, rounding may put the end of the point after `seconds`.
         mainframe.moveTo(std::min(endOfPoint(), seconds));
-        if (!goOn(mainframe.channel(channel_)))
+        if (!enterNextPoint(mainframe.channel(channel_)))
             return stop(mainframe);
         holdAt(began_, mainframe);
     }

@@ -10,26 +10,24 @@ namespace orb {
 class LoadChannel;
 class Mainframe;
 
-/// Plays a sequence on one channel. The input must be on for it; the player never switches one on. Whatever switches
-/// it off (a command, protection, a change of mode) ends the run.
+/// Plays a sequence on one channel, whose input must be on; the player never switches one on. Anything that switches it
+/// off (a command, protection, a change of mode) ends the run.
 class SequencePlayer {
 public:
-    /// Rounds of the loop that are played one by one when the time has moved on by more than that; those before them
-    /// are only counted.
+    /// When more rounds of the loop than that are due at once, those before them are counted and not played.
     static constexpr int maxRoundsAtOnce = 100;
 
-    /// Whether that sequence can be played on that channel as it is: the input on, in CC, the loop with a first point
-    /// not behind its last one, a time, and no current beyond the range in force.
+    /// Whether the channel can play the sequence: the input is on, in CC, and the loop has a first point not after its
+    /// last one, a time, and no current above the range in force.
     static bool canPlay(const SequenceMemory& sequence, const LoadChannel& channel);
 
-    /// Begins with the first point of the loop. The sequence is copied: changes of it are for the next run.
+    /// Begins with the first point of the loop. The sequence is copied: changes of it apply to the next run.
     void start(const SequenceMemory& sequence, int channel, double seconds, Mainframe& mainframe);
-    /// Ends the run as its last point would: the input goes off, or back to its set value.
+    /// Ends the run as its last point does: the input goes off, or returns to its set value.
     void stop(Mainframe& mainframe);
-    /// Plays all changes up to a time, in seconds since the instrument was switched on, and moves the channels with
-    /// them.
+    /// Plays all points up to a time, in seconds since the instrument was switched on, and moves the channels with them.
     void advanceTo(double seconds, Mainframe& mainframe);
-    /// Lets the channel draw the current of that moment.
+    /// Sets the channel to the current of that time.
     void holdAt(double seconds, Mainframe& mainframe);
 
     bool runs(const Mainframe& mainframe) const;
@@ -41,8 +39,8 @@ public:
 private:
     double currentAt(double seconds, const LoadChannel& channel) const;
     double endOfPoint() const { return began_ + sequence_.point(point_).seconds; }
-    /// False behind the last point of the last round.
-    bool goOn(const LoadChannel& channel);
+    /// Enters the next point. False after the last point of the last round.
+    bool enterNextPoint(const LoadChannel& channel);
     void skipRounds(double seconds);
 
     SequenceMemory sequence_;

@@ -11,20 +11,20 @@
 
 namespace orb {
 
-/// The time that the simulated instrument lives in: only ever grows, from an origin of the clock's own.
+/// The time of the simulated instrument, counted from any origin. A time before an earlier one counts as that one.
 using SimulatorClock = std::function<std::chrono::nanoseconds()>;
 
-/// The time that passes outside.
+/// The system's monotonic clock.
 SimulatorClock steadyClock();
 
-/// One channel as it is when the instrument is switched on. Its input is off.
+/// One channel as it is when the instrument is switched on, with its input off.
 struct ChannelConfiguration {
-    /// A name out of `loadModules()`.
+    /// A name of `loadModules()`.
     std::string module = "K11";
     Source source;
     LoadFunction function = LoadFunction::Current;
     LoadRange range = LoadRange::High;
-    /// Amperes, ohms or volts, by the function; the nearest step inside of the range is taken.
+    /// Amperes, ohms or volts, by the function; rounded to the nearest step of the range.
     double setValue = 0;
 };
 
@@ -34,11 +34,11 @@ struct SimulatorConfiguration {
     std::string identity = "ZN,ORB3000,SIM0001,1.0";
     /// One to eight channels, channel 1 first.
     std::vector<ChannelConfiguration> channels;
-    /// Of all noise: the same seed, the same commands at the same times, the same answers.
+    /// Of all noise: the same seed and the same commands at the same times give the same answers.
     std::uint64_t seed = 1;
     /// Of the current meters, in counts rms.
     double meterNoise = 1;
-    /// How often the instrument measures by itself; a fetched reading is not older than that.
+    /// The maximum age of a fetched reading.
     std::chrono::milliseconds measurementInterval{20};
 };
 

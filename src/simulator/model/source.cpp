@@ -35,14 +35,14 @@ double Source::voltage(double seconds, double drained) const
 
 void Source::validate() const
 {
-    require(isFiniteNotNegative(openCircuitVoltage), *this, "the open-circuit voltage is no number from 0 up");
-    require(isFiniteNotNegative(seriesResistance), *this, "the series resistance is no number from 0 up");
-    require(isFiniteNotNegative(noise), *this, "the noise is no number from 0 up");
-    require(isFiniteNotNegative(swing), *this, "the swing is no number from 0 up");
-    require(std::isfinite(swingPeriod) && swingPeriod > 0, *this, "the period of the swing is no number above 0");
-    require(isFiniteNotNegative(capacity), *this, "the capacity is no number from 0 up");
+    require(isFiniteNotNegative(openCircuitVoltage), *this, "the open-circuit voltage is negative or no number");
+    require(isFiniteNotNegative(seriesResistance), *this, "the series resistance is negative or no number");
+    require(isFiniteNotNegative(noise), *this, "the noise is negative or no number");
+    require(isFiniteNotNegative(swing), *this, "the swing is negative or no number");
+    require(std::isfinite(swingPeriod) && swingPeriod > 0, *this, "the period of the swing is not above 0");
+    require(isFiniteNotNegative(capacity), *this, "the capacity is negative or no number");
     require(isFiniteNotNegative(emptyVoltage) && emptyVoltage <= openCircuitVoltage, *this,
-            "the empty voltage is no number from 0 to the open-circuit voltage");
+            "the empty voltage is not between 0 and the open-circuit voltage");
 }
 
 } // namespace orb

@@ -11,13 +11,13 @@ namespace orb {
 
 namespace {
 
-struct Prefix {
+struct Multiplier {
     std::string_view text;
     double factor;
 };
 
-// MA is mega: M alone is milli. Behind it the unit's own letters follow, so that MA with A reads as milliampere.
-constexpr Prefix prefixes[] = {{"", 1}, {"N", 1e-9}, {"U", 1e-6}, {"M", 1e-3}, {"K", 1e3}, {"MA", 1e6}};
+// MA is mega, M alone is milli. The letters of the unit follow, so that MA is milliampere and MAA megaampere.
+constexpr Multiplier multipliers[] = {{"", 1}, {"N", 1e-9}, {"U", 1e-6}, {"M", 1e-3}, {"K", 1e3}, {"MA", 1e6}};
 
 [[noreturn]] void fail(ErrorNumber number)
 {
@@ -44,7 +44,7 @@ std::string_view nameOf(Unit unit)
     }
 }
 
-/// What the suffix behind a number multiplies it with.
+/// The factor of the unit after a number.
 double factorOf(std::string_view suffix, Unit unit)
 {
     if (suffix.empty())
@@ -55,12 +55,12 @@ double factorOf(std::string_view suffix, Unit unit)
     if (suffix.size() < name.size() || !ascii::sameText(suffix.substr(suffix.size() - name.size()), name))
         fail(ErrorNumber::InvalidSuffix);
     const std::string_view before = suffix.substr(0, suffix.size() - name.size());
-    // The one unit before which M has always meant mega.
+    // Before this unit alone M is mega.
     if (unit == Unit::Ohm && ascii::sameText(before, "M"))
         return 1e6;
-    for (const Prefix& prefix : prefixes) {
-        if (ascii::sameText(prefix.text, before))
-            return prefix.factor;
+    for (const Multiplier& multiplier : multipliers) {
+        if (ascii::sameText(multiplier.text, before))
+            return multiplier.factor;
     }
     fail(ErrorNumber::InvalidSuffix);
 }
@@ -99,12 +99,13 @@ double CommandCall::number(std::size_t index, Unit unit, const NumberLimits& lim
     return value;
 }
 
-double CommandCall::limit(std::size_t index, const NumberLimits& limits) const
+double CommandCall::limitOr(double value, const NumberLimits& limits) const
 {
-    const Parameter& parameter = parameters_[index];
-    if (parameter.kind != Parameter::Kind::Word)
+    if (parameters_.empty())
+        return value;
+    if (parameters_[0].kind != Parameter::Kind::Word)
         fail(ErrorNumber::DataTypeError);
-    return namedNumber(parameter.text, limits);
+    return namedNumber(parameters_[0].text, limits);
 }
 
 bool CommandCall::isWord(std::size_t index, std::span<const std::string_view> mnemonics) const

@@ -27,9 +27,9 @@ ParameterCount countParameters(std::string_view description)
     return count;
 }
 
-CommandTable::CommandTable(std::vector<CommandSection> sections) : sections_(std::move(sections))
+CommandTable::CommandTable(std::span<const CommandSection> sections)
 {
-    for (const CommandSection& section : sections_) {
+    for (const CommandSection& section : sections) {
         for (const Command& command : section.commands)
             add(command);
     }
@@ -93,7 +93,7 @@ std::size_t CommandTable::childFor(std::size_t place, std::string_view mnemonic)
         if (name == mnemonic)
             return child;
         if (isMnemonic(name, mnemonic) || isMnemonic(name, shortForm(mnemonic)))
-            throw std::logic_error("a header can't tell " + std::string(name) + " from " + std::string(mnemonic));
+            throw std::logic_error(std::string(name) + " and " + std::string(mnemonic) + " share a form");
     }
     places_[place].children.emplace_back(mnemonic, places_.size());
     places_.emplace_back();

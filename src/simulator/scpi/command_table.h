@@ -18,43 +18,43 @@ struct CommandContext {
     StatusRegisters& status;
     /// The answer to *IDN?.
     const std::string& identity;
-    /// An answer of an earlier query in the same message waits to be read.
+    /// The answer to an earlier query of the same message has not been sent yet.
     bool messageAvailable = false;
 };
 
 using CommandAction = void (*)(CommandContext&, const CommandCall&);
 using CommandQuery = std::string (*)(CommandContext&, const CommandCall&);
 
-/// One row of the command language. All that there is to a command stands in its row.
+/// One row of the command language: everything about one command.
 struct Command {
-    /// The header: capital letters are the short form, a node in brackets may be left out, a node with # may have a
-    /// number behind it. "CURRent#[:STATic][:L#]".
+    /// The header: capital letters are the short form, a node in brackets may be left out, a number may
+    /// follow a node with #. "CURRent#[:STATic][:L#]".
     std::string_view header = {};
     /// The parameters of the set form as the manual shows them, separated by commas; those in brackets may be left
     /// out. Empty where it takes none.
     std::string_view parameters = {};
     /// The parameters of the query form, in the same way.
     std::string_view queryParameters = {};
-    /// Parameters with which the set form works on the default instrument right after a reset, once `before` was sent.
+    /// Parameters that the set form takes on the default instrument right after a reset and the message `before`.
     std::string_view example = {};
-    /// A message that the set form needs to have been sent before it. Empty for nearly all.
+    /// A message that must have been sent before the set form. Empty for most rows.
     std::string_view before = {};
-    /// What it does, in one sentence, for the manual. Holds no bar, caret or line end.
+    /// What it does, for the manual. Holds no bar, caret or line end.
     std::string_view summary = {};
     /// Null where there is no such form.
     CommandAction set = nullptr;
     CommandQuery query = nullptr;
-    /// The answer holds the readings of all channels and is written down.
+    /// The answer holds the readings of all channels and goes into the served log.
     bool served = false;
 };
 
-/// A part of the manual's table.
+/// A table of the command language, with its title in the manual.
 struct CommandSection {
     std::string_view title;
-    std::vector<Command> commands;
+    std::span<const Command> commands;
 };
 
-/// How many parameters a form takes, as its description says.
+/// The number of parameters that a form takes, read from its description.
 struct ParameterCount {
     std::size_t least = 0;
     std::size_t most = 0;
@@ -64,25 +64,23 @@ ParameterCount countParameters(std::string_view description);
 /// All commands, found by their headers.
 class CommandTable {
 public:
-    /// What a header leads to. `command` is null where it leads nowhere.
+    /// The row of a header; `command` is null where there is none.
     struct Match {
         const Command* command = nullptr;
-        /// The numbers behind the nodes that can have one, in the order of the row's header.
+        /// The numbers after the nodes that can have one, in the order of the row's header.
         std::vector<std::optional<int>> suffixes;
     };
 
-    /// Throws `std::logic_error` where two rows answer to the same header.
-    explicit CommandTable(std::vector<CommandSection> sections);
+    /// The rows must outlive the table. Throws `std::logic_error` where two rows have the same header.
+    explicit CommandTable(std::span<const CommandSection> sections);
     CommandTable(const CommandTable&) = delete;
     CommandTable& operator=(const CommandTable&) = delete;
 
-    const std::vector<CommandSection>& sections() const { return sections_; }
-
-    /// The row of a whole header. Error -114 (`CommandFailure`) where a node has a number that can't have one.
+    /// Finds the row of a whole header. Error -114 (`CommandFailure`) where a number follows a node that has no #.
     Match find(std::span<const HeaderNode> header) const;
 
 private:
-    /// A place in the tree of headers. `slots` tells for each node on the way which number it gives, -1 for none.
+    /// A node in the tree of headers. `slots` says for each node on the path which number it gives, -1 for none.
     struct Place {
         std::vector<std::pair<std::string_view, std::size_t>> children;
         const Command* command = nullptr;
@@ -100,7 +98,6 @@ private:
     void addPath(const Command& command, std::span<const PatternNode> path, int slotCount);
     std::size_t childFor(std::size_t place, std::string_view mnemonic);
 
-    std::vector<CommandSection> sections_;
     std::vector<Place> places_ = std::vector<Place>(1);
 };
 

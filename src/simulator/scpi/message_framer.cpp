@@ -7,12 +7,12 @@
 
 namespace orb {
 
-std::vector<MessageFramer::Message> MessageFramer::take(std::string_view bytes)
+std::vector<MessageFramer::Message> MessageFramer::feed(std::string_view bytes)
 {
     std::vector<Message> messages;
     for (const char byte : bytes) {
         if (!endsMessage(byte)) {
-            takeByte(byte);
+            append(byte);
             continue;
         }
         Message message = finish();
@@ -38,12 +38,12 @@ MessageFramer::Message MessageFramer::finish()
     return message;
 }
 
-void MessageFramer::takeByte(char byte)
+void MessageFramer::append(char byte)
 {
     if (overrun_)
         return;
     if (buffer_.size() == limit_) {
-        // The rest of the line goes the same way, a block in it included.
+        // The rest of the line is dropped too, up to its first line feed, inside of a block or not.
         overrun_ = true;
         buffer_ = {};
         blockEnd_ = 0;
@@ -54,7 +54,7 @@ void MessageFramer::takeByte(char byte)
     buffer_ += byte;
 }
 
-/// Follows strings and blocks, with `byte` not yet in the buffer.
+/// Keeps track of strings and blocks; `byte` is not in the buffer yet.
 void MessageFramer::follow(char byte)
 {
     switch (state_) {
@@ -76,7 +76,7 @@ void MessageFramer::follow(char byte)
         state_ = lengthDigits_ > 0 ? State::BlockLength : State::Plain;
         break;
     case State::BlockLength:
-        takeBlockLength(byte);
+        readBlockLength(byte);
         break;
     case State::Block:
         if (--blockLength_ == 0) {
@@ -87,7 +87,7 @@ void MessageFramer::follow(char byte)
     }
 }
 
-void MessageFramer::takeBlockLength(char byte)
+void MessageFramer::readBlockLength(char byte)
 {
     if (!ascii::isDigit(byte)) {
         state_ = State::Plain;
@@ -96,7 +96,7 @@ void MessageFramer::takeBlockLength(char byte)
     blockLength_ = blockLength_ * 10 + static_cast<std::size_t>(byte - '0');
     if (--lengthDigits_ > 0)
         return;
-    // A block that can't fit is none: the line then ends at its line feed, and the peer need not send all it announced.
+    // The line of a block that can't fit ends at its line feed: nobody waits for the bytes that it announces.
     state_ = blockLength_ > 0 && blockLength_ <= limit_ ? State::Block : State::Plain;
 }
 

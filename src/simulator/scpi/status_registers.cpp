@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "status_registers.h"
 
-#include <utility>
-
 namespace orb {
 
 namespace {
@@ -23,6 +21,19 @@ StatusRegisters::StandardEvent eventOf(ErrorNumber number)
 }
 
 } // namespace
+
+void StatusGroup::setCondition(unsigned condition)
+{
+    event_ |= (condition & ~condition_ & positive) | (~condition & condition_ & negative);
+    condition_ = condition;
+}
+
+void StatusGroup::preset()
+{
+    enable = 0;
+    positive = allBits;
+    negative = 0;
+}
 
 void StatusRegisters::report(ErrorNumber number)
 {
@@ -47,25 +58,15 @@ std::uint8_t StatusRegisters::takeStandardEvent()
     return std::exchange(standardEvent_, std::uint8_t{0});
 }
 
-void StatusRegisters::setQuestionable(unsigned condition)
-{
-    questionableEvent_ |= condition & ~questionableCondition_;
-    questionableCondition_ = condition;
-}
-
-unsigned StatusRegisters::takeQuestionableEvent()
-{
-    return std::exchange(questionableEvent_, 0U);
-}
-
 std::uint8_t StatusRegisters::statusByte(bool messageAvailable) const
 {
     unsigned byte = 0;
     const auto setIf = [&byte](bool condition, StatusByte bit) { byte |= condition ? unsigned{bit} : 0U; };
     setIf(!errors_.empty(), ErrorAvailable);
-    setIf((questionableEvent_ & questionableEnable_) != 0, QuestionableSummary);
+    setIf(questionable.summary(), QuestionableSummary);
     setIf(messageAvailable, MessageAvailable);
     setIf((standardEvent_ & standardEventEnable_) != 0, StandardEventSummary);
+    setIf(operation.summary(), OperationSummary);
     setIf((byte & serviceRequestEnable_) != 0, MasterSummary);
     return static_cast<std::uint8_t>(byte);
 }
@@ -74,7 +75,8 @@ void StatusRegisters::clear()
 {
     errors_.clear();
     standardEvent_ = 0;
-    questionableEvent_ = 0;
+    questionable.takeEvent();
+    operation.takeEvent();
 }
 
 } // namespace orb

@@ -9,8 +9,8 @@ namespace orb {
 
 namespace {
 
-/// Without white space around it and a leading colon, which makes no difference to a message.
-std::string_view essence(std::string_view message)
+/// Without white space around it and without a leading colon.
+std::string_view withoutColon(std::string_view message)
 {
     message = ascii::trimmed(message);
     if (message.starts_with(':'))
@@ -18,23 +18,23 @@ std::string_view essence(std::string_view message)
     return message;
 }
 
-/// `pattern` against the whole of `text`, in any letter case; an asterisk stands for any bytes, also for none.
+/// Whether `pattern` matches the whole of `text`, in any letter case. An asterisk matches any bytes, or none.
 bool matches(std::string_view pattern, std::string_view text)
 {
     std::size_t p = 0;
     std::size_t t = 0;
-    std::size_t star = std::string_view::npos; // the last asterisk, and how much of the text it has taken
-    std::size_t taken = 0;
+    std::size_t star = std::string_view::npos; // the last asterisk, and where the text that it matches ends
+    std::size_t starEnd = 0;
     while (t < text.size()) {
         if (p < pattern.size() && pattern[p] == '*') {
             star = p++;
-            taken = t;
+            starEnd = t;
         } else if (p < pattern.size() && ascii::upper(pattern[p]) == ascii::upper(text[t])) {
             ++p;
             ++t;
         } else if (star != std::string_view::npos) {
             p = star + 1;
-            t = ++taken;
+            t = ++starEnd;
         } else {
             return false;
         }
@@ -42,12 +42,12 @@ bool matches(std::string_view pattern, std::string_view text)
     return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
-/// Counts an occurrence for every rule that `isMeant` says is meant, and gives the fault of the first that is due.
-template <typename Predicate> Fault firstDue(std::vector<FaultRule>& rules, Predicate isMeant)
+/// Counts an occurrence for every rule that applies, and returns the fault of the first that is due.
+template <typename Predicate> Fault firstDue(std::vector<FaultRule>& rules, Predicate applies)
 {
     const FaultRule* due = nullptr;
     for (FaultRule& rule : rules) {
-        if (!isMeant(rule))
+        if (!applies(rule))
             continue;
         ++rule.seen;
         if (due == nullptr && rule.seen >= rule.first && rule.seen <= rule.last)
@@ -70,7 +70,7 @@ Fault FaultScript::onConnect()
 Fault FaultScript::onMessage(std::string_view message)
 {
     return firstDue(rules_, [&](const FaultRule& rule) {
-        return !rule.pattern.empty() && matches(essence(rule.pattern), essence(message));
+        return !rule.pattern.empty() && matches(withoutColon(rule.pattern), withoutColon(message));
     });
 }
 

@@ -15,22 +15,22 @@ namespace orb {
 struct Fault {
     enum class Kind {
         None,
-        Late,      ///< the answer comes after `delay`
-        Split,     ///< the answer comes in `count` pieces with `delay` between them
+        Late,      ///< the answer is sent after `delay`
+        Split,     ///< the answer is sent in `count` pieces with `delay` between them
         CrLf,      ///< the answer ends in CR LF
         Missing,   ///< no answer
-        AfterNext, ///< the answer comes only when the next message has come
-        Wrong,     ///< `text` in place of the answer
-        Garbage,   ///< `count` random bytes in place of the answer
+        AfterNext, ///< the answer is sent when the next message has been received
+        Wrong,     ///< `text` instead of the answer
+        Garbage,   ///< `count` random bytes instead of the answer
         Truncated, ///< only the first `count` bytes of the answer, and no line end
         Closed,    ///< the first `count` bytes of the answer, then the connection is closed
         Reset,     ///< the first `count` bytes of the answer, then the connection is reset
-        Refused,   ///< the connection is closed, and for `delay` (0: for good) nobody listens any more
+        Refused,   ///< the connection is closed, and new ones are refused for `delay` (0: for ever)
     };
 
     Kind kind = Kind::None;
     std::chrono::milliseconds delay{0};
-    /// Where there is none: half of the answer for Truncated and Closed, 0 for Reset.
+    /// Without a count: half of the answer for Truncated and Closed, 0 for Reset.
     std::optional<std::uint64_t> count{};
     std::string text{};
 };
@@ -45,36 +45,20 @@ private:
     int line_;
 };
 
-/// One step on the way of an answer to the client, to be done in order.
-struct DeliveryStep {
-    enum class End { None, Close, Reset, Refuse };
-
-    /// To wait before the step.
-    std::chrono::milliseconds wait{0};
-    /// To send in one write; nothing when empty.
-    std::string bytes{};
-    /// To do after the bytes are sent.
-    End end = End::None;
-    /// With `End::Refuse`: how long nobody listens, 0 for good.
-    std::chrono::milliseconds deaf{0};
-    /// Held back until the next message of the same client has come.
-    bool afterNext = false;
-};
-
-/// One line of a script: what happens at which occurrences of what, and how far it has come.
+/// One line of a script.
 struct FaultRule {
-    /// Matched against the message; empty for a connection.
+    /// Compared with the message; empty for a connection.
     std::string pattern;
     /// The occurrences, counted from 1, both included.
     std::uint64_t first = 1;
     std::uint64_t last = 1;
     Fault fault;
-    /// Occurrences so far.
+    /// The number of occurrences so far.
     std::uint64_t seen = 0;
 };
 
-/// Rules by which the answers of an instrument go wrong. Each rule counts the messages that match it, over all
-/// clients; of several that fall due at once the first one counts. Used by the server, and by tests without one.
+/// Rules for faults in the answers of an instrument. Each rule counts the messages of all clients that match it; where
+/// several rules apply to one message, the first one does.
 class FaultScript {
 public:
     /// No faults.
@@ -83,9 +67,9 @@ public:
     /// Reads rules, one a line. Throws `FaultScriptError`.
     static FaultScript parse(std::string_view text);
 
-    /// A client has connected: what is to happen to it. None, Closed, Reset or Refused.
+    /// The fault of a client that has connected: None, Closed, Reset or Refused.
     Fault onConnect();
-    /// A message has come: what is to happen to its answer.
+    /// The fault of the answer to a message.
     Fault onMessage(std::string_view message);
 
     const std::vector<FaultRule>& rules() const { return rules_; }
@@ -93,12 +77,5 @@ public:
 private:
     std::vector<FaultRule> rules_;
 };
-
-/// True when the client gets the right answer under the fault, however it comes.
-bool leavesWhole(const Fault& fault);
-
-/// The way of an answer under a fault. `answer` is without line end, and empty where the message asked nothing: then
-/// nothing is sent but what the fault itself sends. `garbageSeed` picks the bytes of `Garbage`.
-std::vector<DeliveryStep> deliver(const Fault& fault, std::string_view answer, std::uint64_t garbageSeed = 1);
 
 } // namespace orb

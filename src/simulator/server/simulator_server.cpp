@@ -12,9 +12,9 @@ namespace orb {
 
 namespace {
 
-constexpr std::chrono::milliseconds listenAgain{100};
+constexpr std::chrono::milliseconds retryAfter{100};
 
-/// One line of the file of what was served. A wrong answer may hold anything; a record stays one line.
+/// One line of the served file. A wrong answer may hold any character.
 std::string record(const std::string& query, std::string answer)
 {
     for (char& c : answer) {
@@ -24,7 +24,7 @@ std::string record(const std::string& query, std::string answer)
     return query + '\t' + answer + '\n';
 }
 
-/// What the client is about to get in answer to queries for the readings of all channels.
+/// The lines for the last `count` answers.
 std::string recordsOf(const std::deque<ServedAnswer>& answers, std::uint64_t count, const Fault& fault)
 {
     std::string records;
@@ -44,33 +44,33 @@ struct SimulatorServer::Parts {
     {}
 
     int openCount() const;
-    /// Clients that have closed do not count, even where the event loop has not noticed it yet.
+    /// Clients that have closed do not count, even if the event loop has not handled that yet.
     bool hasRoom();
     void acceptClients();
     void accept(std::unique_ptr<QTcpSocket> socket);
     std::vector<OutgoingStep> respond(const MessageFramer::Message& message);
-    void refuse(std::chrono::milliseconds deaf);
-    void listenOnceMore();
-    void forgetClosed();
+    void refuse(std::chrono::milliseconds refusal);
+    void listenAgain();
+    void removeClosed();
 
     SimulatedInstrument& instrument;
     FaultScript faults;
     quint16 port = 0;
     std::uint64_t messages = 0;
     QFile served;
-    QTimer deafness;
+    QTimer refusing;
     QTcpServer server;
     std::vector<std::unique_ptr<ClientConnection>> clients;
-    QObject context; // last: what is still to be done later is dropped before anything else goes
+    QObject context; // last: destroyed first, so that no queued call runs after the rest is gone
 };
 
 SimulatorServer::SimulatorServer(SimulatedInstrument& instrument, FaultScript faults)
     : parts_(std::make_unique<Parts>(instrument, std::move(faults)))
 {
     Parts* const parts = parts_.get();
-    parts->deafness.setSingleShot(true);
+    parts->refusing.setSingleShot(true);
     QObject::connect(&parts->server, &QTcpServer::newConnection, &parts->context, [parts] { parts->acceptClients(); });
-    QObject::connect(&parts->deafness, &QTimer::timeout, &parts->context, [parts] { parts->listenOnceMore(); });
+    QObject::connect(&parts->refusing, &QTimer::timeout, &parts->context, [parts] { parts->listenAgain(); });
 }
 
 SimulatorServer::~SimulatorServer() = default;
@@ -136,10 +136,10 @@ void SimulatorServer::Parts::accept(std::unique_ptr<QTcpSocket> socket)
     handler.record = [this](const std::string& lines) {
         served.write(lines.data(), static_cast<qint64>(lines.size()));
     };
-    handler.refuse = [this](std::chrono::milliseconds deaf) { refuse(deaf); };
-    handler.over = [this] {
+    handler.refuse = [this](std::chrono::milliseconds refusal) { refuse(refusal); };
+    handler.ended = [this] {
         QMetaObject::invokeMethod(
-            &context, [this] { forgetClosed(); }, Qt::QueuedConnection);
+            &context, [this] { removeClosed(); }, Qt::QueuedConnection);
     };
     clients.push_back(std::make_unique<ClientConnection>(std::move(socket), std::move(handler),
                                                          SimulatedInstrument::maxMessage, maxUnread));
@@ -168,22 +168,22 @@ std::vector<OutgoingStep> SimulatorServer::Parts::respond(const MessageFramer::M
     return steps;
 }
 
-void SimulatorServer::Parts::refuse(std::chrono::milliseconds deaf)
+void SimulatorServer::Parts::refuse(std::chrono::milliseconds refusal)
 {
     server.close();
-    if (deaf.count() > 0)
-        deafness.start(deaf);
+    if (refusal.count() > 0)
+        refusing.start(refusal);
     else
-        deafness.stop();
+        refusing.stop();
 }
 
-void SimulatorServer::Parts::listenOnceMore()
+void SimulatorServer::Parts::listenAgain()
 {
     if (!server.isListening() && !server.listen(QHostAddress::LocalHost, port))
-        deafness.start(listenAgain); // somebody else has the port just now
+        refusing.start(retryAfter); // another process has the port
 }
 
-void SimulatorServer::Parts::forgetClosed()
+void SimulatorServer::Parts::removeClosed()
 {
     std::erase_if(clients, [](const auto& client) { return !client->isOpen(); });
 }

@@ -10,9 +10,9 @@
 
 namespace orb {
 
-/// The simulated instrument behind a TCP socket of this machine (127.0.0.1 only). Serves several clients, who share
-/// the one instrument. Takes a line feed, or a carriage return and a line feed, as the end of a message; gives each
-/// response in one write that ends in a line feed. Works in the event loop of the thread that made it.
+/// Serves a simulated instrument over TCP on 127.0.0.1. All clients share the one instrument. A message ends at a line
+/// feed, or a carriage return and a line feed; each response is sent in one write and ends in a line feed. Runs in the
+/// event loop of the thread that created it.
 class SimulatorServer {
 public:
     static constexpr int maxClients = 16;
@@ -25,15 +25,15 @@ public:
     SimulatorServer(const SimulatorServer&) = delete;
     SimulatorServer& operator=(const SimulatorServer&) = delete;
 
-    /// Listens on `port`, 0 for any free one. False when it can't; `errorText` then says why.
+    /// Listens on `port`, 0 for any free one. Returns false when it can't; `errorText` then has the reason.
     bool listen(quint16 port);
-    /// The port it listens on; it stays the same while a fault keeps the server from listening. 0 before `listen`.
+    /// The port, 0 before `listen`. It stays the same while a fault keeps the server from listening.
     quint16 port() const;
     QString errorText() const;
 
-    /// From now on writes what is served to queries for the readings of all channels to this file, a line each: the
-    /// query, a tab, the answer as the client got it. An answer that no client got whole is not written. Each line is
-    /// in the file before the answer leaves. False when the file can't be written.
+    /// From now on writes the answers to queries for the readings of all channels to this file, a line each: the query,
+    /// a tab, the answer as it was sent. An answer that is not sent whole is not written. Each line is in the file
+    /// before the answer is sent. Returns false when the file can't be written.
     bool writeServedTo(const QString& path);
 
     int clientCount() const;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ascii.h"
-#include "bench.h"
+#include "command_rows.h"
 #include "console_catalogue.h"
-#include "rows.h"
+#include "instrument_fixture.h"
 
 #include <set>
 
@@ -27,7 +27,7 @@ std::vector<std::string> textsOf(const Command& command)
     return texts;
 }
 
-TEST(CommandCatalogue, GivesTheShortFormWithoutOptionalNodesAndNumbers)
+TEST(ConsoleCatalogueTest, AnEntryIsTheShortFormWithoutOptionalNodesAndNumbers)
 {
     EXPECT_THAT(textsOf({.header = "ALPHa#[:BETA]:GAMMa", .parameters = "<n>", .summary = "Text.", .set = nothing}),
                 ElementsAre(":ALPH:GAMM^Text.^<n>"));
@@ -35,7 +35,7 @@ TEST(CommandCatalogue, GivesTheShortFormWithoutOptionalNodesAndNumbers)
                 ElementsAre("*CLS^Text.^no parameter"));
 }
 
-TEST(CommandCatalogue, MarksWhatCanOnlyBeAsked)
+TEST(ConsoleCatalogueTest, AnEntryWithoutASetFormHasAQuestionMark)
 {
     EXPECT_THAT(textsOf({.header = "ALPHa[:BETA]", .summary = "Text.", .query = noAnswer}),
                 ElementsAre(":ALPH?^Text.^query"));
@@ -46,7 +46,7 @@ TEST(CommandCatalogue, MarksWhatCanOnlyBeAsked)
         ElementsAre(":ALPH^Text.^<n>"));
 }
 
-TEST(CommandCatalogue, GivesEachLevelAndEachLimitAnEntry)
+TEST(ConsoleCatalogueTest, EachLevelAndEachLimitHasAnEntry)
 {
     EXPECT_THAT(textsOf({.header = "ALPHa#[:BETA][:L#]",
                          .parameters = "<n>",
@@ -59,7 +59,7 @@ TEST(CommandCatalogue, GivesEachLevelAndEachLimitAnEntry)
                             ":ALPH? MAX^The most that :ALPH can be set to.^query"));
 }
 
-TEST(CommandCatalogue, HasALineForEachEntryWithTwoCaretsAndALineEnd)
+TEST(ConsoleCatalogueTest, EachEntryIsALineWithTwoCarets)
 {
     const std::string catalogue = commandCatalogue();
     EXPECT_THAT(catalogue,
@@ -76,7 +76,7 @@ TEST(CommandCatalogue, HasALineForEachEntryWithTwoCaretsAndALineEnd)
     }
 }
 
-TEST(CommandCatalogue, TellsAllEntriesApartWhateverTheLetterCase)
+TEST(ConsoleCatalogueTest, AllEntriesDifferInAnyLetterCase)
 {
     std::set<std::string> seen;
     for (const Command& command : allRows()) {
@@ -86,18 +86,18 @@ TEST(CommandCatalogue, TellsAllEntriesApartWhateverTheLetterCase)
     EXPECT_GE(seen.size(), 150U);
 }
 
-class CatalogueOnTheBenchTest : public BenchTest {};
+class FreshInstrumentTest : public InstrumentFixture {};
 
-TEST_F(CatalogueOnTheBenchTest, AFreshInstrumentTakesEveryEntry)
+TEST_F(FreshInstrumentTest, AFreshInstrumentTakesEveryEntry)
 {
     for (const Command& command : allRows()) {
         for (const CatalogueEntry& entry : catalogueEntries(command)) {
             build(defaultConfiguration());
             const bool marked = entry.text.find('?') != std::string::npos;
             if (command.query != nullptr)
-                EXPECT_NE(ask(entry.text + (marked ? "" : "?")), "") << entry.text;
+                EXPECT_NE(query(entry.text + (marked ? "" : "?")), "") << entry.text;
             else
-                tell(std::string(command.before) + ';' + entry.text + ' ' + std::string(command.example));
+                send(std::string(command.before) + ';' + entry.text + ' ' + std::string(command.example));
             EXPECT_EQ(errors(), noError) << entry.text;
         }
     }

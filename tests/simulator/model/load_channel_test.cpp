@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "bench.h"
+#include "instrument_fixture.h"
 
 namespace orb {
 namespace {
@@ -12,7 +12,7 @@ LoadChannel channelOn(std::string_view module, double volts, double ohms)
     return LoadChannel(*findLoadModule(module), quietSource(volts, ohms), seed, 0);
 }
 
-TEST(LoadChannel, BeginsOffAndDrawsNothing)
+TEST(LoadChannelTest, ANewChannelIsOffAndDrawsNothing)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     EXPECT_FALSE(channel.inputOn());
@@ -22,7 +22,7 @@ TEST(LoadChannel, BeginsOffAndDrawsNothing)
     EXPECT_DOUBLE_EQ(reading.power, 0);
 }
 
-TEST(LoadChannel, FollowsAChangedLevelWhileItIsOn)
+TEST(LoadChannelTest, AnInputThatIsOnFollowsAChangedLevel)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     channel.switchOn();
@@ -34,7 +34,7 @@ TEST(LoadChannel, FollowsAChangedLevelWhileItIsOn)
     EXPECT_DOUBLE_EQ(channel.operatingPoint().voltage, 10);
 }
 
-TEST(LoadChannel, AChangeOfModeSwitchesTheInputOffAndTheSameModeDoesNot)
+TEST(LoadChannelTest, AChangeOfModeSwitchesTheInputOffAndTheSameModeDoesNot)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     channel.switchOn();
@@ -44,7 +44,7 @@ TEST(LoadChannel, AChangeOfModeSwitchesTheInputOffAndTheSameModeDoesNot)
     EXPECT_FALSE(channel.inputOn());
 }
 
-TEST(LoadChannel, AChangeOfTheVoltageRangeSwitchesTheInputOffAndTheSameRangeDoesNot)
+TEST(LoadChannelTest, AChangeOfTheVoltageRangeSwitchesTheInputOffAndTheSameRangeDoesNot)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     channel.switchOn();
@@ -54,7 +54,7 @@ TEST(LoadChannel, AChangeOfTheVoltageRangeSwitchesTheInputOffAndTheSameRangeDoes
     EXPECT_FALSE(channel.inputOn());
 }
 
-TEST(LoadChannel, EachRangeKeepsItsOwnLevels)
+TEST(LoadChannelTest, EachRangeKeepsItsOwnLevels)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     channel.setLevel(LoadFunction::Current, 0, 15);
@@ -64,7 +64,7 @@ TEST(LoadChannel, EachRangeKeepsItsOwnLevels)
     EXPECT_DOUBLE_EQ(channel.settings().setValue(), 15);
 }
 
-TEST(LoadChannel, TheLowRangeLimitsTheCurrentOfCcAndTheHighRangeThatOfTheOtherModes)
+TEST(LoadChannelTest, TheLowRangeLimitsTheCurrentOfCcAndTheHighRangeThatOfTheOtherModes)
 {
     LoadChannel channel = channelOn("K11", 3, 0.1);
     channel.setMode(LoadFunction::Voltage, LoadRange::High);
@@ -75,7 +75,7 @@ TEST(LoadChannel, TheLowRangeLimitsTheCurrentOfCcAndTheHighRangeThatOfTheOtherMo
     EXPECT_TRUE(channel.inputOn());
 }
 
-TEST(LoadChannel, TooMuchPowerTripsTheInputOffAndIsRemembered)
+TEST(LoadChannelTest, TooMuchPowerSwitchesTheInputOffUntilItIsCleared)
 {
     LoadChannel channel = channelOn("K14", 12, 0.01);
     channel.setLevel(LoadFunction::Current, 0, 5.2);
@@ -90,7 +90,7 @@ TEST(LoadChannel, TooMuchPowerTripsTheInputOffAndIsRemembered)
     EXPECT_FALSE(channel.inputOn()) << "clearing is no switching on";
 }
 
-TEST(LoadChannel, TooMuchVoltageTripsTheInputOff)
+TEST(LoadChannelTest, TooMuchVoltageSwitchesTheInputOff)
 {
     LoadChannel channel = channelOn("K11", 84.1, 1);
     channel.switchOn();
@@ -98,7 +98,7 @@ TEST(LoadChannel, TooMuchVoltageTripsTheInputOff)
     EXPECT_EQ(channel.condition(), LoadChannel::OverVoltage);
 }
 
-TEST(LoadChannel, SwitchingOnAgainTripsAgainWhileTheReasonIsThere)
+TEST(LoadChannelTest, SwitchingOnAgainTripsAgainWhileTheReasonIsThere)
 {
     LoadChannel channel = channelOn("K11", 100, 1);
     channel.switchOn();
@@ -111,7 +111,7 @@ TEST(LoadChannel, SwitchingOnAgainTripsAgainWhileTheReasonIsThere)
     EXPECT_EQ(channel.condition(), 0U);
 }
 
-TEST(LoadChannel, TimeTripsProtectionWhenTheSourceRises)
+TEST(LoadChannelTest, ProtectionTripsWhenTheSourceRisesWithTime)
 {
     LoadChannel channel(*findLoadModule("K11"),
                         {.openCircuitVoltage = 80, .seriesResistance = 1, .swing = 10, .swingPeriod = 40}, seed, 0);
@@ -123,7 +123,7 @@ TEST(LoadChannel, TimeTripsProtectionWhenTheSourceRises)
     EXPECT_FALSE(channel.inputOn());
 }
 
-TEST(LoadChannel, ABatteryDrainsOnlyUnderLoad)
+TEST(LoadChannelTest, ABatteryDrainsOnlyUnderLoad)
 {
     LoadChannel channel(*findLoadModule("K11"),
                         {.openCircuitVoltage = 12, .seriesResistance = 0, .capacity = 1, .emptyVoltage = 10}, seed, 0);
@@ -135,7 +135,7 @@ TEST(LoadChannel, ABatteryDrainsOnlyUnderLoad)
     EXPECT_DOUBLE_EQ(channel.operatingPoint().voltage, 11);
 }
 
-TEST(LoadChannel, TimeThatGoesBackwardsStandsStill)
+TEST(LoadChannelTest, TimeNeverGoesBackwards)
 {
     LoadChannel channel(*findLoadModule("K11"),
                         {.openCircuitVoltage = 12, .seriesResistance = 0, .capacity = 1, .emptyVoltage = 10}, seed, 0);
@@ -146,7 +146,7 @@ TEST(LoadChannel, TimeThatGoesBackwardsStandsStill)
     EXPECT_DOUBLE_EQ(channel.operatingPoint().voltage, 11);
 }
 
-TEST(LoadChannel, MetersEndALittleBeyondTheirRange)
+TEST(LoadChannelTest, AMeterEndsALittleAboveItsRange)
 {
     LoadChannel channel = channelOn("K11", 48, 0.5);
     channel.setVoltageRange(LoadRange::Low);
@@ -155,7 +155,7 @@ TEST(LoadChannel, MetersEndALittleBeyondTheirRange)
     EXPECT_NEAR(channel.measure().voltage, 48, 1e-9);
 }
 
-TEST(LoadChannel, ReadingsAreWholeCountsAndPowerIsTheirProduct)
+TEST(LoadChannelTest, ReadingsAreWholeCountsAndPowerIsTheirProduct)
 {
     LoadChannel channel(*findLoadModule("K11"), {.openCircuitVoltage = 12, .seriesResistance = 0.5, .noise = 0.01},
                         seed, 1);
@@ -167,7 +167,7 @@ TEST(LoadChannel, ReadingsAreWholeCountsAndPowerIsTheirProduct)
     EXPECT_DOUBLE_EQ(reading.power, reading.voltage * reading.current);
 }
 
-TEST(LoadChannel, NoiseKeepsToItsSizeAndItsMean)
+TEST(LoadChannelTest, NoiseHasItsSizeAndItsMean)
 {
     LoadChannel channel(*findLoadModule("K11"), {.openCircuitVoltage = 12, .seriesResistance = 0.5, .noise = 0.02},
                         seed, 0);
@@ -183,7 +183,7 @@ TEST(LoadChannel, NoiseKeepsToItsSizeAndItsMean)
     EXPECT_NEAR(std::sqrt(squares / count), 0.02, 0.002);
 }
 
-TEST(LoadChannel, RecalledSettingsComeWithTheInputOff)
+TEST(LoadChannelTest, ARecallSwitchesTheInputOff)
 {
     LoadChannel channel = channelOn("K11", 12, 0.5);
     const LoadSettings before = channel.settings();

@@ -16,7 +16,7 @@ void expectWholeSteps(const ValueRange& range, std::string_view module)
     EXPECT_LT(range.lowest, range.highest) << module;
 }
 
-TEST(LoadModules, AreTheNineOfTheCatalogue)
+TEST(LoadModuleTest, ThereAreNineModules)
 {
     std::vector<std::string_view> names;
     for (const LoadModule& module : loadModules())
@@ -24,7 +24,7 @@ TEST(LoadModules, AreTheNineOfTheCatalogue)
     EXPECT_THAT(names, testing::ElementsAre("K11", "K11AB", "K12A", "K12B", "K13", "K14", "K15", "K16", "K17"));
 }
 
-TEST(LoadModules, HaveCoherentDataSheets)
+TEST(LoadModuleTest, EveryModuleHasACoherentDataSheet)
 {
     for (const LoadModule& module : loadModules()) {
         for (const RangePair& pair : module.values) {
@@ -41,7 +41,7 @@ TEST(LoadModules, HaveCoherentDataSheets)
     }
 }
 
-TEST(LoadModules, AreFoundInAnyLetterCase)
+TEST(LoadModuleTest, AModuleIsFoundInAnyLetterCase)
 {
     EXPECT_EQ(findLoadModule("k12b"), findLoadModule("K12B"));
     EXPECT_EQ(findLoadModule("K12B")->name, "K12B");
@@ -49,14 +49,14 @@ TEST(LoadModules, AreFoundInAnyLetterCase)
     EXPECT_EQ(findLoadModule(""), nullptr);
 }
 
-TEST(LoadModules, K12AHasTheHighRangeOnly)
+TEST(LoadModuleTest, K12AHasTheHighRangeOnly)
 {
     const LoadModule& module = *findLoadModule("K12A");
     EXPECT_FALSE(module.range(LoadFunction::Current, LoadRange::Low).exists());
     EXPECT_TRUE(module.range(LoadFunction::Current, LoadRange::High).exists());
 }
 
-TEST(ValueRange, TakesTheNearestStepInsideOfTheRange)
+TEST(ValueRangeTest, AValueIsRoundedToTheNearestStepOfTheRange)
 {
     constexpr ValueRange range{0.5, 20, 0.005};
     EXPECT_DOUBLE_EQ(range.nearest(1.2374), 1.235);

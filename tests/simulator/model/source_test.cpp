@@ -9,7 +9,7 @@
 namespace orb {
 namespace {
 
-TEST(Source, ABatteryDrainsFromFullToEmptyAndNoFurther)
+TEST(SourceTest, ABatteryDrainsFromFullToEmptyAndNoFurther)
 {
     const Source battery{.openCircuitVoltage = 12, .capacity = 2, .emptyVoltage = 10};
     EXPECT_DOUBLE_EQ(battery.voltage(0, 0), 12);
@@ -18,12 +18,12 @@ TEST(Source, ABatteryDrainsFromFullToEmptyAndNoFurther)
     EXPECT_DOUBLE_EQ(battery.voltage(0, 100), 10);
 }
 
-TEST(Source, OneWithoutCapacityNeverDrains)
+TEST(SourceTest, ASourceWithoutCapacityNeverDrains)
 {
     EXPECT_DOUBLE_EQ((Source{.openCircuitVoltage = 5}).voltage(1e6, 1e6), 5);
 }
 
-TEST(Source, ASwingGoesToBothSidesOnceAPeriod)
+TEST(SourceTest, ASwingGoesToBothSidesOnceAPeriod)
 {
     const Source panel{.openCircuitVoltage = 20, .swing = 2, .swingPeriod = 40};
     EXPECT_NEAR(panel.voltage(0, 0), 20, 1e-9);
@@ -32,13 +32,13 @@ TEST(Source, ASwingGoesToBothSidesOnceAPeriod)
     EXPECT_NEAR(panel.voltage(50, 0), 22, 1e-9);
 }
 
-TEST(Source, IsNeverNegative)
+TEST(SourceTest, AVoltageIsNeverNegative)
 {
     const Source source{.openCircuitVoltage = 1, .swing = 5, .swingPeriod = 40};
     EXPECT_DOUBLE_EQ(source.voltage(30, 0), 0);
 }
 
-TEST(Source, RefusesValuesThatMakeNoSource)
+TEST(SourceTest, AnInvalidSourceIsRefused)
 {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr double infinite = std::numeric_limits<double>::infinity();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "bench.h"
+#include "command_table.h"
+
 #include "instrument_error.h"
-#include "rows.h"
+
+#include <gmock/gmock.h>
 
 namespace orb {
 namespace {
@@ -11,42 +13,51 @@ std::string nothing(CommandContext&, const CommandCall&)
     return "";
 }
 
-CommandTable tableOf(std::vector<std::string_view> headers)
-{
-    CommandSection section{"Test", {}};
-    for (const std::string_view header : headers)
-        section.commands.push_back({.header = header, .query = nothing});
-    return CommandTable({section});
-}
+/// A table of queries with these headers.
+class QueryTable {
+public:
+    explicit QueryTable(const std::vector<std::string_view>& headers)
+    {
+        for (const std::string_view header : headers)
+            rows_.push_back({.header = header, .query = nothing});
+        const CommandSection section{"Test", rows_};
+        table_.emplace(std::span(&section, 1));
+    }
 
-/// The row that a header leads to, "" for none.
-std::string_view rowOf(const CommandTable& table, std::string_view header)
-{
-    const CommandTable::Match match = table.find(readUnit(header).nodes);
-    return match.command == nullptr ? "" : match.command->header;
-}
+    CommandTable::Match find(std::string_view header) const { return table_->find(readUnit(header).nodes); }
+    /// The row of a header, "" for none.
+    std::string_view row(std::string_view header) const
+    {
+        const CommandTable::Match match = find(header);
+        return match.command == nullptr ? "" : match.command->header;
+    }
 
-TEST(CommandTable, KnowsShortAndLongFormsAndNothingBetween)
+private:
+    std::vector<Command> rows_;
+    std::optional<CommandTable> table_;
+};
+
+TEST(CommandTableTest, AHeaderHasAShortAndALongFormAndNothingBetween)
 {
-    const CommandTable table = tableOf({"CHANnel:COUNt"});
+    const QueryTable table({"CHANnel:COUNt"});
     for (const char* header : {"CHAN:COUN", "CHANNEL:COUNT", "chan:Count", ":Channel:coun"})
-        EXPECT_EQ(rowOf(table, header), "CHANnel:COUNt") << header;
+        EXPECT_EQ(table.row(header), "CHANnel:COUNt") << header;
     for (const char* header : {"CHANN:COUN", "CHA:COUN", "CHAN:COU", "CHAN", "COUN", "CHAN:COUN:X", "CHANNELS:COUN"})
-        EXPECT_EQ(rowOf(table, header), "") << header;
+        EXPECT_EQ(table.row(header), "") << header;
 }
 
-TEST(CommandTable, OptionalNodesMayBeLeftOutOneByOne)
+TEST(CommandTableTest, OptionalNodesMayBeLeftOutOneByOne)
 {
-    const CommandTable table = tableOf({"A[:B][:C]:D"});
+    const QueryTable table({"A[:B][:C]:D"});
     for (const char* header : {"A:B:C:D", "A:B:D", "A:C:D", "A:D"})
-        EXPECT_EQ(rowOf(table, header), "A[:B][:C]:D") << header;
-    EXPECT_EQ(rowOf(table, "A:C:B:D"), "");
+        EXPECT_EQ(table.row(header), "A[:B][:C]:D") << header;
+    EXPECT_EQ(table.row("A:C:B:D"), "");
 }
 
-TEST(CommandTable, TellsTheNumbersBehindNodesByTheirPlaceInTheRow)
+TEST(CommandTableTest, TheNumbersAfterNodesComeInTheOrderOfTheRow)
 {
-    const CommandTable table = tableOf({"CURRent#[:STATic][:L#]"});
-    const auto numbers = [&](std::string_view header) { return table.find(readUnit(header).nodes).suffixes; };
+    const QueryTable table({"CURRent#[:STATic][:L#]"});
+    const auto numbers = [&](std::string_view header) { return table.find(header).suffixes; };
     const std::optional<int> none;
     EXPECT_THAT(numbers("CURR"), testing::ElementsAre(none, none));
     EXPECT_THAT(numbers("CURR3:L2"), testing::ElementsAre(3, 2));
@@ -54,30 +65,30 @@ TEST(CommandTable, TellsTheNumbersBehindNodesByTheirPlaceInTheRow)
     EXPECT_THAT(numbers("CURR7:STAT"), testing::ElementsAre(7, none));
 }
 
-TEST(CommandTable, RefusesANumberBehindANodeThatHasNone)
+TEST(CommandTableTest, ANumberAfterANodeThatHasNoneIsAnError)
 {
-    const CommandTable table = tableOf({"LOAD#[:STATe]", "LOAD:ALL"});
-    EXPECT_EQ(rowOf(table, "LOAD3"), "LOAD#[:STATe]");
+    const QueryTable table({"LOAD#[:STATe]", "LOAD:ALL"});
+    EXPECT_EQ(table.row("LOAD3"), "LOAD#[:STATe]");
     try {
-        table.find(readUnit("LOAD3:ALL").nodes);
+        table.find("LOAD3:ALL");
         FAIL();
     } catch (const CommandFailure& failure) {
         EXPECT_EQ(failure.number, ErrorNumber::HeaderSuffixOutOfRange);
     }
 }
 
-TEST(CommandTable, RefusesTwoRowsWithOneHeader)
+TEST(CommandTableTest, TwoRowsMustNotHaveOneHeader)
 {
-    EXPECT_THROW(tableOf({"A:B", "A:B"}), std::logic_error);
-    EXPECT_THROW(tableOf({"A[:B]", "A"}), std::logic_error);
+    EXPECT_THROW(QueryTable({"A:B", "A:B"}), std::logic_error);
+    EXPECT_THROW(QueryTable({"A[:B]", "A"}), std::logic_error);
 }
 
-TEST(CommandTable, RefusesMnemonicsThatAHeaderCanNotTell)
+TEST(CommandTableTest, TwoMnemonicsMustNotShareAForm)
 {
-    EXPECT_THROW(tableOf({"CHANnel", "CHANge"}), std::logic_error);
+    EXPECT_THROW(QueryTable({"CHANnel", "CHANge"}), std::logic_error);
 }
 
-TEST(CommandTable, CountsTheParametersThatARowDescribes)
+TEST(CommandTableTest, TheParametersOfARowAreCounted)
 {
     const auto expect = [](std::string_view description, std::size_t least, std::size_t most) {
         const ParameterCount count = countParameters(description);
@@ -91,93 +102,6 @@ TEST(CommandTable, CountsTheParametersThatARowDescribes)
     expect("[MINimum|MAXimum]", 0, 1);
     expect("<n>[,<m>]", 1, 2);
     expect("[<n>,<m>]", 0, 2);
-}
-
-class EveryRowTest : public BenchTest {
-protected:
-    /// The set form with the example of its row.
-    static std::string withExample(const Command& command, std::string header)
-    {
-        if (!command.example.empty())
-            header.append(" ").append(command.example);
-        return header;
-    }
-    /// As many parameters as no form of the row takes.
-    static std::string tooMany(std::string_view description)
-    {
-        std::string parameters = " MAX";
-        for (std::size_t i = countParameters(description).most; i > 0; --i)
-            parameters += ",MAX";
-        return parameters;
-    }
-    void expectError(const std::string& message, std::string_view error)
-    {
-        tell(message);
-        EXPECT_EQ(errors(), error) << message;
-    }
-
-    const std::vector<Command> rows = allRows();
-};
-
-TEST_F(EveryRowTest, IsDescribed)
-{
-    for (const Command& command : rows) {
-        EXPECT_TRUE(command.set != nullptr || command.query != nullptr) << command.header;
-        EXPECT_TRUE(command.set != nullptr || command.parameters.empty()) << command.header;
-        EXPECT_TRUE(command.query != nullptr || command.queryParameters.empty()) << command.header;
-        EXPECT_EQ(command.parameters.empty(), command.example.empty()) << command.header;
-        EXPECT_TRUE(command.summary.ends_with('.')) << command.header;
-        EXPECT_EQ(command.summary.find_first_of("|^\r\n"), std::string_view::npos) << command.header;
-    }
-}
-
-TEST_F(EveryRowTest, TakesItsExampleInEveryFormOfItsHeader)
-{
-    for (const Command& command : rows) {
-        if (command.set == nullptr)
-            continue;
-        for (const std::string& header : waysToWrite(command.header)) {
-            tell("*RST");
-            tell(command.before);
-            expectError(withExample(command, header), noError);
-        }
-    }
-}
-
-TEST_F(EveryRowTest, AnswersInEveryFormOfItsHeader)
-{
-    for (const Command& command : rows) {
-        if (command.query == nullptr)
-            continue;
-        for (const std::string& header : waysToWrite(command.header)) {
-            EXPECT_NE(ask(header + "?"), "") << header;
-            EXPECT_EQ(errors(), noError) << header;
-        }
-    }
-}
-
-TEST_F(EveryRowTest, RefusesTheFormsThatItDoesNotHave)
-{
-    for (const Command& command : rows) {
-        const std::string header = waysToWrite(command.header).front();
-        if (command.set == nullptr)
-            expectError(header, "-113,\"Undefined header\"");
-        if (command.query == nullptr)
-            expectError(header + "?", "-113,\"Undefined header\"");
-    }
-}
-
-TEST_F(EveryRowTest, RefusesParametersThatAreMissingOrTooMany)
-{
-    for (const Command& command : rows) {
-        const std::string header = waysToWrite(command.header).front();
-        if (command.set != nullptr)
-            expectError(header + tooMany(command.parameters), "-108,\"Parameter not allowed\"");
-        if (command.set != nullptr && !command.parameters.empty())
-            expectError(header, "-109,\"Missing parameter\"");
-        if (command.query != nullptr)
-            expectError(header + "?" + tooMany(command.queryParameters), "-108,\"Parameter not allowed\"");
-    }
 }
 
 } // namespace

@@ -30,7 +30,7 @@ protected:
         ClientConnection::Handler handler;
         handler.respond = [this](const MessageFramer::Message& message) { return answerTo(message); };
         handler.record = [this](const std::string& record) { records.push_back(record); };
-        handler.over = [this] { ++over; };
+        handler.ended = [this] { ++ended; };
         connection = std::make_unique<ClientConnection>(std::move(socket), std::move(handler), 100, maxUnread);
     }
 
@@ -50,29 +50,29 @@ protected:
     std::vector<std::string> messages;
     std::vector<std::string> records;
     std::vector<qint64> writes;
-    int over = 0;
+    int ended = 0;
     std::unique_ptr<ClientConnection> connection;
 };
 
-TEST_F(ClientConnectionTest, HandsEachAnswerToTheSystemInOneWrite)
+TEST_F(ClientConnectionTest, EachAnswerIsSentInOneWrite)
 {
     begin();
     answer = std::string(20'000, 'x');
-    client->ask("A");
-    client->ask("B");
+    client->query("A");
+    client->query("B");
     EXPECT_THAT(writes, testing::ElementsAre(20'001, 20'001));
 }
 
-TEST_F(ClientConnectionTest, HandsThePiecesOfASplitAnswerOverOneByOne)
+TEST_F(ClientConnectionTest, EachPieceOfASplitAnswerIsSentInOneWrite)
 {
     begin();
     fault = {.kind = Fault::Kind::Split, .delay = std::chrono::milliseconds(1), .count = 3};
-    EXPECT_EQ(client->ask("A"), "answer");
+    EXPECT_EQ(client->query("A"), "answer");
     EXPECT_THAT(writes, testing::ElementsAre(2, 2, 3));
     EXPECT_THAT(records, testing::SizeIs(3));
 }
 
-TEST_F(ClientConnectionTest, ReadsWhatCameBeforeIt)
+TEST_F(ClientConnectionTest, AConnectionReadsWhatWasReceivedBeforeItWasMade)
 {
     client->send("A\nB\n");
     begin();
@@ -80,7 +80,7 @@ TEST_F(ClientConnectionTest, ReadsWhatCameBeforeIt)
     EXPECT_EQ(client->line(), "answer");
 }
 
-TEST_F(ClientConnectionTest, DropsAClientThatLeavesTooMuchUnread)
+TEST_F(ClientConnectionTest, AClientThatLeavesTooMuchUnreadIsDropped)
 {
     begin(10);
     fault = {.kind = Fault::Kind::Late, .delay = std::chrono::hours(1)};
@@ -90,26 +90,26 @@ TEST_F(ClientConnectionTest, DropsAClientThatLeavesTooMuchUnread)
     client->send("B\n");
     EXPECT_TRUE(waitUntil([this] { return !client->isOpen(); }));
     EXPECT_FALSE(connection->isOpen()) << "14 bytes would wait";
-    EXPECT_EQ(over, 1);
+    EXPECT_EQ(ended, 1);
 }
 
-TEST_F(ClientConnectionTest, TakesNothingMoreOnceItIsClosed)
+TEST_F(ClientConnectionTest, AClosedConnectionHandlesNoMoreMessages)
 {
     begin();
     fault = {.kind = Fault::Kind::Closed};
     client->send("A\nB\nC\n");
-    EXPECT_TRUE(waitUntil([this] { return over == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return ended == 1; }));
     EXPECT_THAT(messages, testing::ElementsAre("A"));
     connection->read();
     EXPECT_THAT(messages, testing::SizeIs(1));
     EXPECT_TRUE(waitUntil([this] { return client->received() == "ans"; }));
 }
 
-TEST_F(ClientConnectionTest, TellsOnceThatItsClientIsGone)
+TEST_F(ClientConnectionTest, TheEndOfAConnectionIsReportedOnce)
 {
     begin();
     client->socket().abort();
-    EXPECT_TRUE(waitUntil([this] { return over == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return ended == 1; }));
     EXPECT_FALSE(connection->isOpen());
     connection->send({{{.bytes = "x"}, "record"}});
     EXPECT_THAT(records, testing::IsEmpty());

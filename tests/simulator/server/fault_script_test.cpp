@@ -8,7 +8,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using Kind = Fault::Kind;
-using End = DeliveryStep::End;
 
 /// The kinds of fault that `count` equal messages meet, one after the other.
 std::vector<Kind> kindsOf(std::string_view script, std::string_view message, int count)
@@ -35,15 +34,7 @@ std::string errorOf(std::string_view script)
     return "no error";
 }
 
-std::string sent(const std::vector<DeliveryStep>& steps)
-{
-    std::string bytes;
-    for (const DeliveryStep& step : steps)
-        bytes += step.bytes;
-    return bytes;
-}
-
-TEST(FaultScript, WithoutRulesNothingGoesWrong)
+TEST(FaultScriptTest, AnEmptyScriptHasNoFaults)
 {
     FaultScript faults;
     EXPECT_EQ(faults.onMessage("*IDN?").kind, Kind::None);
@@ -51,7 +42,7 @@ TEST(FaultScript, WithoutRulesNothingGoesWrong)
     EXPECT_TRUE(FaultScript::parse("\n  \n# a remark\n\t# another\r\n").rules().empty());
 }
 
-TEST(FaultScript, CountsOccurrencesFromOne)
+TEST(FaultScriptTest, OccurrencesAreCountedFromOne)
 {
     constexpr Kind none = Kind::None;
     constexpr Kind missing = Kind::Missing;
@@ -61,7 +52,7 @@ TEST(FaultScript, CountsOccurrencesFromOne)
     EXPECT_THAT(kindsOf("* X missing", "X", 3), testing::ElementsAre(missing, missing, missing));
 }
 
-TEST(FaultScript, EachRuleCountsWhatItMatchesAndTheFirstThatIsDueCounts)
+TEST(FaultScriptTest, EachRuleCountsItsMatchesAndTheFirstThatIsDueApplies)
 {
     FaultScript faults = FaultScript::parse("2 :FETC:ALL* missing\n1 :FETC:ALLV? crlf\n1 :FETC:ALLC? split 2 1ms\n"
                                             "2 :FETC:ALLV? garbage 1\n");
@@ -71,7 +62,7 @@ TEST(FaultScript, EachRuleCountsWhatItMatchesAndTheFirstThatIsDueCounts)
     EXPECT_EQ(faults.onMessage(":FETC:ALLV?").kind, Kind::None);
 }
 
-TEST(FaultScript, MatchesWholeMessagesInAnyLetterCaseWithOrWithoutColon)
+TEST(FaultScriptTest, APatternMatchesWholeMessagesInAnyLetterCaseWithOrWithoutColon)
 {
     for (const char* message : {":FETC:ALLC?", "fetc:allc?", "  :Fetc:Allc?\r"})
         EXPECT_THAT(kindsOf("1 :FETC:ALLC? missing", message, 1), testing::ElementsAre(Kind::Missing)) << message;
@@ -79,7 +70,7 @@ TEST(FaultScript, MatchesWholeMessagesInAnyLetterCaseWithOrWithoutColon)
         EXPECT_THAT(kindsOf("1 :FETC:ALLC? missing", message, 1), testing::ElementsAre(Kind::None)) << message;
 }
 
-TEST(FaultScript, AnAsteriskStandsForAnything)
+TEST(FaultScriptTest, AnAsteriskMatchesAnything)
 {
     const std::tuple<const char*, const char*, bool> cases[] = {
         {"*", "anything", true},
@@ -101,7 +92,7 @@ TEST(FaultScript, AnAsteriskStandsForAnything)
     }
 }
 
-TEST(FaultScript, KeepsConnectionsAndMessagesApart)
+TEST(FaultScriptTest, ConnectionsAndMessagesAreCountedSeparately)
 {
     FaultScript faults = FaultScript::parse("1 * missing\n2 connect reset\n");
     EXPECT_EQ(faults.onConnect().kind, Kind::None);
@@ -111,7 +102,7 @@ TEST(FaultScript, KeepsConnectionsAndMessagesApart)
     EXPECT_EQ(quoted.onMessage("CONNECT").kind, Kind::Missing);
 }
 
-TEST(FaultScript, ReadsEveryFaultWithItsArguments)
+TEST(FaultScriptTest, EveryFaultIsReadWithItsArguments)
 {
     EXPECT_EQ(onlyFault("1 X late 350ms").delay, milliseconds(350));
     EXPECT_EQ(onlyFault("1 X LATE 2s").delay, milliseconds(2000));
@@ -129,14 +120,14 @@ TEST(FaultScript, ReadsEveryFaultWithItsArguments)
     EXPECT_EQ(onlyFault("1 X refused 3s").delay, milliseconds(3000));
 }
 
-TEST(FaultScript, UndoesTheEscapesOfAText)
+TEST(FaultScriptTest, TheEscapesOfATextAreResolved)
 {
     EXPECT_EQ(onlyFault(R"(1 X wrong "a b\n\r\t\"\\\x00\xFf")").text, std::string("a b\n\r\t\"\\\0\xFF", 10));
     EXPECT_EQ(onlyFault("1 X wrong \"\"").text, "");
     EXPECT_EQ(onlyFault("1 X wrong word").text, "word");
 }
 
-TEST(FaultScript, NamesTheLineThatItCanNotRead)
+TEST(FaultScriptTest, AnErrorNamesItsLine)
 {
     const std::pair<const char*, const char*> bad[] = {
         {"1", "line 1: missing: what it is about"},
@@ -166,82 +157,12 @@ TEST(FaultScript, NamesTheLineThatItCanNotRead)
         EXPECT_EQ(errorOf(script), message) << script;
 }
 
-TEST(FaultScript, HasABound)
+TEST(FaultScriptTest, AScriptHasAtMostAThousandRules)
 {
     std::string script;
     for (int i = 0; i < 1001; ++i)
         script += "1 X missing\n";
     EXPECT_EQ(errorOf(script), "line 1001: more than 1000 rules");
-}
-
-TEST(FaultDelivery, WithoutAFaultAnAnswerIsOneStep)
-{
-    const std::vector<DeliveryStep> steps = deliver({}, "1.0000,");
-    ASSERT_EQ(steps.size(), 1U);
-    EXPECT_EQ(steps[0].bytes, "1.0000,\n");
-    EXPECT_EQ(steps[0].wait.count(), 0);
-    EXPECT_EQ(steps[0].end, End::None);
-    EXPECT_TRUE(deliver({}, "").empty());
-}
-
-TEST(FaultDelivery, ALateAnswerWaitsAndIsWhole)
-{
-    const std::vector<DeliveryStep> steps = deliver({.kind = Kind::Late, .delay = milliseconds(350)}, "AB");
-    ASSERT_EQ(steps.size(), 1U);
-    EXPECT_EQ(steps[0].wait, milliseconds(350));
-    EXPECT_EQ(steps[0].bytes, "AB\n");
-}
-
-TEST(FaultDelivery, ASplitAnswerComesInPiecesWithPausesBetween)
-{
-    const Fault fault{.kind = Kind::Split, .delay = milliseconds(20), .count = 3};
-    const std::vector<DeliveryStep> steps = deliver(fault, "ABCDE");
-    ASSERT_EQ(steps.size(), 3U);
-    EXPECT_EQ(steps[0].wait, milliseconds(0));
-    EXPECT_EQ(steps[1].wait, milliseconds(20));
-    EXPECT_EQ(steps[2].wait, milliseconds(20));
-    EXPECT_EQ(steps[0].bytes, "AB");
-    EXPECT_EQ(sent(steps), "ABCDE\n");
-    EXPECT_EQ(deliver({.kind = Kind::Split, .count = 900}, "AB").size(), 3U) << "no piece is empty";
-}
-
-TEST(FaultDelivery, EveryOtherFaultSendsWhatItSays)
-{
-    EXPECT_EQ(sent(deliver({.kind = Kind::CrLf}, "AB")), "AB\r\n");
-    EXPECT_TRUE(deliver({.kind = Kind::Missing}, "AB").empty());
-    EXPECT_TRUE(deliver({.kind = Kind::AfterNext}, "AB").at(0).afterNext);
-    EXPECT_EQ(sent(deliver({.kind = Kind::AfterNext}, "AB")), "AB\n");
-    EXPECT_EQ(sent(deliver({.kind = Kind::Wrong, .text = "X"}, "AB")), "X\n");
-    EXPECT_EQ(sent(deliver({.kind = Kind::Truncated}, "ABCD")), "AB");
-    EXPECT_EQ(sent(deliver({.kind = Kind::Truncated, .count = 3}, "ABCD")), "ABC");
-    EXPECT_EQ(sent(deliver({.kind = Kind::Truncated, .count = 99}, "ABCD")), "ABCD") << "but no line end";
-    EXPECT_EQ(sent(deliver({.kind = Kind::Closed}, "ABCD")), "AB");
-    EXPECT_EQ(deliver({.kind = Kind::Closed}, "ABCD").back().end, End::Close);
-    EXPECT_EQ(sent(deliver({.kind = Kind::Reset}, "ABCD")), "");
-    EXPECT_EQ(sent(deliver({.kind = Kind::Reset, .count = 1}, "ABCD")), "A");
-    EXPECT_EQ(deliver({.kind = Kind::Reset}, "ABCD").back().end, End::Reset);
-    const DeliveryStep refused = deliver({.kind = Kind::Refused, .delay = milliseconds(5)}, "ABCD").at(0);
-    EXPECT_EQ(refused.end, End::Refuse);
-    EXPECT_EQ(refused.deaf, milliseconds(5));
-    EXPECT_EQ(refused.bytes, "");
-}
-
-TEST(FaultDelivery, GarbageIsOneLineAndTheSameForTheSameSeed)
-{
-    const Fault fault{.kind = Kind::Garbage, .count = 1000};
-    const std::string bytes = sent(deliver(fault, "AB", 7));
-    EXPECT_EQ(bytes.size(), 1001U);
-    EXPECT_EQ(bytes.find('\n'), 1000U);
-    EXPECT_EQ(sent(deliver(fault, "AB", 7)), bytes);
-    EXPECT_NE(sent(deliver(fault, "AB", 8)), bytes);
-}
-
-TEST(FaultDelivery, WhereNothingWasAskedOnlyTheFaultItselfSends)
-{
-    for (const Kind kind : {Kind::None, Kind::Late, Kind::Split, Kind::CrLf, Kind::AfterNext, Kind::Missing})
-        EXPECT_TRUE(deliver({.kind = kind, .count = 2}, "").empty());
-    EXPECT_EQ(sent(deliver({.kind = Kind::Wrong, .text = "X"}, "")), "X\n");
-    EXPECT_EQ(deliver({.kind = Kind::Closed}, "").back().end, End::Close);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ void Client::send(std::string_view bytes)
     socket_.flush();
 }
 
-std::string Client::ask(std::string_view message)
+std::string Client::query(std::string_view message)
 {
     send(std::string(message) + '\n');
     return line();

@@ -21,7 +21,7 @@ public:
     bool connect();
     void send(std::string_view bytes);
     /// Sends the message and its line feed, and waits for one line of answer; without its line end.
-    std::string ask(std::string_view message);
+    std::string query(std::string_view message);
     /// Waits for one more line of answer.
     std::string line();
     /// All that came so far and was not taken as a line.

@@ -2,7 +2,7 @@
 // Qt tells a reset connection and a closed one in the same words; the system's own sockets tell them apart.
 #ifndef _WIN32
 
-#include "bench.h"
+#include "instrument_fixture.h"
 #include "loopback.h"
 #include "simulator_server.h"
 
@@ -54,7 +54,7 @@ private:
     int descriptor_ = ::socket(AF_INET, SOCK_STREAM, 0);
 };
 
-class SocketResetTest : public BenchTest {
+class SocketResetTest : public InstrumentFixture {
 protected:
     quint16 serve(std::string_view script)
     {
@@ -66,7 +66,7 @@ protected:
     std::unique_ptr<SimulatorServer> server;
 };
 
-TEST_F(SocketResetTest, AConnectionMayBeResetInPlaceOfAnAnswer)
+TEST_F(SocketResetTest, AConnectionMayBeResetInsteadOfAnAnswer)
 {
     PlainClient client(serve("2 *OPC? reset\n"));
     client.send("*OPC?\n");
@@ -84,7 +84,7 @@ TEST_F(SocketResetTest, AConnectionMayBeResetAsSoonAsItIsMade)
     EXPECT_EQ(second.next(), "1\n");
 }
 
-TEST_F(SocketResetTest, AClosedConnectionIsNoResetOne)
+TEST_F(SocketResetTest, AClosedConnectionIsNotReset)
 {
     PlainClient client(serve("1 *IDN? closed 3\n"));
     client.send("*IDN?\n");
@@ -92,7 +92,7 @@ TEST_F(SocketResetTest, AClosedConnectionIsNoResetOne)
     EXPECT_EQ(client.next(), "closed");
 }
 
-TEST_F(SocketResetTest, AnAnswerIsWholeInTheFirstThatTheSystemHandsOver)
+TEST_F(SocketResetTest, TheFirstReadReturnsTheWholeAnswer)
 {
     PlainClient client(serve(""));
     for (int i = 0; i < 100; ++i) {
@@ -101,7 +101,7 @@ TEST_F(SocketResetTest, AnAnswerIsWholeInTheFirstThatTheSystemHandsOver)
     }
 }
 
-TEST_F(SocketResetTest, AClientThatHasSaidAllItWantsStillGetsItsAnswer)
+TEST_F(SocketResetTest, AClientThatHasShutDownItsOutputGetsItsAnswer)
 {
     PlainClient client(serve(""));
     client.send("*OPC?\n");
