@@ -10,28 +10,27 @@
 
 namespace orb {
 
-/// What the command line asks for.
+/// The command line.
 struct Arguments {
     enum class Job { Serve, Help, Commands, Console, Modules, Errors };
 
     Job job = Job::Serve;
-    quint16 port = 5025;
-    SimulatorConfiguration configuration = defaultConfiguration();
+    quint16 port = 0;
+    SimulatorConfiguration configuration;
     /// Empty where none was given.
     QString faultsPath;
     QString servedPath;
+    /// The text of --help.
+    QString help;
 };
 
-/// A command line that can't be read; `what()` says why.
+/// An invalid command line; `what()` is the reason.
 class ArgumentError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads the command line, without the name of the program. Throws `ArgumentError`.
+/// Reads the command line, with the name of the program first. Throws `ArgumentError`.
 Arguments readArguments(const QStringList& words);
-
-/// The text of --help.
-QString helpText();
 
 } // namespace orb

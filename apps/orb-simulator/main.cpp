@@ -17,7 +17,7 @@ namespace {
 constexpr int badArguments = 2;
 constexpr int failed = 1;
 
-int complain(const std::string& reason, int code)
+int reportError(const std::string& reason, int code)
 {
     std::cerr << "orb-simulator: " << reason << '\n';
     return code;
@@ -29,7 +29,7 @@ int print(const std::string& text)
     return std::cout ? 0 : failed;
 }
 
-/// Throws `std::runtime_error` where there is no such script or it can't be read.
+/// Throws `std::runtime_error` for a script that can't be opened or read.
 orb::FaultScript readFaults(const QString& path)
 {
     constexpr qint64 longest = 1024 * 1024;
@@ -40,7 +40,7 @@ orb::FaultScript readFaults(const QString& path)
         throw std::runtime_error(path.toStdString() + ": " + file.errorString().toStdString());
     const QByteArray text = file.read(longest);
     if (!file.atEnd())
-        throw std::runtime_error(path.toStdString() + ": longer than a script may be (1 MiB)");
+        throw std::runtime_error(path.toStdString() + ": the script is longer than 1 MiB");
     try {
         return orb::FaultScript::parse(text.toStdString());
     } catch (const orb::FaultScriptError& error) {
@@ -53,9 +53,9 @@ int serve(const QCoreApplication& application, const orb::Arguments& arguments)
     orb::SimulatedInstrument instrument(arguments.configuration);
     orb::SimulatorServer server(instrument, readFaults(arguments.faultsPath));
     if (!arguments.servedPath.isEmpty() && !server.writeServedTo(arguments.servedPath))
-        return complain(arguments.servedPath.toStdString() + ": can't be written", failed);
+        return reportError(arguments.servedPath.toStdString() + ": can't be written", failed);
     if (!server.listen(arguments.port))
-        return complain("port " + std::to_string(arguments.port) + ": " + server.errorText().toStdString(), failed);
+        return reportError("port " + std::to_string(arguments.port) + ": " + server.errorText().toStdString(), failed);
     QObject context;
     orb::onTermination(context, [] { QCoreApplication::quit(); });
     print("port " + std::to_string(server.port()) + '\n');
@@ -66,7 +66,7 @@ int run(const QCoreApplication& application, const orb::Arguments& arguments)
 {
     switch (arguments.job) {
     case orb::Arguments::Job::Help:
-        return print(orb::helpText().toStdString());
+        return print(arguments.help.toStdString());
     case orb::Arguments::Job::Commands:
         return print(orb::commandsManual());
     case orb::Arguments::Job::Console:
@@ -87,10 +87,10 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     try {
-        return run(application, orb::readArguments(QCoreApplication::arguments().mid(1)));
+        return run(application, orb::readArguments(QCoreApplication::arguments()));
     } catch (const orb::ArgumentError& error) {
-        return complain(std::string(error.what()) + "; --help tells the options", badArguments);
+        return reportError(std::string(error.what()) + "; --help lists the options", badArguments);
     } catch (const std::exception& error) {
-        return complain(error.what(), failed);
+        return reportError(error.what(), failed);
     }
 }

@@ -18,19 +18,19 @@ namespace {
 
 #ifdef _WIN32
 
-volatile std::sig_atomic_t asked = 0;
+volatile std::sig_atomic_t terminationRequested = 0;
 
-void ask(int)
+void onSignal(int)
 {
-    asked = 1;
+    terminationRequested = 1;
 }
 
 #else
 
-// A signal handler may do next to nothing; writing a byte to a socket is allowed, and wakes the event loop.
+// A signal handler may write a byte to a socket, which wakes the event loop, and do little else.
 int wakeEnds[2] = {-1, -1};
 
-void ask(int)
+void onSignal(int)
 {
     const char byte = 0;
     [[maybe_unused]] const auto written = write(wakeEnds[0], &byte, 1);
@@ -45,7 +45,7 @@ void onTermination(QObject& context, const std::function<void()>& handler)
 #ifdef _WIN32
     auto* const timer = new QTimer(&context);
     QObject::connect(timer, &QTimer::timeout, &context, [handler] {
-        if (asked != 0)
+        if (terminationRequested != 0)
             handler();
     });
     timer->start(100);
@@ -58,8 +58,8 @@ void onTermination(QObject& context, const std::function<void()>& handler)
         handler();
     });
 #endif
-    std::signal(SIGTERM, ask);
-    std::signal(SIGINT, ask);
+    std::signal(SIGTERM, onSignal);
+    std::signal(SIGINT, onSignal);
 }
 
 } // namespace orb

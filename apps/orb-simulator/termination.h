@@ -7,8 +7,8 @@
 
 namespace orb {
 
-/// Calls `handler` in the event loop once the process is asked to end (SIGTERM, SIGINT). `context` must outlive the
-/// event loop. To be called once.
+/// Calls `handler` in the event loop when the process is requested to end (SIGTERM, SIGINT). `context` must outlive the
+/// event loop. May be called once.
 void onTermination(QObject& context, const std::function<void()>& handler);
 
 } // namespace orb

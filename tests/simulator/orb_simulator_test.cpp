@@ -37,7 +37,7 @@ protected:
         if (!process.waitForFinished(30'000) || process.exitStatus() != QProcess::NormalExit)
             return -1;
         output = process.readAllStandardOutput().toStdString();
-        complaint = process.readAllStandardError().toStdString();
+        errorOutput = process.readAllStandardError().toStdString();
         return process.exitCode();
     }
     /// Starts it on a free port and returns the port that it names.
@@ -62,7 +62,7 @@ protected:
     QTemporaryDir folder;
     QProcess process;
     std::string output;
-    std::string complaint;
+    std::string errorOutput;
 };
 
 TEST_F(OrbSimulatorTest, TheFirstLineNamesThePort)
@@ -145,31 +145,35 @@ TEST_F(OrbSimulatorTest, AScriptOfFaultsIsExecuted)
 TEST_F(OrbSimulatorTest, ABadScriptIsAnErrorWithItsLine)
 {
     EXPECT_EQ(run({QStringLiteral("--faults"), file(QStringLiteral("faults"), "# fine\n1 *IDN? lost\n")}), 1);
-    EXPECT_THAT(complaint, HasSubstr("faults: line 2: no such fault: lost\n"));
+    EXPECT_THAT(errorOutput, HasSubstr("faults: line 2: no such fault: lost\n"));
     EXPECT_EQ(output, "");
     EXPECT_EQ(run({QStringLiteral("--faults"), folder.filePath(QStringLiteral("none"))}), 1);
-    EXPECT_THAT(complaint, HasSubstr("none: "));
+    EXPECT_THAT(errorOutput, HasSubstr("none: "));
 }
 
 TEST_F(OrbSimulatorTest, ABadCommandLineIsAnError)
 {
     const std::pair<QStringList, const char*> bad[] = {
-        {{QStringLiteral("--prot")}, "no such option: --prot"},
-        {{QStringLiteral("--port")}, "--port needs a value"},
-        {{QStringLiteral("--port"), QStringLiteral("65536")}, "--port takes a whole number from 0 to 65535, not 65536"},
-        {{QStringLiteral("--port"), QStringLiteral("x")}, "--port takes a whole number from 0 to 65535, not x"},
-        {{QStringLiteral("--channels"), QStringLiteral("0")}, "--channels takes a whole number from 1 to 8, not 0"},
-        {{QStringLiteral("--channels"), QStringLiteral("9")}, "--channels takes a whole number from 1 to 8, not 9"},
+        {{QStringLiteral("5025")}, "unexpected argument: 5025"},
+        {{QStringLiteral("--seed"), QStringLiteral("-1")},
+         "--seed must be a whole number from 0 to 18446744073709551615"},
+        {{QStringLiteral("--prot")}, "Unknown option 'prot'."},
+        {{QStringLiteral("--port")}, "Missing value after '--port'."},
+        {{QStringLiteral("--port"), QStringLiteral("65536")},
+         "--port must be a whole number from 0 to 65535, not 65536"},
+        {{QStringLiteral("--port"), QStringLiteral("x")}, "--port must be a whole number from 0 to 65535, not x"},
+        {{QStringLiteral("--channels"), QStringLiteral("0")}, "--channels must be a whole number from 1 to 8, not 0"},
+        {{QStringLiteral("--channels"), QStringLiteral("9")}, "--channels must be a whole number from 1 to 8, not 9"},
         {{QStringLiteral("--modules"), QStringLiteral("K11,K99")}, "no load module is called \"K99\""},
         {{QStringLiteral("--modules"), QStringLiteral("K11,")}, "no load module is called \"\""},
         {{QStringLiteral("--modules"), QStringLiteral("K11,K11,K11,K11,K11,K11,K11,K11,K11")},
          "--modules takes at most 8 names"},
         {{QStringLiteral("--modules"), QStringLiteral("K11"), QStringLiteral("--channels"), QStringLiteral("1")},
-         "--channels and --modules both say"},
+         "--channels and --modules exclude each other"},
     };
     for (const auto& [arguments, reason] : bad) {
         EXPECT_EQ(run(arguments), 2);
-        EXPECT_THAT(complaint, StartsWith(std::string("orb-simulator: ") + reason));
+        EXPECT_THAT(errorOutput, StartsWith(std::string("orb-simulator: ") + reason));
         EXPECT_EQ(output, "");
     }
 }
