@@ -136,15 +136,15 @@ TEST_F(OrbSimulatorTest, ServedAnswersAreWrittenToAFile)
 
 TEST_F(OrbSimulatorTest, AScriptOfFaultsIsExecuted)
 {
-    Client client(serve({QStringLiteral("--faults"), file(QStringLiteral("faults"), "1 *IDN? wrong \"nobody\"\n")}));
+    Client client(serve({QStringLiteral("--faults"), file(QStringLiteral("faults"), "1 *IDN? wrong \"another\"\n")}));
     ASSERT_TRUE(client.connect());
-    EXPECT_EQ(client.query("*IDN?"), "nobody");
+    EXPECT_EQ(client.query("*IDN?"), "another");
     EXPECT_THAT(client.query("*IDN?"), StartsWith("ZN,"));
 }
 
 TEST_F(OrbSimulatorTest, ABadScriptIsAnErrorWithItsLine)
 {
-    EXPECT_EQ(run({QStringLiteral("--faults"), file(QStringLiteral("faults"), "# fine\n1 *IDN? lost\n")}), 1);
+    EXPECT_EQ(run({QStringLiteral("--faults"), file(QStringLiteral("faults"), "# comment\n1 *IDN? lost\n")}), 1);
     EXPECT_THAT(errorOutput, HasSubstr("faults: line 2: no such fault: lost\n"));
     EXPECT_EQ(output, "");
     EXPECT_EQ(run({QStringLiteral("--faults"), folder.filePath(QStringLiteral("none"))}), 1);

@@ -36,6 +36,32 @@ void setNextFunction(LoadChannel& channel)
     channel.setMode(function, channel.settings().range(function));
 }
 
+/// The keys that work on the selected channel. SHIFT, FILE and HELP do nothing.
+void actOnChannel(int code, int count, Mainframe& mainframe)
+{
+    const int number = mainframe.selectedChannel();
+    switch (code) {
+    case InstrumentPanel::Preset:
+        mainframe.change(number).chooseLevel(1 - mainframe.channel(number).settings().level);
+        break;
+    case InstrumentPanel::Load:
+        mainframe.switchInput(number, !mainframe.channel(number).inputOn());
+        break;
+    case InstrumentPanel::Channel:
+        mainframe.selectChannel(number % mainframe.channelCount() + 1);
+        mainframe.displayChannel(mainframe.selectedChannel());
+        break;
+    case InstrumentPanel::Function:
+        setNextFunction(mainframe.change(number));
+        break;
+    case InstrumentPanel::Knob:
+        turnKnob(mainframe.change(number), count == InstrumentPanel::stepRight);
+        break;
+    default:
+        break;
+    }
+}
+
 } // namespace
 
 bool InstrumentPanel::isKey(int code)
@@ -88,44 +114,18 @@ InstrumentPanel::Outcome InstrumentPanel::press(int code, int count, Mainframe& 
 
 InstrumentPanel::Outcome InstrumentPanel::act(int code, int count, Mainframe& mainframe)
 {
-    const int number = mainframe.selectedChannel();
-    if (code >= Digit0 && code <= Digit9) {
+    if (code >= Digit0 && code <= Digit9)
         type(static_cast<char>('0' + (code - Digit0)));
-        return Outcome::Done;
-    }
-    if (code >= F1 && code <= F5) {
-        page_ = static_cast<Page>(code - F1);
-        return Outcome::Done;
-    }
-    switch (code) {
-    case Dot:
+    else if (code == Dot)
         type('.');
-        break;
-    case Clear:
+    else if (code == Clear)
         entry_.clear();
-        break;
-    case Enter:
-    case KnobPress:
+    else if (code == Enter || code == KnobPress)
         return enter(mainframe);
-    case Preset:
-        mainframe.change(number).chooseLevel(1 - mainframe.channel(number).settings().level);
-        break;
-    case Load:
-        mainframe.switchInput(number, !mainframe.channel(number).inputOn());
-        break;
-    case Channel:
-        mainframe.selectChannel(number % mainframe.channelCount() + 1);
-        mainframe.displayChannel(mainframe.selectedChannel());
-        break;
-    case Function:
-        setNextFunction(mainframe.change(number));
-        break;
-    case Knob:
-        turnKnob(mainframe.change(number), count == stepRight);
-        break;
-    default: // SHIFT, FILE and HELP change nothing but the last key
-        break;
-    }
+    else if (code >= F1 && code <= F5)
+        page_ = static_cast<Page>(code - F1);
+    else
+        actOnChannel(code, count, mainframe);
     return Outcome::Done;
 }
 

@@ -27,11 +27,11 @@ using CommandQuery = std::string (*)(CommandContext&, const CommandCall&);
 
 /// One row of the command language: everything about one command.
 struct Command {
-    /// The header: capital letters are the short form, a node in brackets may be left out, a number may
+    /// The header: capital letters are the short form, a node in brackets is optional, a number may
     /// follow a node with #. "CURRent#[:STATic][:L#]".
     std::string_view header = {};
-    /// The parameters of the set form as the manual shows them, separated by commas; those in brackets may be left
-    /// out. Empty where it takes none.
+    /// The parameters of the set form as the manual shows them, separated by commas; those in brackets
+    /// are optional.
     std::string_view parameters = {};
     /// The parameters of the query form, in the same way.
     std::string_view queryParameters = {};

@@ -96,7 +96,7 @@ void MessageFramer::readBlockLength(char byte)
     blockLength_ = blockLength_ * 10 + static_cast<std::size_t>(byte - '0');
     if (--lengthDigits_ > 0)
         return;
-    // The line of a block that can't fit ends at its line feed: nobody waits for the bytes that it announces.
+    // A block that can't fit is not read: the line ends at its line feed.
     state_ = blockLength_ > 0 && blockLength_ <= limit_ ? State::Block : State::Plain;
 }
 

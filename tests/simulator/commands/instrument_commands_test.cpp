@@ -14,7 +14,7 @@ protected:
             header.append(" ").append(command.example);
         return header;
     }
-    /// As many parameters as no form of the row takes.
+    /// One parameter more than the form takes.
     static std::string tooMany(std::string_view description)
     {
         std::string parameters = " MAX";

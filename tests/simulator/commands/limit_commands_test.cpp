@@ -4,7 +4,7 @@
 namespace orb {
 namespace {
 
-/// Three channels on 12 V behind 0.5 ohm: a K11, a K14 and a K12A.
+/// Three channels with sources of 12 V and 0.5 ohm: a K11, a K14 and a K12A.
 class LimitCommandsTest : public InstrumentFixture {};
 
 TEST_F(LimitCommandsTest, ReadingsAreJudgedByTheirLimits)

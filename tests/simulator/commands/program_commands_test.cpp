@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 constexpr const char* conflict = "-221,\"Settings conflict\"";
 
-/// Three channels on 12 V behind 0.5 ohm. Memory 1 sets channel 1 to 1 A, memory 2 to 2 A and so on up to 5; channel 2
+/// Three channels with sources of 12 V and 0.5 ohm. Memory 1 sets channel 1 to 1 A, memory 2 to 2 A and so on up to 5; channel 2
 /// is at 0.1 A in all of them.
 class ProgramCommandsTest : public InstrumentFixture {
 protected:
@@ -348,6 +348,16 @@ TEST_F(ProgramCommandsTest, ASourceThatSwingsIsFollowedThroughTheSteps)
     send(":PROG:SEQ 1;:PROG:PFT 1S;:PROG:SEQ 2;:PROG:PFT 1S;:LOAD1 ON;:PROG:RUN");
     EXPECT_EQ(after(1h), "IDLE;0,0,0");
     EXPECT_EQ(query(":PROG:RES?"), "FAIL,2,1") << "13.25 V at 1 s, 19.9 V at 11 s";
+}
+
+TEST_F(ProgramCommandsTest, AThousandChangesAreMadeAtOnceAndTheOthersPostponed)
+{
+    step(1, 1, 1, "1", "1");
+    send(":PROG:PFT 0.5S;:PROG:CHA P01;:LOAD ON;:PROG:RUN");
+    after(24h);
+    EXPECT_EQ(query(":PROG:RES?"), "PASS,334,0") << "three changes a round";
+    EXPECT_EQ(after(0s), "RUN,1,1,OFF;0,0,0") << "the next change was postponed to that time";
+    EXPECT_EQ(after(1s), "RUN,1,1,ON;1,0,0");
 }
 
 } // namespace

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 constexpr const char* conflict = "-221,\"Settings conflict\"";
 
-/// Channel 1 is a K11 on 12 V behind 0.5 ohm, in CC, high range: up to 20 A.
+/// Channel 1 is a K11 with a source of 12 V and 0.5 ohm, in CC, high range: up to 20 A.
 class SequenceCommandsTest : public InstrumentFixture {
 protected:
     /// Writes a point of the fastest slew rates, and ends the loop there.
@@ -272,6 +272,18 @@ TEST_F(SequenceCommandsTest, ABatteryDrainsByTheCurrentsOfThePoints)
     send(":LOAD ON;:SEQ:RUN");
     pass(1800s);
     EXPECT_NEAR(channel(1).operatingPoint().voltage, 11, 1e-3) << "half an ampere-hour of one";
+}
+
+TEST_F(SequenceCommandsTest, AHundredRoundsArePlayedAtOnceAndTheOthersCounted)
+{
+    instrument->connectSource(1, {.openCircuitVoltage = 12, .seriesResistance = 0, .capacity = 1, .emptyVoltage = 2});
+    point(1, "1", "3");
+    point(2, "1", "0");
+    send(":SEQ:REP 0;:LOAD ON;:SEQ:RUN");
+    pass(199s);
+    EXPECT_NEAR(channel(1).operatingPoint().voltage, 12 - 10 * 100 * 3 / 3600.0, 0.01);
+    pass(1s);
+    EXPECT_EQ(query(":SEQ:STAT?"), "RUN,1,101");
 }
 
 } // namespace

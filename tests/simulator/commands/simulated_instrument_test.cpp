@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "instrument_fixture.h"
+#include "status_registers.h"
 
 namespace orb {
 namespace {
@@ -169,9 +170,9 @@ TEST_F(SimulatedInstrumentTest, AResponseThatIsTooLongIsDroppedAsAWhole)
     EXPECT_LE(query(message).size(), SimulatedInstrument::maxResponse);
     EXPECT_EQ(errors(), noError) << "8 channels, 10923 queries: about 640 KB";
 
-    SimulatorConfiguration chatty = quietConfiguration();
-    chatty.identity = std::string(1000, 'x');
-    build(chatty);
+    SimulatorConfiguration longAnswer = quietConfiguration();
+    longAnswer.identity = std::string(1000, 'x');
+    build(longAnswer);
     message = "*IDN?";
     for (int i = 0; i < 1100; ++i)
         message += ";*IDN?";
@@ -235,6 +236,24 @@ TEST_F(SimulatedInstrumentTest, AnEmptyStringDoesNotHideTheNextCommand)
 {
     EXPECT_EQ(query(":CURR '';*OPC?;:CURR \"\";*TST?"), "1;0");
     EXPECT_EQ(errors(), "-104,\"Data type error\",-104,\"Data type error\"");
+}
+
+TEST_F(SimulatedInstrumentTest, TheLimitsAreThoseOfTheDocument)
+{
+    EXPECT_EQ(SimulatedInstrument::maxMessage, 65'536U);
+    EXPECT_EQ(SimulatedInstrument::maxResponse, 1'048'576U);
+    EXPECT_EQ(StatusRegisters::queueCapacity, 32U);
+    EXPECT_EQ(ServedLog::capacity, 100'000U);
+}
+
+TEST_F(SimulatedInstrumentTest, AResponseMayBeAsLongAsItsLimit)
+{
+    SimulatorConfiguration configuration = quietConfiguration();
+    configuration.identity = std::string(SimulatedInstrument::maxResponse - 1, 'x');
+    build(configuration);
+    EXPECT_EQ(query("*IDN?").size(), SimulatedInstrument::maxResponse - 1);
+    EXPECT_EQ(query("*IDN?;*OPC?"), "");
+    EXPECT_EQ(query("*ESR?"), "132") << "switched on, and a query error";
 }
 
 } // namespace

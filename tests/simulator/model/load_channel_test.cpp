@@ -105,7 +105,7 @@ TEST(LoadChannelTest, SwitchingOnAgainTripsAgainWhileTheReasonIsThere)
     channel.switchOn();
     EXPECT_FALSE(channel.inputOn());
     channel.connectSource(quietSource(12, 1));
-    EXPECT_FALSE(channel.inputOn()) << "a source that is fine again switches nothing on";
+    EXPECT_FALSE(channel.inputOn()) << "another source does not switch the input on";
     channel.switchOn();
     EXPECT_TRUE(channel.inputOn());
     EXPECT_EQ(channel.condition(), 0U);

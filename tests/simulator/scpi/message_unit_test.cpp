@@ -172,5 +172,12 @@ TEST(MessageUnitTest, AnEmptyStringEndsAtItsSecondQuotationMark)
     EXPECT_DOUBLE_EQ(unit.parameters[2].number, 1);
 }
 
+TEST(MessageUnitTest, MnemonicsNodesNumbersAndWordsHaveALongestForm)
+{
+    for (const char* longest : {"ABCDEFGHIJKL", "*ABCDEFGHIJKL", "A:B:C:D:E:F:G:H", "A1234", "A ABCDEFGHIJKL"})
+        EXPECT_EQ(errorOf(longest), ErrorNumber::NoError) << longest;
+    EXPECT_EQ(errorOf("*ABCDEFGHIJKLM"), ErrorNumber::ProgramMnemonicTooLong);
+}
+
 } // namespace
 } // namespace orb

@@ -165,5 +165,15 @@ TEST(FaultScriptTest, AScriptHasAtMostAThousandRules)
     EXPECT_EQ(errorOf(script), "line 1001: more than 1000 rules");
 }
 
+TEST(FaultScriptTest, TheArgumentsOfAFaultMayBeAsLargeAsTheirLimits)
+{
+    EXPECT_EQ(onlyFault("1 X split 1000 3600s").count, 1000U);
+    EXPECT_EQ(onlyFault("1 X split 1 3600000ms").delay, milliseconds(3'600'000));
+    EXPECT_EQ(onlyFault("1 X garbage 1048576").count, 1'048'576U);
+    EXPECT_EQ(errorOf("1 X split 1001 1ms"), "line 1: an answer is split into 1 to 1000 pieces");
+    EXPECT_EQ(errorOf("1 X late 3600001ms"), "line 1: no number, or too large a one: 3600001");
+    EXPECT_EQ(errorOf("1 X garbage 1048577"), "line 1: no number, or too large a one: 1048577");
+}
+
 } // namespace
 } // namespace orb

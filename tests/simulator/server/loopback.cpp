@@ -11,7 +11,7 @@ namespace orb {
 bool waitUntil(const std::function<bool()>& condition)
 {
     constexpr qint64 limit = 30'000;
-    constexpr int atMost = 20; // ms at once, should no event come
+    constexpr int atMost = 20; // ms, without an event
     QElapsedTimer timer;
     timer.start();
     while (!condition()) {
@@ -25,8 +25,8 @@ bool waitUntil(const std::function<bool()>& condition)
 Client::Client(quint16 port) : port_(port)
 {
     QObject::connect(&socket_, &QTcpSocket::readyRead, &socket_, [this] {
-        portions_.push_back(socket_.readAll().toStdString());
-        received_ += portions_.back();
+        reads_.push_back(socket_.readAll().toStdString());
+        received_ += reads_.back();
     });
 }
 

@@ -9,25 +9,25 @@
 
 namespace orb {
 
-/// Lets the event loop run until the condition holds. False after half a minute, which no sound machine needs.
+/// Runs the event loop until the condition holds. Returns false after half a minute.
 bool waitUntil(const std::function<bool()>& condition);
 
-/// A client of the server, over the real loopback. Keeps each portion of bytes apart as the system handed it over.
+/// A client of the server, over the real loopback.
 class Client {
 public:
     explicit Client(quint16 port);
 
-    /// True once it is connected; false when it was refused.
+    /// Waits for the connection. Returns false when it is refused.
     bool connect();
     void send(std::string_view bytes);
-    /// Sends the message and its line feed, and waits for one line of answer; without its line end.
+    /// Sends the message and a line feed, and waits for one line, which it returns without its line end.
     std::string query(std::string_view message);
-    /// Waits for one more line of answer.
+    /// Waits for one line.
     std::string line();
-    /// All that came so far and was not taken as a line.
+    /// The received bytes that `line` has not returned.
     const std::string& received() const { return received_; }
-    /// The portions in which all bytes came.
-    const std::vector<std::string>& portions() const { return portions_; }
+    /// The bytes of each read.
+    const std::vector<std::string>& reads() const { return reads_; }
     bool isOpen() const { return socket_.state() == QAbstractSocket::ConnectedState; }
     QTcpSocket& socket() { return socket_; }
 
@@ -35,7 +35,7 @@ private:
     quint16 port_;
     QTcpSocket socket_;
     std::string received_;
-    std::vector<std::string> portions_;
+    std::vector<std::string> reads_;
 };
 
 } // namespace orb

@@ -57,7 +57,7 @@ TEST_F(SimulatorServerTest, EachAnswerArrivesAsAWhole)
     const auto one = client();
     for (int i = 0; i < 50; ++i)
         one->query(":FETC:ALLC?;ALLV?;ALLP?;*IDN?");
-    EXPECT_EQ(one->portions().size(), 50U);
+    EXPECT_EQ(one->reads().size(), 50U);
 }
 
 TEST_F(SimulatorServerTest, AMessageMayComeInPieces)
@@ -92,12 +92,18 @@ TEST_F(SimulatorServerTest, AClientThatVanishesDisturbsNoOther)
     serve();
     const auto one = client();
     for (int i = 0; i < 2 * SimulatorServer::maxClients; ++i) {
-        const auto gone = client();
-        gone->send("*IDN?\n*IDN?\n:CURR 1");
-        gone->socket().abort();
+        const auto vanishing = client();
+        vanishing->send("*IDN?\n*IDN?\n:CURR 1");
+        vanishing->socket().abort();
     }
     EXPECT_EQ(one->query("*IDN?"), identity);
     EXPECT_TRUE(waitUntil([&] { return server->clientCount() == 1; }));
+}
+
+TEST_F(SimulatorServerTest, TheLimitsAreThoseOfTheDocument)
+{
+    EXPECT_EQ(SimulatorServer::maxClients, 16);
+    EXPECT_EQ(SimulatorServer::maxUnread, 4'194'304);
 }
 
 TEST_F(SimulatorServerTest, OneClientMoreThanTheLimitIsClosed)
@@ -148,9 +154,9 @@ TEST_F(SimulatorServerTest, HostileBytesAreErrorsAndTheNextQueryIsAnswered)
 
 TEST_F(SimulatorServerTest, AClientThatReadsNothingIsDropped)
 {
-    SimulatorConfiguration chatty = quietConfiguration();
-    chatty.identity = std::string(50'000, 'x');
-    build(chatty);
+    SimulatorConfiguration longAnswer = quietConfiguration();
+    longAnswer.identity = std::string(50'000, 'x');
+    build(longAnswer);
     serve();
     const auto other = client();
     const auto deaf = client();
@@ -354,7 +360,7 @@ TEST_F(ServedFileTest, TheFileHasNoAnswerThatWasNotSentWhole)
     EXPECT_EQ(one->line(), "1");
     one->send(":FETC:ALLC?\n");
     EXPECT_EQ(client()->query("*OPC?"), "1");
-    EXPECT_EQ(written(), std::string(":FETC:ALLC?\t") + currents + "\n") << "the one behind the next message";
+    EXPECT_EQ(written(), std::string(":FETC:ALLC?\t") + currents + "\n") << "the one sent after the next message";
 }
 
 TEST_F(ServedFileTest, TheFileHasAWrongAnswerAsItWasSent)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Qt tells a reset connection and a closed one in the same words; the system's own sockets tell them apart.
+// Qt reports a reset connection and a closed one in the same way; the system's sockets distinguish them.
 #ifndef _WIN32
 
 #include "instrument_fixture.h"

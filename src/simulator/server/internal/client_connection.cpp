@@ -69,13 +69,13 @@ void ClientConnection::send(std::vector<OutgoingStep> steps)
         queue_.push_back(std::move(step));
     }
     sendQueued();
-    if (open_ && (queued_ + socket_->bytesToWrite() > maxUnread_ || queue_.size() > maxQueue))
-        drop();
+    if (queued_ + socket_->bytesToWrite() > maxUnread_ || queue_.size() > maxQueue)
+        socket_->abort();
 }
 
 void ClientConnection::sendQueued()
 {
-    while (open_ && !queue_.empty() && !timer_.isActive()) {
+    while (isListening() && !queue_.empty() && !timer_.isActive()) {
         const DeliveryStep& next = queue_.front().delivery;
         if (next.afterNext)
             return;
@@ -86,12 +86,11 @@ void ClientConnection::sendQueued()
         const OutgoingStep step = std::move(queue_.front());
         queue_.pop_front();
         queued_ -= static_cast<qint64>(step.delivery.bytes.size());
-        if (!perform(step))
-            return;
+        perform(step);
     }
 }
 
-bool ClientConnection::perform(const OutgoingStep& step)
+void ClientConnection::perform(const OutgoingStep& step)
 {
     if (!step.record.empty())
         handler_.record(step.record);
@@ -99,20 +98,18 @@ bool ClientConnection::perform(const OutgoingStep& step)
         write(step.delivery.bytes);
     switch (step.delivery.end) {
     case DeliveryStep::End::None:
-        return open_;
-    case DeliveryStep::End::Close:
-        close();
-        return false;
-    case DeliveryStep::End::Reset:
-        resetOnClose(*socket_);
-        drop();
-        return false;
+        break;
     case DeliveryStep::End::Refuse:
         handler_.refuse(step.delivery.refusal);
-        close();
-        return false;
+        [[fallthrough]];
+    case DeliveryStep::End::Close:
+        socket_->disconnectFromHost();
+        break;
+    case DeliveryStep::End::Reset:
+        resetOnClose(*socket_);
+        socket_->abort();
+        break;
     }
-    return open_;
 }
 
 void ClientConnection::write(const std::string& bytes)
@@ -122,27 +119,9 @@ void ClientConnection::write(const std::string& bytes)
     socket_->flush();
 }
 
-void ClientConnection::close()
-{
-    timer_.stop();
-    queue_.clear();
-    socket_->disconnectFromHost();
-}
-
-void ClientConnection::drop()
-{
-    timer_.stop();
-    queue_.clear();
-    socket_->abort();
-    finish();
-}
-
 void ClientConnection::finish()
 {
-    if (!open_)
-        return;
     open_ = false;
-    timer_.stop();
     handler_.ended();
 }
 

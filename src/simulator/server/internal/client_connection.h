@@ -53,11 +53,8 @@ private:
     bool isListening() const { return open_ && socket_->state() == QAbstractSocket::ConnectedState; }
     void handle(const MessageFramer::Message& message);
     void sendQueued();
-    /// Returns false when the step has ended the connection.
-    bool perform(const OutgoingStep& step);
+    void perform(const OutgoingStep& step);
     void write(const std::string& bytes);
-    void close();
-    void drop();
     void finish();
 
     Handler handler_;
