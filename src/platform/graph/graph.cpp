@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph.h"
 
+#include "bezel.h"
 #include "contrast.h"
 #include "curve_layer.h"
 #include "failure.h"
-#include "graph_items.h"
 #include "graph_mouse.h"
 #include "repaint_queue.h"
 
@@ -35,11 +35,11 @@ QCPAxis& drawnAxis(QCPAxisRect& area, AxisSide side)
     return *area.addAxis(type);
 }
 
-template <typename Part> Part& numbered(const std::vector<std::unique_ptr<Part>>& parts, int number)
+template <typename Part> Part& numbered(std::deque<Part>& parts, int number)
 {
     if (number < 1 || number > static_cast<int>(parts.size()))
         throw RuntimeFailure(failure::SubscriptOutOfRange);
-    return *parts[static_cast<std::size_t>(number - 1)];
+    return parts[static_cast<std::size_t>(number - 1)];
 }
 
 } // namespace
@@ -55,15 +55,15 @@ struct Graph::Parts {
     void fitAxes();
     void repaint(bool everything);
 
-    QCustomPlot drawing; // stands before what is drawn in it
+    QCustomPlot drawing; // before what is drawn in it
     QCPAxisRect& area = *drawing.axisRect();
     RepaintQueue repaints{[this](bool everything) { repaint(everything); }};
-    CurveLayer& curves = *new CurveLayer(*drawing.xAxis); // the drawing owns what stands in it
+    CurveLayer& curves = *new CurveLayer(*drawing.xAxis); // the drawing owns what is in it
     GraphMouse::Axes axes;
-    std::vector<std::unique_ptr<GraphPlot>> plots;
+    std::deque<GraphPlot> plots;
     GraphMouse::Cursors cursors;
     GraphMouse mouse{axes, cursors, area, repaints};
-    Bezel* bezel = new Bezel(area);
+    Bezel& bezel = *new Bezel(area);
     QColor frameColor = startFrameColor;
     int repaintCount = 0;
 };
@@ -78,8 +78,8 @@ Graph::Parts::Parts(const GraphPlan& plan, QWidget& graph) : drawing(&graph)
     area.setBackground(QBrush(startPlotAreaColor));
     addAxes(plan);
     addPlots(plan);
-    for (int i = 0; i < plan.cursors; ++i)
-        cursors.push_back(std::make_unique<GraphCursor>(*axes[0], *axes[1], repaints));
+    for (int i = 1; i <= plan.cursors; ++i)
+        cursors.emplace_back(*new GraphCursor::Drawing(QStringLiteral("Cursor-%1").arg(i), axes[0], axes[1], repaints));
     recolor();
     QObject::connect(&drawing, &QCustomPlot::afterLayout, &drawing, [this] { settleLayout(); });
 }
@@ -90,8 +90,8 @@ void Graph::Parts::addAxes(const GraphPlan& plan)
         QCPAxis& drawn = drawnAxis(area, axis.side);
         drawn.setVisible(true);
         drawn.setTickLabelPadding(axis.side == AxisSide::Bottom ? 8 : 5);
-        axes.push_back(std::make_unique<GraphAxis>(drawn, axis, repaints));
-        axes.back()->setGridColor(startGridColor);
+        axes.emplace_back(GraphAxis::Drawing::of(drawn, axis, repaints));
+        axes.back().setGridColor(startGridColor);
         drawn.grid()->setVisible(axes.size() <= 2);
     }
     closeBox();
@@ -112,7 +112,8 @@ void Graph::Parts::addPlots(const GraphPlan& plan)
 {
     for (const GraphPlotPlan& plot : plan.plots) {
         GraphAxis& valueAxis = numbered(axes, plot.valueAxis);
-        plots.push_back(std::make_unique<GraphPlot>(curves, valueAxis, plot, repaints, [this] { fitAxes(); }));
+        curves.plots.push_back({plot, valueAxis, repaints, [this] { fitAxes(); }});
+        plots.emplace_back(curves.plots.back());
     }
 }
 
@@ -121,7 +122,7 @@ void Graph::Parts::recolor()
     const QColor text = textOn(frameColor);
     const QPen line(mixed(text, frameColor, 0.6), 1);
     drawing.setBackground(QBrush(frameColor));
-    bezel->ground = frameColor;
+    bezel.ground = frameColor;
     for (QCPAxis* axis : area.axes()) {
         axis->setLabelColor(text);
         axis->setTickLabelColor(text);
@@ -139,7 +140,7 @@ void Graph::Parts::settleLayout()
         const QRect before = area.rect();
         double half = 0;
         const QFontMetricsF metrics(drawing.xAxis->tickLabelFont());
-        for (const QString& label : axes[0]->labels())
+        for (const QString& label : axes[0].drawing().labels())
             half = std::max(half, metrics.horizontalAdvance(label) / 2);
         const int side = static_cast<int>(std::ceil(half)) + surround / 2;
         area.setMinimumMargins({side, surround + static_cast<int>(metrics.height() / 2), side, surround});
@@ -153,17 +154,16 @@ void Graph::Parts::settleLayout()
 
 void Graph::Parts::fitAxes()
 {
-    for (const auto& axis : axes) {
-        if (!axis->isAutoScaled())
+    for (const GraphAxis& axis : axes) {
+        if (!axis.drawing().plan.autoScale)
             continue;
-        Extent extent;
-        for (const auto& plot : plots)
-            if (axis == axes.front())
-                extent.add(plot->data().xExtent());
-            else if (&plot->valueAxis() == axis.get())
-                extent.add(plot->data().extent());
-        extent.add(0);
-        axis->fit(extent.lowest, extent.highest);
+        Extent extent{0, 0};
+        for (const GraphPlot& plot : plots)
+            if (&axis == &axes.front())
+                extent.add(plot.drawing().curve.xExtent());
+            else if (&axis == &plot.valueAxis())
+                extent.add(plot.drawing().curve.extent());
+        axis.drawing().fit(extent.lowest, extent.highest);
     }
 }
 
@@ -217,8 +217,8 @@ GraphCursor& Graph::cursor(int number) const
 
 void Graph::ClearData()
 {
-    for (const auto& plot : parts_->plots)
-        plot->ClearData();
+    for (GraphPlot& plot : parts_->plots)
+        plot.ClearData();
 }
 
 int Graph::TrackMode() const
@@ -260,14 +260,14 @@ bool Graph::elementVisible(const QString& name) const
 {
     if (name != QLatin1String("Graph Frame"))
         throw RuntimeFailure(failure::SubscriptOutOfRange);
-    return parts_->bezel->visible();
+    return parts_->bezel.visible();
 }
 
 void Graph::setElementVisible(const QString& name, bool visible)
 {
     if (elementVisible(name) == visible)
         return;
-    parts_->bezel->setVisible(visible);
+    parts_->bezel.setVisible(visible);
     parts_->repaints.ask();
 }
 
@@ -321,23 +321,20 @@ void Graph::mousePressEvent(QMouseEvent* event)
         parts_->mouse.cancel();
         return;
     }
-    if (const GraphCursor* moved = parts_->mouse.press(event->pos()))
-        reportCursor(*moved);
+    reportCursor(parts_->mouse.press(event->pos()));
     setCursor(parts_->mouse.pointer());
 }
 
 void Graph::mouseMoveEvent(QMouseEvent* event)
 {
-    if (const GraphCursor* moved = parts_->mouse.drag(event->pos()))
-        reportCursor(*moved);
+    reportCursor(parts_->mouse.drag(event->pos()));
 }
 
 void Graph::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || !parts_->mouse.isDragging())
         return;
-    if (const GraphCursor* moved = parts_->mouse.drag(event->pos()))
-        reportCursor(*moved);
+    reportCursor(parts_->mouse.drag(event->pos()));
     const bool isClick = parts_->mouse.isClick();
     parts_->mouse.release(event->pos());
     setCursor(parts_->mouse.pointer());
@@ -357,10 +354,10 @@ void Graph::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
-void Graph::reportCursor(const GraphCursor& cursor)
+void Graph::reportCursor(const GraphCursor* cursor)
 {
-    if (onCursorChange)
-        enter([&] { onCursorChange(cursor.xPosition(), cursor.yPosition()); });
+    if (cursor && onCursorChange)
+        enter([&] { onCursorChange(cursor->xPosition(), cursor->yPosition()); });
 }
 
 } // namespace orb

@@ -4,6 +4,7 @@
 #include "control.h"
 #include "graph_axis.h"
 #include "graph_cursor.h"
+#include "graph_plan.h"
 #include "graph_plot.h"
 
 #include <QImage>
@@ -13,7 +14,7 @@ namespace orb {
 /// A graph of curves over one x axis. Axes, plots and cursors are numbered from 1, and a number that none has is
 /// refused with `RuntimeFailure` 9.
 ///
-/// Changes show at the next turn of the event queue, at most 25 times a second; a hidden graph costs no painting.
+/// Changes are painted from the event queue, at most 25 times a second; a hidden graph is not painted.
 /// The wheel zooms at the mouse, over an axis that axis alone; a double click returns to the ranges last set. Neither
 /// works while `TrackMode` is `TrackNone`.
 class Graph : public Control<QWidget> {
@@ -84,7 +85,7 @@ protected:
 
 private:
     struct Parts;
-    void reportCursor(const GraphCursor& cursor);
+    void reportCursor(const GraphCursor* cursor);
 
     std::unique_ptr<Parts> parts_;
 };

@@ -1,30 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "graph_plan.h"
-
-#include <QSharedPointer>
-#include <QStringList>
-
-#include <memory>
-
-class QCPAxis;
+#include <QColor>
+#include <QString>
 
 namespace orb {
-
-class DivisionTicker;
-class RepaintQueue;
 
 /// One axis of a graph. A time axis counts in days, so a second is 1/86400.
 class GraphAxis {
 public:
-    /// `axis` and `repaints` must outlive this.
-    GraphAxis(QCPAxis& axis, const GraphAxisPlan& plan, RepaintQueue& repaints);
-    ~GraphAxis();
+    /// What the graph alone knows of the axis.
+    class Drawing;
+
+    explicit GraphAxis(Drawing& drawing) : drawing_(drawing) {}
     GraphAxis(const GraphAxis&) = delete;
     GraphAxis& operator=(const GraphAxis&) = delete;
 
-    const QString& name() const { return name_; }
+    const QString& name() const;
 
     QString caption() const;
     void setCaption(const QString& caption);
@@ -33,14 +25,17 @@ public:
     /// Throws `RuntimeFailure` 380 unless both are finite and `minimum` is the lesser. A value beyond 1E+249 counts
     /// as that.
     void SetMinMax(double minimum, double maximum);
-    /// The same with times, see `axisTime`. Throws 13 for a text that is none.
+    /// The same with times: "h:n" or "h:n:s", each part with any number of digits, the seconds with or without a
+    /// fraction. "0:5:00" is five minutes, "1:00" one hour. Throws 13 for any other text, and for minutes or seconds of
+    /// 60 and more.
     void SetMinMax(const QString& minimum, const QString& maximum);
 
     /// The range in view: the one last set, unless the operator has zoomed or panned since.
     double minimum() const;
     double maximum() const;
 
-    /// The format of the labels: "h:nn", "dd h:n" and the like, see `axisLabel`; plain numbers where it names no time.
+    /// The format of the labels: "h:nn", "dd h:n" and the like, with d for days, h for hours, n for minutes and s for
+    /// seconds, a doubled letter for a leading zero; plain numbers where it names no time.
     const QString& FormatString() const;
     void setFormatString(const QString& format);
 
@@ -49,36 +44,13 @@ public:
     void setMajorDivisions(int divisions);
 
     /// The color of the grid lines at the ticks. Axis 1 and axis 2 draw a grid; the others keep the color only.
-    QColor gridColor() const { return gridColor_; }
+    QColor gridColor() const;
     void setGridColor(const QColor& color);
 
-    /// True while the range follows the data.
-    bool isAutoScaled() const { return autoScale_; }
-    /// Sets the range to round values around the data from `lowest` to `highest`, if it follows the data.
-    void fit(double lowest, double highest);
-
-    /// Shows another part, as the operator's zoom and pan do. One that can't be told from a point, or is out of all
-    /// proportion to the range last set, changes nothing and gives false.
-    bool view(double minimum, double maximum);
-    /// Back to the range last set.
-    void restore();
-
-    /// The labels as they are drawn at the axis's present length, from the minimum on; empty where one was left out
-    /// because it would touch its neighbour.
-    QStringList labels() const;
-
-    /// The drawn axis.
-    QCPAxis& drawn() const { return axis_; }
+    Drawing& drawing() const { return drawing_; }
 
 private:
-    void show(double minimum, double maximum);
-
-    QCPAxis& axis_;
-    RepaintQueue& repaints_;
-    QString name_;
-    QSharedPointer<DivisionTicker> ticker_;
-    QColor gridColor_;
-    bool autoScale_;
+    Drawing& drawing_;
 };
 
 } // namespace orb

@@ -1,86 +1,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph_cursor.h"
 
+#include "cursor_drawing.h"
 #include "graph_axis.h"
-#include "graph_items.h"
-#include "graph_plot.h"
 #include "repaint_queue.h"
 
 namespace orb {
 
-GraphCursor::GraphCursor(GraphAxis& x, GraphAxis& y, RepaintQueue& repaints)
-    : x_(x), y_(y), repaints_(repaints), drawn_(new CursorLines(x.drawn(), y.drawn()))
+const QString& GraphCursor::name() const
 {
-    drawn_->color = Qt::white;
+    return drawing_.name;
 }
 
 bool GraphCursor::visible() const
 {
-    return drawn_->visible();
+    return drawing_.visible();
 }
 
 void GraphCursor::setVisible(bool visible)
 {
-    const bool inView = xPosition_ > x_.minimum() && xPosition_ < x_.maximum();
-    if (visible && !drawn_->visible() && !inView)
-        setXPosition((x_.minimum() + x_.maximum()) / 2);
-    drawn_->setVisible(visible);
-    repaints_.askOverlay();
+    const GraphAxis& x = drawing_.x;
+    const bool inView = xPosition() > x.minimum() && xPosition() < x.maximum();
+    if (visible && !drawing_.visible() && !inView)
+        setXPosition((x.minimum() + x.maximum()) / 2);
+    drawing_.setVisible(visible);
+    drawing_.repaints.askOverlay();
+}
+
+const GraphPlot* GraphCursor::plot() const
+{
+    return drawing_.plot;
 }
 
 void GraphCursor::setPlot(const GraphPlot& plot)
 {
-    plot_ = &plot;
-    drawn_->setValueAxis(plot.valueAxis().drawn());
-    repaints_.askOverlay();
+    drawing_.plot = &plot;
+    drawing_.repaints.askOverlay();
 }
 
 QColor GraphCursor::color() const
 {
-    return drawn_->color;
+    return drawing_.color;
 }
 
 void GraphCursor::setColor(const QColor& color)
 {
-    drawn_->color = color;
-    repaints_.askOverlay();
+    drawing_.color = color;
+    drawing_.repaints.askOverlay();
+}
+
+double GraphCursor::xPosition() const
+{
+    return drawing_.xPosition;
+}
+
+double GraphCursor::yPosition() const
+{
+    return drawing_.yPosition;
 }
 
 void GraphCursor::setXPosition(double x)
 {
-    place(x, yPosition_);
+    drawing_.place(x, yPosition());
 }
 
 void GraphCursor::setYPosition(double y)
 {
-    place(xPosition_, y);
-}
-
-bool GraphCursor::snapTo(double x, double y)
-{
-    if (plot_) {
-        if (const auto index = plot_->data().nearest(x)) {
-            x = plot_->data().x(*index);
-            y = plot_->data().y(*index);
-        }
-    }
-    if (x == xPosition_ && y == yPosition_)
-        return false;
-    place(x, y);
-    return true;
-}
-
-GraphAxis& GraphCursor::valueAxis() const
-{
-    return plot_ ? plot_->valueAxis() : y_;
-}
-
-void GraphCursor::place(double x, double y)
-{
-    xPosition_ = x;
-    yPosition_ = y;
-    drawn_->place = {x, y};
-    repaints_.askOverlay();
+    drawing_.place(xPosition(), y);
 }
 
 } // namespace orb

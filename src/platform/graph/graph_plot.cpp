@@ -4,7 +4,6 @@
 #include "axis_format.h"
 #include "curve_layer.h"
 #include "failure.h"
-#include "graph_axis.h"
 #include "repaint_queue.h"
 
 #include <cmath>
@@ -21,89 +20,79 @@ void checkIncrement(double increment)
 
 } // namespace
 
-GraphPlot::GraphPlot(CurveLayer& curves, GraphAxis& y, const GraphPlotPlan& plan, RepaintQueue& repaints,
-                     std::function<void()> dataChanged)
-    : curves_(curves),
-      y_(y),
-      repaints_(repaints),
-      dataChanged_(std::move(dataChanged)),
-      name_(plan.name),
-      drawn_(curves.add(curve_, y.drawn(), plan.color, plan.dashed))
-{}
+const QString& GraphPlot::name() const
+{
+    return drawing_.plan.name;
+}
 
 bool GraphPlot::visible() const
 {
-    return drawn_.visible;
+    return drawing_.visible;
 }
 
 void GraphPlot::setVisible(bool visible)
 {
-    drawn_.visible = visible;
-    repaints_.ask();
+    drawing_.visible = visible;
+    drawing_.repaints.ask();
 }
 
 QColor GraphPlot::lineColor() const
 {
-    return drawn_.color;
+    return drawing_.plan.color;
 }
 
 void GraphPlot::setLineColor(const QColor& color)
 {
-    drawn_.color = color;
-    repaints_.ask();
-}
-
-bool GraphPlot::dashed() const
-{
-    return drawn_.dashed;
+    drawing_.plan.color = color;
+    drawing_.repaints.ask();
 }
 
 void GraphPlot::paintLegend(QPainter& painter, const QRectF& rect) const
 {
-    const double scale = painter.deviceTransform().m11();
-    QImage canvas((rect.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(Qt::transparent);
-    Curve line;
-    line.assign({0, 0}, 0, 1);
-    const PixelScale x{0, static_cast<double>(canvas.width()), 0};
-    const PixelScale y{0, 1, canvas.height() / 2.0};
-    paintCurve(canvas, line, {x, y, canvas.width(), canvas.height()}, curves_.style(drawn_), scale);
-    canvas.setDevicePixelRatio(scale);
-    painter.drawImage(rect.topLeft(), canvas);
+    CurveLayer::paintLegend(drawing_, painter, rect);
+}
+
+GraphAxis& GraphPlot::valueAxis() const
+{
+    return drawing_.y;
 }
 
 void GraphPlot::ChartY(double value, double xIncrement)
 {
     checkIncrement(xIncrement);
-    curve_.append(value, xIncrement);
+    drawing_.curve.append(value, xIncrement);
     changed();
 }
 
 void GraphPlot::PlotY(std::vector<double> values, const QString& firstX, double xIncrement)
 {
     checkIncrement(xIncrement);
-    curve_.assign(std::move(values), axisTime(firstX), xIncrement);
+    drawing_.curve.assign(std::move(values), axisTime(firstX), xIncrement);
     changed();
 }
 
 void GraphPlot::ClearData()
 {
-    curve_.clear();
+    drawing_.curve = {};
     changed();
 }
 
-Curve::Point GraphPlot::point(std::size_t index) const
+std::size_t GraphPlot::pointCount() const
 {
-    if (index >= curve_.size())
+    return drawing_.curve.size();
+}
+
+GraphPlot::Point GraphPlot::point(std::size_t index) const
+{
+    if (index >= pointCount())
         throw RuntimeFailure(failure::SubscriptOutOfRange);
-    return curve_.point(index);
+    return {drawing_.curve.x(index), drawing_.curve.y(index)};
 }
 
 void GraphPlot::changed()
 {
-    if (dataChanged_)
-        dataChanged_();
-    repaints_.ask();
+    drawing_.onDataChange();
+    drawing_.repaints.ask();
 }
 
 } // namespace orb

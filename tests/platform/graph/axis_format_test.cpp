@@ -18,7 +18,7 @@ std::string label(double value, const char* format, double step)
     return axisLabel(value, format, step).toStdString();
 }
 
-TEST(AxisTime, ReadsHoursMinutesAndSeconds)
+TEST(AxisTimeTest, ATimeIsHoursMinutesAndSeconds)
 {
     EXPECT_EQ(axisTime("0:0:0"), 0);
     EXPECT_EQ(axisTime("0:0"), 0);
@@ -33,7 +33,7 @@ TEST(AxisTime, ReadsHoursMinutesAndSeconds)
     EXPECT_DOUBLE_EQ(axisTime("0:0:01.5000"), 1.5 * second);
 }
 
-TEST(AxisTime, RefusesWhatIsNoTime)
+TEST(AxisTimeTest, ATextThatIsNoTimeIsRefused)
 {
     for (const char* text : {"", "5", "a:b", "1:", ":1", "1:2:3:4", "-1:00", "0:60", "0:0:60", "1.5:00", "0:0:1.",
                              "0:0:.5", "1: 2", "9999999999:00", "0x1:00", "1e3:00"}) {
@@ -46,7 +46,7 @@ TEST(AxisTime, RefusesWhatIsNoTime)
     }
 }
 
-TEST(AxisLabel, WritesEachFormatOfTheTimeAxis)
+TEST(AxisLabelTest, ALabelFollowsEachFormatOfTheTimeAxis)
 {
     const double time = 7 * hour + 4 * minute + 5 * second;
     EXPECT_EQ(label(time, "h:n:ss", minute), "7:4:05");
@@ -57,13 +57,13 @@ TEST(AxisLabel, WritesEachFormatOfTheTimeAxis)
     EXPECT_EQ(label(2880, "dd h:nn", 480), "2880 0:00");
 }
 
-TEST(AxisLabel, LetsHoursRunOnWhereNoDaysAreNamed)
+TEST(AxisLabelTest, HoursRunOnWhereNoDaysAreNamed)
 {
     EXPECT_EQ(label(1.5, "h:nn", hour), "36:00");
     EXPECT_EQ(label(1.5, "dd h:nn", hour), "01 12:00");
 }
 
-TEST(AxisLabel, CutsToTheSmallestPartNamedButNotBelowAWholeOne)
+TEST(AxisLabelTest, ALabelIsCutToTheSmallestPartNamedButNotBelowAWholeOne)
 {
     EXPECT_EQ(label(axisTime("23:59") / 6, "hh:nn", axisTime("23:59") / 6), "03:59");
     for (int i = 0; i <= 1440; ++i) { // sums of doubles fall a little short of the whole minute
@@ -74,7 +74,7 @@ TEST(AxisLabel, CutsToTheSmallestPartNamedButNotBelowAWholeOne)
     }
 }
 
-TEST(AxisLabel, AddsPartsUntilNeighboursDiffer)
+TEST(AxisLabelTest, ALabelGetsPartsUntilNeighboursDiffer)
 {
     const double time = hour + 2 * minute + 3.25 * second;
     EXPECT_EQ(label(time, "h:nn", 30 * second), "1:02:03");
@@ -86,13 +86,13 @@ TEST(AxisLabel, AddsPartsUntilNeighboursDiffer)
     EXPECT_EQ(label(0, "h:nn:ss", 1e-9 * second), "0:00:00.000000");
 }
 
-TEST(AxisLabel, MarksTimesBeforeTheStart)
+TEST(AxisLabelTest, ATimeBeforeTheStartHasAMinusSign)
 {
     EXPECT_EQ(label(-5 * minute, "h:nn", minute), "-0:05");
     EXPECT_EQ(label(-1e-18, "h:nn", minute), "0:00");
 }
 
-TEST(AxisLabel, WritesPlainNumbersWithThePlacesOfTheStep)
+TEST(AxisLabelTest, APlainNumberHasThePlacesOfTheStep)
 {
     EXPECT_EQ(label(30, "", 6), "30");
     EXPECT_EQ(label(0.30000000000000004, "", 0.1), "0.3");
@@ -107,7 +107,7 @@ TEST(AxisLabel, WritesPlainNumbersWithThePlacesOfTheStep)
     EXPECT_EQ(label(1'500'000, "", 500'000), "1500000");
 }
 
-TEST(AxisLabel, SaysNothingOfWhatIsNoPlace)
+TEST(AxisLabelTest, WhatIsNoPlaceHasNoLabel)
 {
     EXPECT_EQ(label(std::nan(""), "h:nn", 1), "");
     EXPECT_EQ(label(INFINITY, "", 1), "");

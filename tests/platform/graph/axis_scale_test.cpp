@@ -12,15 +12,15 @@ using testing::SizeIs;
 
 constexpr double second = 1 / secondsPerDay;
 
-TEST(AxisScale, DividesTheSetRangeIntoEqualParts)
+TEST(AxisScaleTest, TheSetRangeIsDividedIntoEqualParts)
 {
-    const AxisRange home{0, axisTime("23:59")};
+    const QCPRange home{0, axisTime("23:59")};
     const AxisScale scale = axisScale(home, home, 6, true);
     EXPECT_DOUBLE_EQ(scale.step, axisTime("23:59") / 6);
     EXPECT_THAT(scale.ticks(home), ElementsAre(0, 1, 2, 3, 4, 5, 6));
 }
 
-TEST(AxisScale, KeepsTheDivisionsWhenTheViewIsOnlyShifted)
+TEST(AxisScaleTest, TheDivisionsStayWhenTheViewIsOnlyShifted)
 {
     const AxisScale scale = axisScale({3.3, 10.3}, {0, 7}, 7, false);
     EXPECT_DOUBLE_EQ(scale.origin, 0);
@@ -28,7 +28,7 @@ TEST(AxisScale, KeepsTheDivisionsWhenTheViewIsOnlyShifted)
     EXPECT_THAT(scale.ticks({3.3, 10.3}), ElementsAre(4, 5, 6, 7, 8, 9, 10));
 }
 
-TEST(AxisScale, TakesRoundStepsInAZoomedView)
+TEST(AxisScaleTest, AZoomedViewHasRoundSteps)
 {
     EXPECT_DOUBLE_EQ(axisScale({0, 3.7}, {0, 50}, 5, false).step, 1);
     EXPECT_DOUBLE_EQ(axisScale({0, 0.013}, {0, 50}, 5, false).step, 0.005);
@@ -38,7 +38,7 @@ TEST(AxisScale, TakesRoundStepsInAZoomedView)
     EXPECT_DOUBLE_EQ(axisScale({0, 100}, {0, 1}, 6, true).step, 20);
 }
 
-TEST(AxisScale, HasRoundTimeStepsThatDivideTheNextUnit)
+TEST(AxisScaleTest, RoundTimeStepsDivideTheNextUnit)
 {
     EXPECT_DOUBLE_EQ(roundStep(0.3 * second, true), 0.5 * second);
     EXPECT_DOUBLE_EQ(roundStep(0.7 * second, true), second);
@@ -49,13 +49,13 @@ TEST(AxisScale, HasRoundTimeStepsThatDivideTheNextUnit)
     EXPECT_DOUBLE_EQ(roundStep(1.01, true), 2);
 }
 
-TEST(AxisScale, NeverGivesMoreTicksThanCanBeDrawn)
+TEST(AxisScaleTest, ThereAreNeverMoreTicksThanCanBeDrawn)
 {
     EXPECT_THAT((AxisScale{0, 1e-12}.ticks({0, 1})), SizeIs(200));
     EXPECT_THAT((AxisScale{0, 1e-300}.ticks({0, 1})), SizeIs(0));
 }
 
-TEST(AxisScale, LeavesOutEverySecondLabelRatherThanLetTwoTouch)
+TEST(AxisScaleTest, EverySecondLabelIsLeftOutBeforeTwoTouch)
 {
     EXPECT_EQ(labelStride(50, 50), 1);
     EXPECT_EQ(labelStride(51, 50), 2);
@@ -63,18 +63,18 @@ TEST(AxisScale, LeavesOutEverySecondLabelRatherThanLetTwoTouch)
     EXPECT_EQ(labelStride(1, 0), 256);
 }
 
-TEST(AxisScale, WidensToRoundValuesAroundTheData)
+TEST(AxisScaleTest, ARangeWidensToRoundValuesAroundTheData)
 {
-    const AxisRange values = roundRange({0, 8.7}, 5, false);
-    EXPECT_DOUBLE_EQ(values.minimum, 0);
-    EXPECT_DOUBLE_EQ(values.maximum, 10);
-    const AxisRange below = roundRange({-3, 4}, 5, false);
-    EXPECT_DOUBLE_EQ(below.minimum, -4);
-    EXPECT_DOUBLE_EQ(below.maximum, 4);
-    const AxisRange flat = roundRange({0, 0}, 5, false);
-    EXPECT_LT(flat.minimum, flat.maximum);
-    const AxisRange instant = roundRange({0, 0}, 5, true);
-    EXPECT_DOUBLE_EQ(instant.maximum, second);
+    const QCPRange values = roundRange({0, 8.7}, 5, false);
+    EXPECT_DOUBLE_EQ(values.lower, 0);
+    EXPECT_DOUBLE_EQ(values.upper, 10);
+    const QCPRange below = roundRange({-3, 4}, 5, false);
+    EXPECT_DOUBLE_EQ(below.lower, -4);
+    EXPECT_DOUBLE_EQ(below.upper, 4);
+    const QCPRange flat = roundRange({0, 0}, 5, false);
+    EXPECT_LT(flat.lower, flat.upper);
+    const QCPRange instant = roundRange({0, 0}, 5, true);
+    EXPECT_DOUBLE_EQ(instant.upper, second);
 }
 
 } // namespace

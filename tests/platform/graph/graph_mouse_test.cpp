@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "axis_drawing.h"
 #include "graph_test.h"
 
 namespace orb {
@@ -32,7 +33,7 @@ protected:
     std::vector<std::pair<double, double>> moves;
 };
 
-TEST_F(GraphMouseTest, ZoomsAllAxesToTheRectangleDrawn)
+TEST_F(GraphMouseTest, ARectangleZoomsAllAxes)
 {
     graph.setTrackMode(Graph::TrackZoom);
     drag(pixel(20, 8), pixel(60, 3));
@@ -42,7 +43,7 @@ TEST_F(GraphMouseTest, ZoomsAllAxesToTheRectangleDrawn)
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(GraphMouseTest, ZoomsTheSameWhereverTheRectangleBegins)
+TEST_F(GraphMouseTest, ARectangleZoomsTheSameWhicheverCornerComesFirst)
 {
     graph.setTrackMode(Graph::TrackZoom);
     drag(pixel(60, 3), pixel(20, 8));
@@ -50,7 +51,7 @@ TEST_F(GraphMouseTest, ZoomsTheSameWhereverTheRectangleBegins)
     expectRange(2, 3, 8);
 }
 
-TEST_F(GraphMouseTest, EndsARectangleAtTheEdgeOfThePlotArea)
+TEST_F(GraphMouseTest, ARectangleEndsAtTheEdgeOfThePlotArea)
 {
     graph.setTrackMode(Graph::TrackZoom);
     drag(pixel(50, 5), QPoint(3000, -500));
@@ -58,7 +59,7 @@ TEST_F(GraphMouseTest, EndsARectangleAtTheEdgeOfThePlotArea)
     expectRange(2, 5, 10);
 }
 
-TEST_F(GraphMouseTest, TakesARectangleOfAFewPixelsForASlip)
+TEST_F(GraphMouseTest, ARectangleOfAFewPixelsChangesNothing)
 {
     graph.setTrackMode(Graph::TrackZoom);
     const QPoint at = pixel(50, 5);
@@ -68,7 +69,7 @@ TEST_F(GraphMouseTest, TakesARectangleOfAFewPixelsForASlip)
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphMouseTest, GivesUpARectangleAtTheOtherButton)
+TEST_F(GraphMouseTest, TheOtherButtonGivesUpARectangle)
 {
     graph.setTrackMode(Graph::TrackZoom);
     mouse(QEvent::MouseButtonPress, pixel(20, 8));
@@ -78,14 +79,14 @@ TEST_F(GraphMouseTest, GivesUpARectangleAtTheOtherButton)
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphMouseTest, IgnoresARectangleThatBeginsOutsideOfThePlotArea)
+TEST_F(GraphMouseTest, ARectangleThatBeginsOutsideOfThePlotAreaIsIgnored)
 {
     graph.setTrackMode(Graph::TrackZoom);
     drag({2, 2}, pixel(60, 3));
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphMouseTest, ShowsTheRectangleWhileItIsDrawn)
+TEST_F(GraphMouseTest, ARectangleShowsWhileItIsDrawn)
 {
     graph.setTrackMode(Graph::TrackZoom);
     const QImage before = graph.ControlImage();
@@ -96,18 +97,18 @@ TEST_F(GraphMouseTest, ShowsTheRectangleWhileItIsDrawn)
     EXPECT_EQ(graph.ControlImage(), before);
 }
 
-TEST_F(GraphMouseTest, ZoomsOnlySoFarAsTheAxisCanBeRead)
+TEST_F(GraphMouseTest, AZoomEndsWhereTheAxisCanNoLongerBeRead)
 {
     graph.setTrackMode(Graph::TrackZoom);
     for (int i = 0; i < 60; ++i)
         drag(pixel(graph.axis(1).minimum() * 0.55 + graph.axis(1).maximum() * 0.45, graph.axis(2).minimum()),
              pixel(graph.axis(1).maximum(), graph.axis(2).maximum()));
     EXPECT_LT(graph.axis(1).minimum(), graph.axis(1).maximum());
-    const QStringList labels = graph.axis(1).labels();
+    const QStringList labels = graph.axis(1).drawing().labels();
     EXPECT_EQ(QSet<QString>(labels.begin(), labels.end()).size(), labels.size());
 }
 
-TEST_F(GraphMouseTest, PansAllAxesWithTheMouse)
+TEST_F(GraphMouseTest, ADragPansAllAxes)
 {
     graph.setTrackMode(Graph::TrackPan);
     drag(pixel(50, 5), pixel(30, 7));
@@ -117,7 +118,7 @@ TEST_F(GraphMouseTest, PansAllAxesWithTheMouse)
     EXPECT_EQ(graph.QWidget::cursor().shape(), Qt::OpenHandCursor);
 }
 
-TEST_F(GraphMouseTest, ReturnsToTheRangesLastSetAtADoubleClick)
+TEST_F(GraphMouseTest, ADoubleClickReturnsToTheRangesLastSet)
 {
     graph.setTrackMode(Graph::TrackZoom);
     drag(pixel(20, 8), pixel(60, 3));
@@ -127,7 +128,7 @@ TEST_F(GraphMouseTest, ReturnsToTheRangesLastSetAtADoubleClick)
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphMouseTest, ZoomsWithTheWheelAroundTheMouse)
+TEST_F(GraphMouseTest, TheWheelZoomsAroundTheMouse)
 {
     graph.setTrackMode(Graph::TrackPan);
     wheel(pixel(25, 5), 1);
@@ -138,7 +139,7 @@ TEST_F(GraphMouseTest, ZoomsWithTheWheelAroundTheMouse)
     expectRange(1, 0, 100);
 }
 
-TEST_F(GraphMouseTest, ZoomsOneAxisWithTheWheelOverItsLabels)
+TEST_F(GraphMouseTest, TheWheelOverTheLabelsOfAnAxisZoomsThatAxisAlone)
 {
     graph.setTrackMode(Graph::TrackZoom);
     const QRect area = graph.plotArea();
@@ -154,7 +155,7 @@ TEST_F(GraphMouseTest, ZoomsOneAxisWithTheWheelOverItsLabels)
     expectRange(3, 3.75, 46.25);
 }
 
-TEST_F(GraphMouseTest, ZoomsOutOnlySoFar)
+TEST_F(GraphMouseTest, ZoomingOutEndsAtAMultipleOfTheRangeLastSet)
 {
     graph.setTrackMode(Graph::TrackPan);
     for (int i = 0; i < 5000; ++i)
@@ -163,7 +164,7 @@ TEST_F(GraphMouseTest, ZoomsOutOnlySoFar)
     graph.repaintNow();
 }
 
-TEST_F(GraphMouseTest, DoesNothingToTheAxesWithoutATrackMode)
+TEST_F(GraphMouseTest, WithoutATrackModeTheMouseLeavesTheAxesAlone)
 {
     drag(pixel(20, 8), pixel(60, 3));
     wheel(pixel(50, 5), 3);
@@ -171,7 +172,7 @@ TEST_F(GraphMouseTest, DoesNothingToTheAxesWithoutATrackMode)
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphMouseTest, HearsAClickButNotADrag)
+TEST_F(GraphMouseTest, AClickRunsTheHandlerAndADragDoesNot)
 {
     click(pixel(50, 5));
     EXPECT_EQ(clicks, 1);
@@ -182,7 +183,7 @@ TEST_F(GraphMouseTest, HearsAClickButNotADrag)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(GraphMouseTest, EndsTheRunWhenAClickFails)
+TEST_F(GraphMouseTest, AFailureOfTheClickHandlerEndsTheRun)
 {
     graph.onClick = [] { throw RuntimeFailure(failure::Overflow); };
     click(pixel(50, 5));
@@ -199,7 +200,7 @@ protected:
     }
 };
 
-TEST_F(GraphCursorTest, MovesToTheNearestSampleOfItsPlotAndSaysSo)
+TEST_F(GraphCursorTest, ACursorMovesToTheNearestSampleOfItsPlotAndReportsIt)
 {
     graph.cursor(1).setPlot(graph.plot(1));
     graph.cursor(1).setVisible(true);
@@ -215,7 +216,7 @@ TEST_F(GraphCursorTest, MovesToTheNearestSampleOfItsPlotAndSaysSo)
     EXPECT_EQ(ranges(), "0..100 0..10 0..50");
 }
 
-TEST_F(GraphCursorTest, ReadsACurveOfTheRightAxisInItsUnits)
+TEST_F(GraphCursorTest, ACursorReadsACurveOfTheRightAxisInItsUnits)
 {
     graph.cursor(1).setPlot(graph.plot(2));
     graph.cursor(1).setVisible(true);
@@ -223,7 +224,7 @@ TEST_F(GraphCursorTest, ReadsACurveOfTheRightAxisInItsUnits)
     EXPECT_THAT(moves, ElementsAre(Pair(20, 15)));
 }
 
-TEST_F(GraphCursorTest, FollowsTheMouseItselfWhereItsPlotHasNoSample)
+TEST_F(GraphCursorTest, ACursorFollowsTheMouseWhereItsPlotHasNoSample)
 {
     graph.cursor(1).setPlot(graph.plot(3));
     graph.cursor(1).setVisible(true);
@@ -233,7 +234,7 @@ TEST_F(GraphCursorTest, FollowsTheMouseItselfWhereItsPlotHasNoSample)
     EXPECT_NEAR(moves[0].second, 5, 0.1);
 }
 
-TEST_F(GraphCursorTest, MovesOnlyACursorThatShows)
+TEST_F(GraphCursorTest, OnlyACursorThatShowsMoves)
 {
     graph.cursor(1).setPlot(graph.plot(1));
     click(pixel(20, 5));
@@ -245,7 +246,7 @@ TEST_F(GraphCursorTest, MovesOnlyACursorThatShows)
     EXPECT_EQ(graph.cursor(1).xPosition(), 0);
 }
 
-TEST_F(GraphCursorTest, TakesTheNearerOfTwo)
+TEST_F(GraphCursorTest, TheNearerOfTwoCursorsMoves)
 {
     for (int i = 1; i <= 2; ++i) {
         graph.cursor(i).setPlot(graph.plot(i));
@@ -258,7 +259,7 @@ TEST_F(GraphCursorTest, TakesTheNearerOfTwo)
     EXPECT_THAT(moves, ElementsAre(Pair(40, 25), Pair(0, 1)));
 }
 
-TEST_F(GraphCursorTest, SaysNothingWhenCodeMovesIt)
+TEST_F(GraphCursorTest, ACursorMovedByCodeRunsNoHandler)
 {
     graph.cursor(1).setPlot(graph.plot(1));
     graph.cursor(1).setVisible(true);
@@ -267,7 +268,7 @@ TEST_F(GraphCursorTest, SaysNothingWhenCodeMovesIt)
     EXPECT_THAT(moves, IsEmpty());
 }
 
-TEST_F(GraphCursorTest, ComesIntoViewWhenItIsShown)
+TEST_F(GraphCursorTest, ACursorComesIntoViewWhenItIsShown)
 {
     GraphCursor& cursor = graph.cursor(1);
     cursor.setVisible(true);
@@ -278,7 +279,7 @@ TEST_F(GraphCursorTest, ComesIntoViewWhenItIsShown)
     EXPECT_EQ(cursor.xPosition(), 30);
 }
 
-TEST_F(GraphCursorTest, StaysWhereItIsInTheOtherModes)
+TEST_F(GraphCursorTest, ACursorStaysWhereItIsInTheOtherModes)
 {
     graph.cursor(1).setPlot(graph.plot(1));
     graph.cursor(1).setVisible(true);
@@ -288,7 +289,7 @@ TEST_F(GraphCursorTest, StaysWhereItIsInTheOtherModes)
     EXPECT_EQ(graph.cursor(1).xPosition(), 50);
 }
 
-TEST_F(GraphCursorTest, EndsTheRunWhenItsHandlerFails)
+TEST_F(GraphCursorTest, AFailureOfTheCursorHandlerEndsTheRun)
 {
     graph.cursor(1).setPlot(graph.plot(1));
     graph.cursor(1).setVisible(true);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph_test.h"
+#include "plot_drawing.h"
 
 #include <cmath>
 #include <limits>
@@ -9,15 +10,15 @@ namespace {
 
 using testing::ElementsAre;
 
-std::vector<Curve::Point> pointsOf(const GraphPlot& plot)
+std::vector<GraphPlot::Point> pointsOf(const GraphPlot& plot)
 {
-    std::vector<Curve::Point> points;
+    std::vector<GraphPlot::Point> points;
     for (std::size_t i = 0; i < plot.pointCount(); ++i)
         points.push_back(plot.point(i));
     return points;
 }
 
-TEST_F(GraphTest, StartsAsItsPlanSays)
+TEST_F(GraphTest, AGraphStartsAsItsPlanDescribesIt)
 {
     EXPECT_EQ(ranges(), "0..0.04167 0..30 0..30");
     EXPECT_EQ(graph.axis(1).name(), "X-Axis");
@@ -35,19 +36,32 @@ TEST_F(GraphTest, StartsAsItsPlanSays)
     EXPECT_TRUE(graph.elementVisible("Graph Frame"));
 }
 
-TEST_F(GraphTest, NumbersItsPartsFromOne)
+TEST_F(GraphTest, PartsAreNumberedFromOneAndNoOtherNumberIsTaken)
 {
     EXPECT_EQ(graph.axisCount(), 3);
     EXPECT_EQ(graph.plotCount(), 4);
     EXPECT_EQ(graph.cursorCount(), 4);
+    EXPECT_EQ(graph.axis(3).name(), "YAxis-A");
+    EXPECT_EQ(graph.plot(4).name(), "Plot-4");
+    EXPECT_EQ(graph.cursor(4).name(), "Cursor-4");
+    for (const int number : {-1, 0, 4})
+        EXPECT_EQ(failureOf([&] { graph.axis(number); }), failure::SubscriptOutOfRange) << number;
     for (const int number : {-1, 0, 5}) {
-        EXPECT_EQ(failureOf([&] { graph.axis(number); }), failure::SubscriptOutOfRange);
-        EXPECT_EQ(failureOf([&] { graph.plot(number); }), failure::SubscriptOutOfRange);
-        EXPECT_EQ(failureOf([&] { graph.cursor(number); }), failure::SubscriptOutOfRange);
+        EXPECT_EQ(failureOf([&] { graph.plot(number); }), failure::SubscriptOutOfRange) << number;
+        EXPECT_EQ(failureOf([&] { graph.cursor(number); }), failure::SubscriptOutOfRange) << number;
     }
 }
 
-TEST_F(GraphTest, RefusesAPlanWithoutAxes)
+TEST_F(GraphTest, EveryCursorHasItsName)
+{
+    GraphPlan plan = twoChannels();
+    plan.cursors = 16;
+    const Graph many(plan);
+    for (int i = 1; i <= 16; ++i)
+        EXPECT_EQ(many.cursor(i).name(), QStringLiteral("Cursor-%1").arg(i));
+}
+
+TEST_F(GraphTest, APlanWithoutItsAxesIsRefused)
 {
     GraphPlan plan = twoChannels();
     plan.plots[0].valueAxis = 4;
@@ -56,7 +70,7 @@ TEST_F(GraphTest, RefusesAPlanWithoutAxes)
     EXPECT_EQ(failureOf([&] { Graph{plan}; }), failure::InvalidPropertyValue);
 }
 
-TEST_F(GraphTest, TakesARangeInNumbersAndThenInTimes)
+TEST_F(GraphTest, AnAxisTakesARangeInNumbersAndThenInTimes)
 {
     GraphAxis& x = graph.axis(1);
     x.SetMinMax(0, 60);
@@ -68,7 +82,7 @@ TEST_F(GraphTest, TakesARangeInNumbersAndThenInTimes)
     EXPECT_DOUBLE_EQ(x.maximum(), 86'340 * second);
 }
 
-TEST_F(GraphTest, RefusesARangeThatIsNone)
+TEST_F(GraphTest, ARangeThatIsNoneIsRefused)
 {
     GraphAxis& y = graph.axis(2);
     const double infinity = std::numeric_limits<double>::infinity();
@@ -84,7 +98,7 @@ TEST_F(GraphTest, RefusesARangeThatIsNone)
     EXPECT_EQ(y.maximum(), 0.000001);
 }
 
-TEST_F(GraphTest, KeepsTheCaptionFormatAndDivisionsOfAnAxis)
+TEST_F(GraphTest, AnAxisKeepsItsCaptionFormatAndDivisions)
 {
     GraphAxis& x = graph.axis(1);
     x.setCaption("Elapsed Time [Sec]");
@@ -98,48 +112,48 @@ TEST_F(GraphTest, KeepsTheCaptionFormatAndDivisionsOfAnAxis)
     EXPECT_EQ(x.MajorDivisions(), 5);
 }
 
-TEST_F(GraphTest, ChartsOnePointBehindTheOther)
+TEST_F(GraphTest, AChartedPointFollowsTheLastByItsIncrement)
 {
     GraphPlot& plot = graph.plot(1);
     plot.ChartY(12, second);
     plot.ChartY(11, second);
     plot.ChartY(10, 2 * second);
     EXPECT_THAT(pointsOf(plot),
-                ElementsAre(Curve::Point{0, 12}, Curve::Point{second, 11}, Curve::Point{3 * second, 10}));
+                ElementsAre(GraphPlot::Point{0, 12}, GraphPlot::Point{second, 11}, GraphPlot::Point{3 * second, 10}));
     EXPECT_EQ(graph.plot(2).pointCount(), 0U);
     EXPECT_EQ(ranges(), "0..0.04167 0..30 0..30"); // the time axis does not scroll
 }
 
-TEST_F(GraphTest, ReplacesAPlotsDataAtOnce)
+TEST_F(GraphTest, PlotYReplacesTheDataOfAPlot)
 {
     GraphPlot& plot = graph.plot(2);
     plot.ChartY(99, second);
     plot.PlotY({1, 2}, "0:0:01", second);
-    EXPECT_THAT(pointsOf(plot), ElementsAre(Curve::Point{second, 1}, Curve::Point{2 * second, 2}));
+    EXPECT_THAT(pointsOf(plot), ElementsAre(GraphPlot::Point{second, 1}, GraphPlot::Point{2 * second, 2}));
     plot.ChartY(3, second);
-    EXPECT_EQ(plot.point(2), (Curve::Point{3 * second, 3}));
+    EXPECT_EQ(plot.point(2), (GraphPlot::Point{3 * second, 3}));
     EXPECT_EQ(failureOf([&] { plot.point(3); }), failure::SubscriptOutOfRange);
 }
 
-TEST_F(GraphTest, TakesOverMovedValuesWithoutACopy)
+TEST_F(GraphTest, MovedValuesAreTakenWithoutACopy)
 {
     std::vector<double> values(1000, 1.0);
     const double* place = values.data();
     graph.plot(1).PlotY(std::move(values), "0:0:00", second);
-    EXPECT_EQ(graph.plot(1).data().valuesFrom(0).data(), place);
+    EXPECT_EQ(graph.plot(1).drawing().curve.values().data(), place);
 }
 
-TEST_F(GraphTest, LeavesThePlotAsItWasWhenAnArgumentIsRefused)
+TEST_F(GraphTest, APlotStaysAsItWasWhenAnArgumentIsRefused)
 {
     GraphPlot& plot = graph.plot(1);
     plot.ChartY(5, second);
     EXPECT_EQ(failureOf([&] { plot.ChartY(6, INFINITY); }), failure::InvalidPropertyValue);
     EXPECT_EQ(failureOf([&] { plot.PlotY({6}, "0:0:00", std::nan("")); }), failure::InvalidPropertyValue);
     EXPECT_EQ(failureOf([&] { plot.PlotY({6}, "zero", second); }), failure::TypeMismatch);
-    EXPECT_THAT(pointsOf(plot), ElementsAre(Curve::Point{0, 5}));
+    EXPECT_THAT(pointsOf(plot), ElementsAre(GraphPlot::Point{0, 5}));
 }
 
-TEST_F(GraphTest, ClearsTheDataOfAllPlotsAndNothingElse)
+TEST_F(GraphTest, ClearDataClearsTheDataOfAllPlotsAndNothingElse)
 {
     graph.plot(1).ChartY(1, second);
     graph.plot(4).PlotY({1, 2}, "0:00", second);
@@ -153,10 +167,10 @@ TEST_F(GraphTest, ClearsTheDataOfAllPlotsAndNothingElse)
     EXPECT_FALSE(graph.plot(4).visible());
     EXPECT_TRUE(graph.cursor(1).visible());
     graph.plot(1).ChartY(2, second);
-    EXPECT_THAT(pointsOf(graph.plot(1)), ElementsAre(Curve::Point{0, 2}));
+    EXPECT_THAT(pointsOf(graph.plot(1)), ElementsAre(GraphPlot::Point{0, 2}));
 }
 
-TEST_F(GraphTest, ReadsBackEveryColorThatIsSet)
+TEST_F(GraphTest, EveryColorThatIsSetReadsBack)
 {
     const QColor paper(255, 255, 255);
     const QColor grey(128, 128, 128);
@@ -178,7 +192,7 @@ TEST_F(GraphTest, ReadsBackEveryColorThatIsSet)
     EXPECT_EQ(failureOf([&] { graph.setElementVisible("Legend", true); }), failure::SubscriptOutOfRange);
 }
 
-TEST_F(GraphTest, TakesOnlyTrackModesThatThereAre)
+TEST_F(GraphTest, OnlyTheTrackModesThereAreAreTaken)
 {
     for (const int mode : {6, 3, 2, 0}) {
         graph.setTrackMode(mode);
@@ -198,7 +212,7 @@ GraphPlan currentOverTime()
     return plan;
 }
 
-TEST(GraphAutoScale, FitsTheAxesToTheDataUntilARangeIsSet)
+TEST(AutoScaledGraphTest, TheAxesFollowTheDataUntilARangeIsSet)
 {
     Graph graph(currentOverTime());
     graph.plot(1).PlotY({1, 2, 3, 0}, "0:0:00.0000", 0.5 * second);
@@ -215,7 +229,7 @@ TEST(GraphAutoScale, FitsTheAxesToTheDataUntilARangeIsSet)
     EXPECT_DOUBLE_EQ(graph.axis(1).maximum(), 60 * second);
 }
 
-TEST(GraphAutoScale, BearsStepsOfNothingAndValuesBeyondAllMeasure)
+TEST(AutoScaledGraphTest, AStepOfZeroAndValuesBeyondAllMeasureLeaveUsableRanges)
 {
     Graph graph(currentOverTime());
     for (const double step : {0.0, -2 * second, 1e300, 5e-324}) {

@@ -7,46 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(RepaintPace, GrantsTheFirstAtOnce)
-{
-    RepaintPace pace;
-    EXPECT_EQ(pace.ask(1000), 0);
-}
-
-TEST(RepaintPace, TakesAllThatAskMeanwhileForOne)
-{
-    RepaintPace pace;
-    EXPECT_EQ(pace.ask(1000), 0);
-    EXPECT_EQ(pace.ask(1000), std::nullopt);
-    pace.begin(1001);
-    EXPECT_EQ(pace.ask(1002), 39);
-    EXPECT_EQ(pace.ask(1003), std::nullopt);
-}
-
-TEST(RepaintPace, PaintsAtMost25TimesASecond)
-{
-    RepaintPace pace;
-    int repaints = 0;
-    std::optional<qint64> due;
-    for (qint64 now = 0; now < 1000; ++now) {
-        if (const auto wait = pace.ask(now))
-            due = now + *wait;
-        if (due == now) {
-            pace.begin(now);
-            ++repaints;
-        }
-    }
-    EXPECT_EQ(repaints, 25);
-}
-
-TEST(RepaintPace, GrantsAtOnceAfterAPause)
-{
-    RepaintPace pace;
-    pace.ask(0);
-    pace.begin(0);
-    EXPECT_EQ(pace.ask(40), 0);
-}
-
 class RepaintQueueTest : public testing::Test {
 protected:
     void awaitOneMore()
@@ -60,7 +20,7 @@ protected:
     RepaintQueue queue{[this](bool everything) { painted.push_back(everything); }};
 };
 
-TEST_F(RepaintQueueTest, PaintsFromTheEventQueueOnly)
+TEST_F(RepaintQueueTest, PaintingHappensFromTheEventQueueOnly)
 {
     queue.setAsleep(false);
     queue.ask();
@@ -69,7 +29,7 @@ TEST_F(RepaintQueueTest, PaintsFromTheEventQueueOnly)
     EXPECT_THAT(painted, ElementsAre(true));
 }
 
-TEST_F(RepaintQueueTest, PaintsEverythingIfOneOfTheWishesAsksForIt)
+TEST_F(RepaintQueueTest, EverythingIsPaintedIfOneRequestAsksForIt)
 {
     queue.setAsleep(false);
     queue.askOverlay();
@@ -81,7 +41,7 @@ TEST_F(RepaintQueueTest, PaintsEverythingIfOneOfTheWishesAsksForIt)
     EXPECT_THAT(painted, ElementsAre(true, false));
 }
 
-TEST_F(RepaintQueueTest, KeepsAWishUntilItWakes)
+TEST_F(RepaintQueueTest, ARequestIsKeptUntilTheQueueWakes)
 {
     queue.ask();
     QCoreApplication::processEvents();
@@ -91,7 +51,7 @@ TEST_F(RepaintQueueTest, KeepsAWishUntilItWakes)
     EXPECT_THAT(painted, ElementsAre(true));
 }
 
-TEST_F(RepaintQueueTest, HoldsBackAWishThatIsOnItsWayWhenItFallsAsleep)
+TEST_F(RepaintQueueTest, ARequestUnderWayIsHeldBackWhenTheQueueFallsAsleep)
 {
     queue.setAsleep(false);
     queue.ask();
@@ -103,7 +63,44 @@ TEST_F(RepaintQueueTest, HoldsBackAWishThatIsOnItsWayWhenItFallsAsleep)
     EXPECT_THAT(painted, ElementsAre(true));
 }
 
-TEST_F(GraphTest, PaintsOnceForAThousandPointsAndShowsTheLast)
+TEST_F(RepaintQueueTest, TwoRepaintsAreNeverCloserThanAnInterval)
+{
+    EXPECT_EQ(1000 / RepaintQueue::interval, 25);
+    EXPECT_EQ(RepaintQueue::delay(0), 40);
+    EXPECT_EQ(RepaintQueue::delay(39), 1);
+    EXPECT_EQ(RepaintQueue::delay(40), 0);
+    EXPECT_EQ(RepaintQueue::delay(1000), 0);
+    queue.setAsleep(false);
+    queue.ask();
+    awaitOneMore();
+    QElapsedTimer timer;
+    timer.start();
+    queue.ask();
+    queue.askOverlay();
+    awaitOneMore();
+    EXPECT_GE(timer.elapsed(), RepaintQueue::interval - 2);
+    EXPECT_THAT(painted, ElementsAre(true, true));
+}
+
+TEST_F(RepaintQueueTest, PaintingAtOnceAnswersTheRequestUnderWay)
+{
+    queue.setAsleep(false);
+    queue.askOverlay();
+    queue.paintNow();
+    EXPECT_THAT(painted, ElementsAre(true));
+    queue.setAsleep(true);
+    queue.setAsleep(false);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(painted, ElementsAre(true));
+}
+
+TEST_F(RepaintQueueTest, NothingIsPaintedAtOnceWhileAsleep)
+{
+    queue.paintNow();
+    EXPECT_TRUE(painted.empty());
+}
+
+TEST_F(GraphTest, AThousandPointsArePaintedOnceAndTheLastIsShown)
 {
     const int before = graph.repaintCount();
     for (int i = 0; i < 1000; ++i)
@@ -117,7 +114,7 @@ TEST_F(GraphTest, PaintsOnceForAThousandPointsAndShowsTheLast)
     EXPECT_EQ(graph.grab().toImage(), shown);
 }
 
-TEST_F(GraphTest, PaintsNothingWhileItIsHidden)
+TEST_F(GraphTest, NothingIsPaintedWhileTheGraphIsHidden)
 {
     graph.setVisible(false);
     const int before = graph.repaintCount();

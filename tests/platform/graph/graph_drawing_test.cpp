@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "axis_drawing.h"
 #include "contrast.h"
 #include "graph_test.h"
 
@@ -51,7 +52,7 @@ void choose(GraphAxis& axis, const TimeLength& length)
 void expectLabelsApart(const Graph& graph)
 {
     const QFontMetricsF metrics(graph.font());
-    const QStringList labels = graph.axis(1).labels();
+    const QStringList labels = graph.axis(1).drawing().labels();
     double last = 0;
     for (qsizetype i = 0; i < labels.size(); ++i) {
         if (labels[i].isEmpty())
@@ -65,17 +66,17 @@ void expectLabelsApart(const Graph& graph)
     EXPECT_LT(last, graph.width());
 }
 
-TEST_F(GraphTest, LabelsEveryTimeLengthAtItsDivisions)
+TEST_F(GraphTest, EveryTimeLengthIsLabeledAtItsDivisions)
 {
     for (const TimeLength& length : timeLengths) {
         choose(graph.axis(1), length);
         graph.repaintNow();
-        EXPECT_EQ(graph.axis(1).labels().join(u'|').toStdString(), length.labels);
+        EXPECT_EQ(graph.axis(1).drawing().labels().join(u'|').toStdString(), length.labels);
         expectLabelsApart(graph);
     }
 }
 
-TEST_F(GraphTest, LeavesOutLabelsThatWouldTouchInANarrowGraph)
+TEST_F(GraphTest, LabelsThatWouldTouchInANarrowGraphAreLeftOut)
 {
     graph.resize(330, 200);
     for (const TimeLength& length : timeLengths) {
@@ -83,16 +84,17 @@ TEST_F(GraphTest, LeavesOutLabelsThatWouldTouchInANarrowGraph)
         graph.repaintNow();
         expectLabelsApart(graph);
     }
-    EXPECT_THAT(graph.axis(1).labels(), ElementsAre("00 0:0", "", "1920 0:0", "", "3840 0:0", "", "5760 0:0"));
+    EXPECT_THAT(graph.axis(1).drawing().labels(),
+                ElementsAre("00 0:0", "", "1920 0:0", "", "3840 0:0", "", "5760 0:0"));
 }
 
-TEST_F(GraphTest, TellsLabelsApartHoweverFarTheOperatorZooms)
+TEST_F(GraphTest, LabelsDifferHoweverFarTheOperatorZooms)
 {
     choose(graph.axis(1), timeLengths[9]);
     double span = graph.axis(1).maximum();
-    while (graph.axis(1).view(0.5, 0.5 + span)) {
+    while (graph.axis(1).drawing().view(0.5, 0.5 + span)) {
         graph.repaintNow();
-        QStringList labels = graph.axis(1).labels();
+        QStringList labels = graph.axis(1).drawing().labels();
         labels.removeAll(QString());
         ASSERT_THAT(labels.size(), Ge(2)) << span;
         ASSERT_EQ(labels.removeDuplicates(), 0) << span;
@@ -101,13 +103,13 @@ TEST_F(GraphTest, TellsLabelsApartHoweverFarTheOperatorZooms)
     EXPECT_LT(span, 0.001 * second);
 }
 
-TEST_F(GraphTest, LeavesOutLabelsOfAFlatGraph)
+TEST_F(GraphTest, LabelsThatWouldTouchInAFlatGraphAreLeftOut)
 {
     graph.resize(740, 120);
     graph.repaintNow();
     graph.axis(2).setMajorDivisions(30);
     graph.repaintNow();
-    QStringList labels = graph.axis(2).labels();
+    QStringList labels = graph.axis(2).drawing().labels();
     EXPECT_EQ(labels.size(), 31);
     labels.removeAll(QString());
     EXPECT_LT(static_cast<double>(labels.size()) * QFontMetricsF(graph.font()).height(), 120);
@@ -128,7 +130,7 @@ int pixelsOf(const QImage& image, const QColor& color)
     return count;
 }
 
-TEST_F(GraphTest, GivesItsPictureAtTwiceTheResolutionWhetherOrNotItShows)
+TEST_F(GraphTest, ThePictureHasTwiceTheResolutionWhetherOrNotTheGraphShows)
 {
     graph.plot(1).PlotY(std::vector<double>(3600, 15.0), "0:00", second);
     graph.repaintNow();
@@ -140,7 +142,7 @@ TEST_F(GraphTest, GivesItsPictureAtTwiceTheResolutionWhetherOrNotItShows)
     EXPECT_EQ(graph.ControlImage(), shown);
 }
 
-TEST(GraphLooks, GivesAPictureOfAGraphThatNeverWasOnTheScreen)
+TEST(GraphDrawingTest, AGraphThatNeverWasOnTheScreenGivesItsPicture)
 {
     Graph graph(twoChannels());
     graph.resize(0, 0);
@@ -150,7 +152,7 @@ TEST(GraphLooks, GivesAPictureOfAGraphThatNeverWasOnTheScreen)
     EXPECT_GT(pixelsOf(image, QColor(0, 255, 0)), 2000);
 }
 
-TEST(GraphLooks, FitsItsLabelsToThePictureTheFirstTimeAlready)
+TEST(GraphDrawingTest, TheLabelsFitThePictureTheFirstTimeAlready)
 {
     Graph graph(twoChannels());
     graph.resize(330, 200);
@@ -159,7 +161,7 @@ TEST(GraphLooks, FitsItsLabelsToThePictureTheFirstTimeAlready)
     EXPECT_EQ(graph.ControlImage(), first);
 }
 
-TEST(GraphLooks, LeavesRoomForTheLastLabelWhereNoAxisStandsAtTheRight)
+TEST(GraphDrawingTest, TheLastLabelHasRoomWhereNoAxisStandsAtTheRight)
 {
     GraphPlan plan = twoChannels();
     plan.axes.pop_back();
@@ -171,7 +173,7 @@ TEST(GraphLooks, LeavesRoomForTheLastLabelWhereNoAxisStandsAtTheRight)
     expectLabelsApart(graph);
 }
 
-TEST_F(GraphTest, DrawsOnlyThePlotsThatAreVisible)
+TEST_F(GraphTest, OnlyVisiblePlotsAreDrawn)
 {
     graph.plot(1).PlotY({20, 20}, "0:00", 1);
     graph.plot(4).PlotY({10, 10}, "0:00", 1);
@@ -181,7 +183,7 @@ TEST_F(GraphTest, DrawsOnlyThePlotsThatAreVisible)
     EXPECT_GT(pixelsOf(graph.ControlImage(), QColor(0, 255, 0)), 500);
 }
 
-TEST_F(GraphTest, DrawsInTheColorsThatAreSet)
+TEST_F(GraphTest, TheDrawingHasTheColorsThatAreSet)
 {
     graph.plot(1).PlotY({20, 20}, "0:00", 1);
     graph.plot(1).setLineColor(Qt::black);
@@ -196,7 +198,33 @@ TEST_F(GraphTest, DrawsInTheColorsThatAreSet)
     EXPECT_GT(pixelsOf(image, QColor(255, 0, 255)), 1000);
 }
 
-TEST_F(GraphTest, LooksAsBeforeWhenTheColorsArePutBack)
+/// How many pixels of `part` can be read on `ground`.
+int readablePixels(const QImage& image, const QRect& part, const QColor& ground)
+{
+    int count = 0;
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        for (int x = part.left(); x <= part.right(); ++x)
+            count += contrast(image.pixelColor(x, y), ground) > 4.5 ? 1 : 0;
+    return count;
+}
+
+TEST_F(GraphTest, NumbersAndCaptionsCanBeReadOnAnyFrame)
+{
+    for (const QColor& ground : {QColor(Qt::white), QColor(Qt::black), QColor(0, 0, 128), QColor(255, 255, 0)}) {
+        graph.setFrameColor(ground);
+        const QImage image = graph.ControlImage();
+        const QRect area(graph.plotArea().topLeft() * 2, graph.plotArea().size() * 2);
+        const int line = 2 * QFontMetrics(graph.font()).height();
+        const QRect numbers(area.left() - 10, area.bottom() + 12, area.width() + 20, line);
+        const QRect caption(area.left(), image.height() - line - 14, area.width(), line);
+        const QRect leftNumbers(area.left() - 40, area.top(), 34, area.height());
+        const QRect rightNumbers(area.right() + 14, area.top(), 30, area.height());
+        for (const QRect& part : {numbers, caption, leftNumbers, rightNumbers})
+            EXPECT_GT(readablePixels(image, part, ground), 100) << ground.name().toStdString();
+    }
+}
+
+TEST_F(GraphTest, TheDrawingIsAsBeforeWhenTheColorsArePutBack)
 {
     graph.plot(1).PlotY({20, 25, 3}, "0:00", 0.01);
     const QImage before = graph.ControlImage();
@@ -218,7 +246,7 @@ TEST_F(GraphTest, LooksAsBeforeWhenTheColorsArePutBack)
     EXPECT_EQ(graph.ControlImage(), before);
 }
 
-TEST_F(GraphTest, BearsValuesBeyondAllMeasure)
+TEST_F(GraphTest, ValuesBeyondAllMeasureLeaveTheDrawingAlone)
 {
     for (const double value : {5.0, 1e308, -1e308, std::nan(""), double(INFINITY), -double(INFINITY), -5.0, 5e-324}) {
         for (int i = 1; i <= 4; ++i)
@@ -236,7 +264,7 @@ TEST_F(GraphTest, BearsValuesBeyondAllMeasure)
     EXPECT_GT(pixelsOf(graph.ControlImage(), graph.plotAreaColor()), 1000);
 }
 
-TEST_F(GraphTest, ShowsACursorAsACrossInItsColor)
+TEST_F(GraphTest, ACursorIsACrossInItsColor)
 {
     GraphCursor& cursor = graph.cursor(1);
     cursor.setColor(QColor(255, 0, 255));
@@ -249,7 +277,7 @@ TEST_F(GraphTest, ShowsACursorAsACrossInItsColor)
     EXPECT_EQ(pixelsOf(graph.ControlImage(), QColor(255, 0, 255)), 0);
 }
 
-TEST_F(GraphTest, PaintsALegendLikeTheCurve)
+TEST_F(GraphTest, ALegendIsPaintedLikeTheCurve)
 {
     QImage image(60, 12, QImage::Format_ARGB32_Premultiplied);
     const auto drawnPixels = [&](int plot) {
@@ -261,28 +289,6 @@ TEST_F(GraphTest, PaintsALegendLikeTheCurve)
     };
     EXPECT_EQ(drawnPixels(1), 2 * 50);
     EXPECT_EQ(drawnPixels(2), 2 * (4 * 7 + 6)); // four dashes and the beginning of a fifth
-}
-
-TEST(Contrast, SetsDarkAndLightLinesOffFromTheirGround)
-{
-    const QColor ground(12, 15, 20);
-    for (const QColor& line :
-         {QColor(0, 255, 0), QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0), QColor(128, 128, 0)})
-        EXPECT_FALSE(edgeFor(line, ground).isValid()) << line.name().toStdString();
-    for (const QColor& line : {QColor(0, 0, 255), QColor(128, 0, 128), QColor(128, 0, 0)}) {
-        const QColor edge = edgeFor(line, ground);
-        ASSERT_TRUE(edge.isValid()) << line.name().toStdString();
-        EXPECT_GE(contrast(edge, ground), 3) << line.name().toStdString();
-    }
-    EXPECT_TRUE(edgeFor(Qt::white, Qt::white).isValid());
-    EXPECT_FALSE(edgeFor(Qt::black, Qt::white).isValid());
-    EXPECT_DOUBLE_EQ(contrast(Qt::black, Qt::white), 21);
-}
-
-TEST(Contrast, FindsTextThatCanBeReadOnAnyGround)
-{
-    for (int grey = 0; grey <= 255; grey += 5)
-        EXPECT_GE(contrast(textOn(QColor(grey, grey, grey)), QColor(grey, grey, grey)), 3.5) << grey;
 }
 
 } // namespace

@@ -1,23 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "axis_scale.h"
-#include "graph_axis.h"
-#include "graph_cursor.h"
+#include "axis_drawing.h"
+#include "cursor_drawing.h"
 
 #include <QPoint>
 
-class QCPAxisRect;
+#include <deque>
 
 namespace orb {
-
-class ZoomRectangle;
 
 /// What the operator's mouse does to the axes and cursors of a graph. All positions are pixels of the widget.
 class GraphMouse {
 public:
-    using Axes = std::vector<std::unique_ptr<GraphAxis>>;
-    using Cursors = std::vector<std::unique_ptr<GraphCursor>>;
+    using Axes = std::deque<GraphAxis>;
+    using Cursors = std::deque<GraphCursor>;
 
     /// All must outlive this; `area` is the plot area.
     GraphMouse(const Axes& axes, const Cursors& cursors, QCPAxisRect& area, RepaintQueue& repaints);
@@ -26,10 +23,10 @@ public:
     int mode() const { return mode_; }
     /// Gives up a drag under way.
     void setMode(int mode);
-    /// The pointer that tells the operator what a drag would do.
+    /// The shape of the pointer, which shows what a drag would do.
     Qt::CursorShape pointer() const;
 
-    /// Each gives the cursor that it moved, or null.
+    /// Both return the cursor that they moved, or null.
     const GraphCursor* press(const QPoint& at);
     const GraphCursor* drag(const QPoint& at);
     void release(const QPoint& at);
@@ -46,23 +43,24 @@ public:
     void restore();
 
 private:
+    void drawRectangle(const QPoint& to);
     void pan(const QPoint& at);
     void zoomToRectangle();
     bool affects(const GraphAxis& axis, const QPoint& at) const;
     const GraphCursor* moveCursor(const QPoint& at);
-    GraphCursor* nearestCursor(const QPoint& at) const;
+    const GraphCursor* nearestCursor(const QPoint& at) const;
 
     const Axes& axes_;
     const Cursors& cursors_;
     QCPAxisRect& area_;
     RepaintQueue& repaints_;
-    ZoomRectangle* rectangle_; // belongs to the drawing
+    QCPItemRect& rectangle_; // belongs to the drawing
     int mode_;
     bool dragging_ = false;
     bool moved_ = false;
     QPoint start_;
-    std::vector<AxisRange> startRanges_;
-    GraphCursor* grabbed_ = nullptr;
+    std::vector<QCPRange> startRanges_;
+    const GraphCursor* grabbed_ = nullptr;
 };
 
 } // namespace orb

@@ -37,11 +37,11 @@ double timeStep(double days)
 
 } // namespace
 
-std::vector<std::int64_t> AxisScale::ticks(const AxisRange& range) const
+std::vector<std::int64_t> AxisScale::ticks(const QCPRange& range) const
 {
     std::vector<std::int64_t> result;
-    const double first = std::ceil((range.minimum - origin) / step - roundings);
-    const double last = std::floor((range.maximum - origin) / step + roundings);
+    const double first = std::ceil((range.lower - origin) / step - roundings);
+    const double last = std::floor((range.upper - origin) / step + roundings);
     if (!(std::abs(first) < 1e15) || !(std::abs(last) < 1e15))
         return result;
     const auto end = std::min(static_cast<std::int64_t>(last), static_cast<std::int64_t>(first) + mostTicks - 1);
@@ -55,11 +55,11 @@ double roundStep(double step, bool time)
     return time ? timeStep(step) : decimalStep(step);
 }
 
-AxisScale axisScale(const AxisRange& view, const AxisRange& home, int divisions, bool time)
+AxisScale axisScale(const QCPRange& view, const QCPRange& home, int divisions, bool time)
 {
-    if (std::abs(view.span() - home.span()) <= home.span() * roundings)
-        return {home.minimum, home.span() / divisions};
-    return {0, roundStep(view.span() / divisions, time)};
+    if (std::abs(view.size() - home.size()) <= home.size() * roundings)
+        return {home.lower, home.size() / divisions};
+    return {0, roundStep(view.size() / divisions, time)};
 }
 
 int labelStride(double label, double step)
@@ -70,13 +70,13 @@ int labelStride(double label, double step)
     return stride;
 }
 
-AxisRange roundRange(const AxisRange& range, int divisions, bool time)
+QCPRange roundRange(const QCPRange& range, int divisions, bool time)
 {
-    AxisRange wide = range;
-    if (!(wide.span() > std::max(std::abs(wide.minimum), std::abs(wide.maximum)) * roundings))
-        wide.maximum = wide.minimum + std::max(time ? 1 / secondsPerDay : 1, std::abs(wide.minimum) * 1e-3);
-    const double step = roundStep(wide.span() / divisions, time);
-    return {std::floor(wide.minimum / step + roundings) * step, std::ceil(wide.maximum / step - roundings) * step};
+    QCPRange wide = range;
+    if (!(wide.size() > std::max(std::abs(wide.lower), std::abs(wide.upper)) * roundings))
+        wide.upper = wide.lower + std::max(time ? 1 / secondsPerDay : 1, std::abs(wide.lower) * 1e-3);
+    const double step = roundStep(wide.size() / divisions, time);
+    return {std::floor(wide.lower / step + roundings) * step, std::ceil(wide.upper / step - roundings) * step};
 }
 
 } // namespace orb
