@@ -35,10 +35,19 @@ void DataFileDialog::showOn(QWidget& page)
 {
     constexpr int topTwips = 2100;
     if (parentWidget() != &page)
-        setParent(&page);
+        moveTo(page);
     move((page.width() - width()) / 2, pixels(topTwips));
     bringToFront();
     setVisible(true);
+}
+
+/// The page must not delete the dialog with its other children.
+void DataFileDialog::moveTo(QWidget& page)
+{
+    if (parentWidget())
+        parentWidget()->disconnect(this);
+    setParent(&page);
+    QObject::connect(&page, &QObject::destroyed, this, [this] { setParent(nullptr); });
 }
 
 } // namespace orb

@@ -20,8 +20,11 @@ public:
     PictureButton cmdOKDataLogFile{QStringLiteral("OK")};
     PictureButton cmdCancelDataLogFile{QStringLiteral("Cancel")};
 
-    /// Shows it on a page, in front of all controls there. The page must not delete it.
+    /// Shows it on a page, in front of all controls there. Either may be destroyed before the other.
     void showOn(QWidget& page);
+
+private:
+    void moveTo(QWidget& page);
 };
 
 } // namespace orb

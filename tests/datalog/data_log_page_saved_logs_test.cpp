@@ -256,9 +256,8 @@ TEST_F(DataLogPageSavedLogsTest, TheDialogComesToTheFrontOfThisPageFromWhereverI
 {
     Frame program;
     program.setParent(&form);
-    dialog().showOn(program);
     for (PictureButton* button : {&page.logOpen, &page.logDelete}) {
-        dialog().setParent(&program);
+        dialog().showOn(program);
         page.DBGrid1.raise();
 
         press(*button);
