@@ -22,12 +22,10 @@ void DataLogPage::clearChannel(int channel)
     }
 }
 
-/// Shows the plots of a channel, counted from 0, without their cursors, enables its two boxes and checks them.
+/// Enables the two boxes of a channel, counted from 0, and checks them, which shows their plots.
 void DataLogPage::showChannel(int channel)
 {
     for (int plot = 2 * channel + 1; plot <= 2 * channel + 2; ++plot) {
-        graphLog.cursor(plot).setVisible(false);
-        graphLog.plot(plot).setVisible(true);
         boxOf(plot).setEnabled(true);
         boxOf(plot).setValue(CheckBox::Checked);
     }
