@@ -67,7 +67,7 @@ public:
 /// A failure ends the benchmark.
 class FatalExit final : public ProcessExit {
 public:
-    void report(const RuntimeFailure& failure) override { qFatal("%s", failure.what()); }
+    void report(const QString& text) override { qFatal("%s", qPrintable(text)); }
     void exit() override { std::exit(1); }
 };
 

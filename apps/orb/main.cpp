@@ -16,9 +16,13 @@ int main(int argc, char** argv)
     Run run(processExit);
     RealClock clock(run);
     const Paths paths(QCoreApplication::applicationDirPath());
-    DeviceControl CORB(clock);
-    FormORB form(clock, dialogs, paths, CORB);
-    run.enter([&] { form.FormLoad(); });
-    form.show();
+    std::optional<DeviceControl> CORB;
+    std::optional<FormORB> form;
+    run.enter([&] { // so that a failure of the construction is reported too
+        CORB.emplace(clock);
+        form.emplace(clock, dialogs, paths, *CORB);
+        form->FormLoad();
+        form->show();
+    });
     return QApplication::exec();
 }

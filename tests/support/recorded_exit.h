@@ -18,10 +18,10 @@ public:
     std::vector<QString> reports;
     int exits = 0;
 
-    void report(const RuntimeFailure& failure) override
+    void report(const QString& text) override
     {
-        reports.push_back(runtimeErrorReport(failure));
-        write(QStringLiteral("report ") + QString::fromUtf8(failure.what()));
+        reports.push_back(text);
+        write(QStringLiteral("report ") + text);
     }
     void exit() override
     {

@@ -8,7 +8,7 @@ namespace orb {
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 29> descriptions{{
+constexpr auto descriptions = std::to_array<std::pair<int, const char*>>({
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -38,13 +38,13 @@ constexpr std::array<std::pair<int, const char*>, 29> descriptions{{
     {failure::ItemNotFound, "Item not found in this collection"},
     {failure::DatabaseBusy, "Database is locked"},
     {failure::ObjectClosed, "Object is closed"},
-}};
+});
 
 QString descriptionOf(int number)
 {
-    for (const auto& [known, words] : descriptions)
+    for (const auto& [known, description] : descriptions)
         if (known == number)
-            return QString::fromLatin1(words);
+            return QString::fromLatin1(description);
     return QStringLiteral("Application-defined or object-defined error");
 }
 

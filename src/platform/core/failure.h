@@ -48,9 +48,9 @@ enum Number : int {
 /// catches it only where its behaviour says that a routine catches. One that nothing catches ends the run.
 class RuntimeFailure : public std::exception {
 public:
-    /// `description` takes the place of the number's own words.
+    /// `description` replaces the description of the number.
     RuntimeFailure(int number, const QString& description);
-    /// The number with its own words, "Application-defined or object-defined error" where it has none.
+    /// The number with its description, "Application-defined or object-defined error" where it has none.
     explicit RuntimeFailure(int number);
 
     int number() const { return number_; }

@@ -8,11 +8,6 @@ namespace {
 struct RunIsOver {};
 } // namespace
 
-QString runtimeErrorReport(const RuntimeFailure& failure)
-{
-    return QStringLiteral("Run-time error '%1':\n\n%2").arg(failure.number()).arg(failure.description());
-}
-
 void Run::enter(const std::function<void()>& handler) noexcept
 {
     if (over_)
@@ -23,10 +18,19 @@ void Run::enter(const std::function<void()>& handler) noexcept
         handler();
     } catch (const RunIsOver&) {
     } catch (const RuntimeFailure& failure) {
-        over_ = true; // before the report: its box has an event loop of its own
-        processExit_.report(failure);
+        report(QStringLiteral("Run-time error '%1':\n\n%2").arg(failure.number()).arg(failure.description()));
+    } catch (const std::exception& exception) {
+        report(QStringLiteral("Unexpected error:\n\n%1").arg(QString::fromUtf8(exception.what())));
+    } catch (...) {
+        report(QStringLiteral("Unexpected error"));
     }
     busy_ = wasBusy;
+}
+
+void Run::report(const QString& text)
+{
+    over_ = true; // before the report: its box has an event loop of its own
+    processExit_.report(text);
 }
 
 void Run::end()

@@ -9,18 +9,15 @@
 
 namespace orb {
 
-/// How a run ends. The real one ends the process and does not return; a test's writes down that it was asked.
+/// How a run ends. The real one ends the process and does not return; that of a test records the call.
 class ProcessExit {
 public:
     virtual ~ProcessExit() = default;
-    /// Shows "Run-time error 'N':", an empty line and the description, then ends the process.
-    virtual void report(const RuntimeFailure& failure) = 0;
-    /// Ends the process on the spot, with no report.
+    /// Shows the text of a failure that nothing caught, then ends the process.
+    virtual void report(const QString& text) = 0;
+    /// Ends the process at once, with no report.
     virtual void exit() = 0;
 };
-
-/// The text under which a failure that nothing caught is shown.
-QString runtimeErrorReport(const RuntimeFailure& failure);
 
 /// One run of the program, and the one way from the desktop into page logic. Once a run is over no handler runs any
 /// more: what is still on the stack is unwound up to the `enter` that began it.
@@ -31,8 +28,9 @@ public:
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    /// Runs `handler` unless the run is over. A `RuntimeFailure` that leaves it is reported and ends the run. Nothing
-    /// leaves this function by an exception, so that the caller may be a slot or an event handler of Qt.
+    /// Runs `handler` unless the run is over. An exception that leaves it is reported and ends the run: a
+    /// `RuntimeFailure` as "Run-time error 'N':", an empty line and its description, any other with its own text.
+    /// Nothing leaves this function by an exception, so that the caller may be a slot or an event handler of Qt.
     void enter(const std::function<void()>& handler) noexcept;
 
     /// Ends the run at once, with no report and no further handler. Only to be called inside `enter`: does not return.
@@ -50,6 +48,8 @@ public:
     bool isBusy() const { return busy_; }
 
 private:
+    void report(const QString& text);
+
     ProcessExit& processExit_;
     bool over_ = false;
     bool endAtNextYield_ = false;

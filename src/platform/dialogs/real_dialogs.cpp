@@ -122,10 +122,10 @@ bool RealDialogs::showPrinter()
     return dialog.exec() == QDialog::Accepted;
 }
 
-void RealProcessExit::report(const RuntimeFailure& failure)
+void RealProcessExit::report(const QString& text)
 {
-    std::fprintf(stderr, "%s\n", runtimeErrorReport(failure).toLocal8Bit().constData());
-    dialogs_.message(runtimeErrorReport(failure), Icon::Critical);
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    dialogs_.message(text, Icon::Critical);
     std::_Exit(EXIT_FAILURE);
 }
 

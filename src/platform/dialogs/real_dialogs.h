@@ -37,7 +37,7 @@ private:
 class RealProcessExit final : public ProcessExit {
 public:
     explicit RealProcessExit(Dialogs& dialogs) : dialogs_(dialogs) {}
-    [[noreturn]] void report(const RuntimeFailure& failure) override;
+    [[noreturn]] void report(const QString& text) override;
     [[noreturn]] void exit() override;
 
 private:

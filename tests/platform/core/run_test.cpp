@@ -10,11 +10,27 @@ namespace {
 
 class RunTest : public FormTest {};
 
-TEST_F(RunTest, AFailureThatNothingCatchesIsReportedWithItsNumberAndWords)
+TEST_F(RunTest, AFailureThatNothingCatchesIsReportedWithItsNumberAndDescription)
 {
     run.enter([] { throw RuntimeFailure(failure::Overflow); });
 
     EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '6':\n\nOverflow"));
+    EXPECT_TRUE(run.isOver());
+}
+
+TEST_F(RunTest, AnyOtherExceptionIsReportedWithItsTextAndEndsTheRun)
+{
+    run.enter([] { throw std::out_of_range("no such element"); });
+
+    EXPECT_THAT(processExit.reports, ElementsAre("Unexpected error:\n\nno such element"));
+    EXPECT_TRUE(run.isOver());
+}
+
+TEST_F(RunTest, AnExceptionWithoutATextIsReportedToo)
+{
+    run.enter([] { throw 7; });
+
+    EXPECT_THAT(processExit.reports, ElementsAre("Unexpected error"));
     EXPECT_TRUE(run.isOver());
 }
 
