@@ -19,29 +19,27 @@ constexpr int twips(int pixels)
     return pixels * twipsPerPixel;
 }
 
-/// `Run::enter` for an event of `source`, by way of the `Form` that stands above it. A widget that stands on no form
-/// has no page logic behind it, and its handler is not run.
+/// The control of a control array that has this index. Throws `RuntimeFailure` 340 where none has.
+template <typename Array> auto& element(Array& controls, int index)
+{
+    if (index < 0 || index >= static_cast<int>(std::size(controls)))
+        throw RuntimeFailure(failure::NoSuchControl);
+    return controls[static_cast<std::size_t>(index)];
+}
+
+/// `Run::enter` for an event of `source`, through the `Form` that contains it. A widget outside of any form belongs to
+/// no page, and its handler is not run.
 void enter(const QWidget& source, const std::function<void()>& handler) noexcept;
 
-/// What every control adds to its Qt widget: `visible` and `enabled` that read back the control's own setting whatever
-/// its container's is, a tag text, and its place in twips.
+/// What every control adds to its Qt widget: `visible` and `enabled`, which are the control's own setting whatever its
+/// container's is, a tag text, and its place in twips.
 template <typename Widget> class Control : public Widget {
 public:
     using Widget::Widget;
 
-    bool visible() const { return visible_; }
-    void setVisible(bool visible) override
-    {
-        visible_ = visible;
-        Widget::setVisible(visible);
-    }
-
-    bool enabled() const { return enabled_; }
-    void setEnabled(bool enabled)
-    {
-        enabled_ = enabled;
-        Widget::setEnabled(enabled);
-    }
+    /// A control that was never shown nor hidden is visible; Qt counts one as hidden until its window is shown.
+    bool visible() const { return !(this->isHidden() && this->testAttribute(Qt::WA_WState_ExplicitShowHide)); }
+    bool enabled() const { return !this->testAttribute(Qt::WA_ForceDisabled); }
 
     const QString& tag() const { return tag_; }
     void setTag(const QString& tag) { tag_ = tag; }
@@ -58,16 +56,21 @@ public:
     void bringToFront() { this->raise(); }
 
 protected:
-    /// For what comes from the desktop: runs `handler` as page logic, if it is set.
+    /// For events of the desktop: runs `handler` as page logic, if it is set.
     void enter(const std::function<void()>& handler)
     {
         if (handler)
             orb::enter(*this, handler);
     }
 
+    void setColor(QPalette::ColorRole role, const QColor& color)
+    {
+        QPalette colors = this->palette();
+        colors.setColor(role, color);
+        this->setPalette(colors);
+    }
+
 private:
-    bool visible_ = true;
-    bool enabled_ = true;
     QString tag_;
 };
 

@@ -5,17 +5,21 @@
 
 namespace orb {
 
+namespace {
+
+void requireValid(bool valid)
+{
+    if (!valid)
+        throw RuntimeFailure(failure::InvalidPropertyValue);
+}
+
+} // namespace
+
 ListBox::ListBox(QWidget* parent) : Control<QListWidget>(parent)
 {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformItemSizes(true);
-}
-
-void ListBox::demand(bool valid) const
-{
-    if (!valid)
-        throw RuntimeFailure(failure::InvalidPropertyValue);
 }
 
 int ListBox::listIndex() const
@@ -26,16 +30,15 @@ int ListBox::listIndex() const
 
 void ListBox::select(int index)
 {
-    if (index < 0) {
+    if (index < 0)
         selectionModel()->clear();
-        return;
-    }
-    setCurrentRow(index, QItemSelectionModel::ClearAndSelect);
+    else
+        setCurrentRow(index, QItemSelectionModel::ClearAndSelect);
 }
 
 void ListBox::setListIndex(int index)
 {
-    demand(index >= -1 && index < count());
+    requireValid(index >= -1 && index < count());
     if (index == listIndex())
         return;
     select(index);
@@ -45,7 +48,7 @@ void ListBox::setListIndex(int index)
 
 QString ListBox::list(int index) const
 {
-    demand(index >= 0 && index < count());
+    requireValid(index >= 0 && index < count());
     return item(index)->text();
 }
 
@@ -57,21 +60,16 @@ QString ListBox::selectedText() const
 
 void ListBox::insertItem(const QString& text, int index)
 {
-    demand(index >= 0 && index <= count());
+    requireValid(index >= 0 && index <= count());
     QListWidget::insertItem(index, text);
 }
 
 void ListBox::removeItem(int index)
 {
-    demand(index >= 0 && index < count());
+    requireValid(index >= 0 && index < count());
     const int selected = listIndex();
     delete takeItem(index);
     select(selected == index ? -1 : selected > index ? selected - 1 : selected);
-}
-
-void ListBox::clear()
-{
-    QListWidget::clear();
 }
 
 QStringList ListBox::items() const
@@ -82,32 +80,48 @@ QStringList ListBox::items() const
     return texts;
 }
 
-void ListBox::setBackColor(const QColor& color)
+/// Lets Qt handle an event, and runs `onClick` if that selected another line.
+void ListBox::handleEvent(const std::function<void()>& qtHandler)
 {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, color);
-    setPalette(colors);
+    const int before = listIndex();
+    qtHandler();
+    if (listIndex() == before)
+        return;
+    clicked_ = true;
+    enter(onClick);
+}
+
+/// A press below the last line leaves the selection, which Qt would end.
+void ListBox::mousePressEvent(QMouseEvent* event)
+{
+    clicked_ = false;
+    if (itemAt(event->pos()))
+        handleEvent([&] { QListWidget::mousePressEvent(event); });
+}
+
+void ListBox::mouseMoveEvent(QMouseEvent* event)
+{
+    handleEvent([&] { QListWidget::mouseMoveEvent(event); });
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event)
 {
-    QListWidget::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && itemAt(event->pos()))
+    handleEvent([&] { QListWidget::mouseReleaseEvent(event); });
+    if (!clicked_ && event->button() == Qt::LeftButton && itemAt(event->pos()))
         enter(onClick);
 }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
     QListWidget::mouseDoubleClickEvent(event);
-    enter(onDblClick);
+    clicked_ = true; // its release is no further click
+    if (event->button() == Qt::LeftButton)
+        enter(onDblClick);
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    const int before = listIndex();
-    QListWidget::keyPressEvent(event);
-    if (listIndex() != before)
-        enter(onClick);
+    handleEvent([&] { QListWidget::keyPressEvent(event); });
 }
 
 } // namespace orb

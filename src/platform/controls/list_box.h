@@ -10,8 +10,10 @@ namespace orb {
 /// A list of texts, of which at most one is selected. Indexes count from 0; -1 is no selection.
 class ListBox : public Control<QListWidget> {
 public:
-    /// Another line was selected, by the operator or by an assignment; or the operator clicked the selected one.
+    /// Another line was selected, by the operator or by an assignment; or the operator clicked the selected one. A
+    /// mouse button selects when it goes down, and `onClick` runs then: no line is selected without it.
     std::function<void()> onClick;
+    /// The operator double-clicked with the left button.
     std::function<void()> onDblClick;
 
     explicit ListBox(QWidget* parent = nullptr);
@@ -22,7 +24,7 @@ public:
     /// the count on.
     void setListIndex(int index);
 
-    /// The text of a line. Throws 380 for an index that has none.
+    /// The text of a line. Throws `RuntimeFailure` 380 for an index that has none.
     QString list(int index) const;
     /// The text of the selected line, empty without one.
     QString selectedText() const;
@@ -34,22 +36,26 @@ public:
     /// Throws 380 for an index that has no line. Removing the selected line leaves no selection.
     void removeItem(int index);
     /// Empties the list; no handler runs.
-    void clear();
+    void clear() { QListWidget::clear(); }
 
     /// All lines, in their order.
     QStringList items() const;
 
-    void setBackColor(const QColor& color);
+    void setBackColor(const QColor& color) { setColor(QPalette::Base, color); }
     QColor backColor() const { return palette().color(QPalette::Base); }
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void select(int index);
-    void demand(bool valid) const;
+    void handleEvent(const std::function<void()>& qtHandler);
+
+    bool clicked_ = false; ///< `onClick` has run for the press that is going on
 };
 
 } // namespace orb

@@ -22,20 +22,6 @@ void TextBox::setText(const QString& text)
         onChange();
 }
 
-void TextBox::setForeColor(const QColor& color)
-{
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, color);
-    setPalette(colors);
-}
-
-void TextBox::setBackColor(const QColor& color)
-{
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, color);
-    setPalette(colors);
-}
-
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
     if (onKeyPress && !event->text().isEmpty())
@@ -47,12 +33,29 @@ void TextBox::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
     enter(onGotFocus);
+    keepsSelection_ = event->reason() == Qt::MouseFocusReason && hasSelectedText();
 }
 
+/// Qt gives the focus before it delivers the press, which would place the caret and end the selection.
 void TextBox::mousePressEvent(QMouseEvent* event)
 {
-    QLineEdit::mousePressEvent(event);
+    keepsSelection_ = keepsSelection_ && event->button() == Qt::LeftButton;
+    if (!keepsSelection_)
+        QLineEdit::mousePressEvent(event);
     enter(onMouseDown);
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!keepsSelection_)
+        QLineEdit::mouseMoveEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!keepsSelection_)
+        QLineEdit::mouseReleaseEvent(event);
+    keepsSelection_ = false;
 }
 
 } // namespace orb

@@ -14,7 +14,4 @@ QPixmap loadPicture(const QString& literal);
 /// as `loadPicture` does where the file does not begin as a picture; one that is damaged further on paints nothing.
 QIcon pictureIcon(const QString& literal);
 
-/// Writes `picture` as a Windows bitmap, whatever the name's ending is. Throws `RuntimeFailure` 75 where that fails.
-void savePicture(const QPixmap& picture, const QString& literal);
-
 } // namespace orb

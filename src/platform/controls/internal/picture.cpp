@@ -74,10 +74,4 @@ QIcon pictureIcon(const QString& literal)
     return QIcon(new PictureIcon(path)); // the icon owns its engine
 }
 
-void savePicture(const QPixmap& picture, const QString& literal)
-{
-    if (!picture.save(realPath(literal), "BMP"))
-        throw RuntimeFailure(failure::PathFileAccessError);
-}
-
 } // namespace orb
