@@ -9,7 +9,7 @@ namespace orb {
 
 class Timer;
 
-/// The only source of time. Everything that waits, ticks or asks what time it is goes through here.
+/// The only source of time: all waiting, ticking and reading of the time is done through it.
 class Clock {
 public:
     explicit Clock(Run& run) : run_(run) {}

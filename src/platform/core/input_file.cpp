@@ -10,13 +10,13 @@ namespace orb {
 
 namespace {
 
-void demand(bool fine, int number)
+void require(bool holds, int number)
 {
-    if (!fine)
+    if (!holds)
         throw RuntimeFailure(number);
 }
 
-/// What does not come back the same was no UTF-8, one that is cut off at the end of the line included.
+/// Bytes that do not convert back to the same are not UTF-8, a sequence cut off at the end of the line included.
 QString decoded(const QByteArray& bytes)
 {
     const QString text = QString::fromUtf8(bytes);
@@ -27,21 +27,21 @@ QString decoded(const QByteArray& bytes)
 
 InputFile::InputFile(const QString& literal)
 {
-    demand(!literal.isEmpty(), failure::BadFileName);
+    require(!literal.isEmpty(), failure::BadFileName);
     QFile file(realPath(literal));
     const QFileInfo info(file);
-    demand(info.exists(), failure::FileNotFound);
-    demand(info.isFile(), failure::PathFileAccessError);
-    demand(file.open(QIODevice::ReadOnly), failure::PermissionDenied);
+    require(info.exists(), failure::FileNotFound);
+    require(info.isFile(), failure::PathFileAccessError);
+    require(file.open(QIODevice::ReadOnly), failure::PermissionDenied);
     content_ = file.readAll();
-    demand(file.error() == QFileDevice::NoError, failure::DeviceIOError);
+    require(file.error() == QFileDevice::NoError, failure::DeviceIOError);
     if (content_.startsWith("\xEF\xBB\xBF"))
-        at_ = 3; // a byte order mark is no part of the first line
+        at_ = 3; // a byte order mark is not part of the first line
 }
 
 QString InputFile::readLine()
 {
-    demand(!isAtEnd(), failure::InputPastEndOfFile);
+    require(!isAtEnd(), failure::InputPastEndOfFile);
     qsizetype end = at_;
     while (end < content_.size() && content_[end] != '\n' && content_[end] != '\r')
         ++end;

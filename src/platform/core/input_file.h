@@ -6,10 +6,10 @@
 namespace orb {
 
 /// A text file open for reading, line by line. A line ends in a carriage return and a line feed or in either alone; the
-/// last one may have no end. The text is UTF-8; bytes that are none are taken as Latin-1, so that nothing is lost.
+/// last one may have no end. The text is UTF-8; a line that is not is read as Latin-1, so that nothing is lost.
 class InputFile {
 public:
-    /// Throws `RuntimeFailure` 53 where there is no such file, 75 where a folder stands in its place, 70 where it can't
+    /// Throws `RuntimeFailure` 53 where there is no such file, 75 where it is a folder, 70 where it can't
     /// be read, 52 for an empty name.
     explicit InputFile(const QString& literal);
 

@@ -13,7 +13,7 @@ QString realPath(const QString& literal);
 
 bool fileExists(const QString& literal);
 
-/// True where a folder of that name stands.
+/// True where a folder of that name exists.
 bool folderExists(const QString& literal);
 
 /// Creates the folder, readable by this user alone. Throws `RuntimeFailure` 75 where that fails.
@@ -28,7 +28,7 @@ public:
     explicit Paths(const QString& applicationDirectory) : applicationDirectory_(applicationDirectory) {}
 
     const QString& applicationDirectory() const { return applicationDirectory_; }
-    /// The application directory with `literal`, which begins with a backslash, behind it.
+    /// The application directory followed by `literal`, which begins with a backslash.
     QString inApplication(const QString& literal) const { return applicationDirectory_ + literal; }
 
 private:

@@ -3,9 +3,7 @@
 
 #include "failure.h"
 
-#include <QLocale>
-
-#include <cfenv>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -13,65 +11,39 @@ namespace orb {
 
 namespace {
 
-bool isDigit(QChar c)
-{
-    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-}
-
-qsizetype skipDigits(const QString& text, qsizetype at)
-{
-    while (at < text.size() && isDigit(text[at]))
-        ++at;
-    return at;
-}
-
-qsizetype skipSign(const QString& text, qsizetype at)
-{
-    return at < text.size() && (text[at] == QLatin1Char('+') || text[at] == QLatin1Char('-')) ? at + 1 : at;
-}
-
-/// The place behind the exponent that begins at `at`, or `at` where none does.
-qsizetype skipExponent(const QString& text, qsizetype at)
-{
-    if (at >= text.size() || text[at].toUpper() != QLatin1Char('E'))
-        return at;
-    const qsizetype digits = skipSign(text, at + 1);
-    const qsizetype end = skipDigits(text, digits);
-    return end > digits ? end : at;
-}
-
-struct Range {
-    qsizetype begin;
-    qsizetype end;
-    bool isEmpty() const { return begin == end; }
+struct Number {
+    double value = 0;
+    bool isTooLarge = false;
+    qsizetype length = 0; ///< of the text that forms the number, 0 where there is none
 };
 
-/// Where the number stands that the text begins with, blanks skipped.
-Range leadingNumber(const QString& text)
+/// The number that the text begins with.
+Number leadingNumber(const QByteArray& text)
 {
-    qsizetype begin = 0;
-    while (begin < text.size() && text[begin].isSpace())
-        ++begin;
-    const qsizetype whole = skipSign(text, begin);
-    qsizetype end = skipDigits(text, whole);
-    qsizetype digits = end - whole;
-    if (end < text.size() && text[end] == QLatin1Char('.')) {
-        const qsizetype fraction = end + 1;
-        end = skipDigits(text, fraction);
-        digits += end - fraction;
-    }
-    if (digits == 0)
-        return {begin, begin};
-    return {begin, skipExponent(text, end)};
+    const char* const begin = text.constData();
+    const bool hasPlus = text.startsWith('+'); // which from_chars does not read
+    const char first = text.size() > 1 && (hasPlus || text.startsWith('-')) ? begin[1] : *begin;
+    if ((first < '0' || first > '9') && first != '.') // from_chars would read "inf" and "nan"
+        return {};
+    Number number;
+    const auto [end, error] = std::from_chars(begin + (hasPlus ? 1 : 0), begin + text.size(), number.value);
+    number.isTooLarge = error == std::errc::result_out_of_range;
+    if (error != std::errc::invalid_argument)
+        number.length = end - begin;
+    return number;
 }
 
-double parsed(const QString& text, Range range)
+/// Without the blanks around it. A character outside of Latin-1 becomes a question mark, which is part of no number.
+QByteArray trimmed(const QString& text)
 {
-    bool ok = false;
-    const double value = QLocale::c().toDouble(QStringView(text).mid(range.begin, range.end - range.begin), &ok);
-    if (!ok || std::isinf(value)) // the form is a number's, so that only its size can be at fault
+    return text.trimmed().toLatin1();
+}
+
+double checkedValue(const Number& number)
+{
+    if (number.isTooLarge)
         throw RuntimeFailure(failure::Overflow);
-    return value;
+    return number.value;
 }
 
 template <typename Integer> Integer rounded(double value)
@@ -82,7 +54,7 @@ template <typename Integer> Integer rounded(double value)
     return static_cast<Integer>(whole);
 }
 
-/// `digits` significant ones, plain as far as they reach, else with an exponent of at least two places.
+/// With `digits` significant ones: plain where that many places are enough, else with an exponent.
 QString decimal(double value, int digits)
 {
     if (std::isnan(value))
@@ -91,44 +63,37 @@ QString decimal(double value, int digits)
         return value < 0 ? QStringLiteral("-Inf") : QStringLiteral("Inf");
     if (value == 0)
         return QStringLiteral("0");
-    const QByteArray scientific = QByteArray::number(value, 'e', digits - 1);
-    const qsizetype mark = scientific.indexOf('e');
+    const QString scientific = QString::number(value, 'E', digits - 1);
+    const qsizetype mark = scientific.indexOf(QLatin1Char('E'));
     const int exponent = scientific.mid(mark + 1).toInt();
-    QByteArray mantissa = scientific.left(mark);
-    while (mantissa.endsWith('0'))
+    QString mantissa = scientific.left(mark);
+    while (mantissa.endsWith(QLatin1Char('0')))
         mantissa.chop(1);
-    if (mantissa.endsWith('.'))
+    const qsizetype decimals = std::max<qsizetype>(0, mantissa.section(QLatin1Char('.'), 1).size() - exponent);
+    if (mantissa.endsWith(QLatin1Char('.')))
         mantissa.chop(1);
-    const qsizetype point = mantissa.indexOf('.');
-    const int fraction = point < 0 ? 0 : static_cast<int>(mantissa.size() - point - 1);
-    const int decimals = std::max(0, fraction - exponent);
-    if (exponent < digits && decimals <= digits)
-        return QString::fromLatin1(QByteArray::number(value, 'f', decimals));
-    const QString sign = exponent < 0 ? QStringLiteral("-") : QStringLiteral("+");
-    return QStringLiteral("%1E%2%3")
-        .arg(QString::fromLatin1(mantissa), sign)
-        .arg(std::abs(exponent), 2, 10, QLatin1Char('0'));
+    const bool isPlain = exponent < digits && decimals <= digits;
+    return isPlain ? QString::number(value, 'f', static_cast<int>(decimals)) : mantissa + scientific.mid(mark);
 }
 
 } // namespace
 
 double numericValue(const QString& text)
 {
-    const Range range = leadingNumber(text);
-    return range.isEmpty() ? 0.0 : parsed(text, range);
+    return checkedValue(leadingNumber(trimmed(text)));
 }
 
 bool isNumeric(const QString& text)
 {
-    const Range range = leadingNumber(text);
-    return !range.isEmpty() && QStringView(text).mid(range.end).trimmed().isEmpty();
+    const QByteArray whole = trimmed(text);
+    return !whole.isEmpty() && leadingNumber(whole).length == whole.size();
 }
 
 double toDouble(const QString& text)
 {
     if (!isNumeric(text))
         throw RuntimeFailure(failure::TypeMismatch);
-    return parsed(text, leadingNumber(text));
+    return numericValue(text);
 }
 
 std::uint8_t toByte(double value)

@@ -8,17 +8,18 @@
 namespace orb {
 
 /// The numeric value of a text: the number that its leading characters form, 0 if there is none. Blanks before it do
-/// not count, the decimal separator is the point, an exponent is read. "12.5S" gives 12.5, "Off" and "" give 0.
+/// not count, the decimal separator is the point, an exponent is read. "12.5S" gives 12.5, "Off" and "" give 0. Throws
+/// `RuntimeFailure` 6 where a double can't hold the number.
 double numericValue(const QString& text);
 
 /// True when the whole text is one number.
 bool isNumeric(const QString& text);
 
-/// The whole text as a number. Throws `RuntimeFailure` 13 where it is none, 6 where it is too large for a double.
+/// The whole text as a number. Throws `RuntimeFailure` 13 where it is none, 6 where a double can't hold it.
 double toDouble(const QString& text);
 
 /// Rounded to the nearest whole number, a tie going to the even neighbour. Throws `RuntimeFailure` 6 where the result
-/// lies outside of the type's range.
+/// is outside of the type's range.
 std::uint8_t toByte(double value);
 std::int16_t toInteger(double value);
 std::int32_t toLong(double value);

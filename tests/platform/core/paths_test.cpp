@@ -12,22 +12,6 @@ using namespace orb;
 
 namespace {
 
-QByteArray content(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-}
-
-int openFailure(const QString& path)
-{
-    try {
-        OutputFile file(path);
-    } catch (const RuntimeFailure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
-
 TEST(PathsTest, TheApplicationDirectoryWithALiteralFindsTheFileInAnyLetterCase)
 {
     const QTemporaryDir folder;
@@ -46,6 +30,17 @@ TEST(PathsTest, AFileThatIsNotThereWouldBeCreatedUnderTheNameAsWritten)
     const QTemporaryDir folder;
     QDir(folder.path()).mkdir("Logs");
     EXPECT_EQ(realPath(folder.path() + "\\LOGS\\Test.A"), folder.filePath("Logs/Test.A"));
+}
+
+TEST(PathsTest, OfTwoNamesThatDifferInCaseTheOneAsWrittenIsFound)
+{
+    const QTemporaryDir folder;
+    for (const char* name : {"A.JPG", "a.JPG", "a.jpg"}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    for (const char* name : {"A.JPG", "a.JPG", "a.jpg"})
+        EXPECT_EQ(realPath(folder.filePath(name)), folder.filePath(name));
 }
 
 TEST(PathsTest, TheStagingFolderIsTheUsersOwn)
@@ -67,42 +62,11 @@ TEST(PathsTest, DeletingAFileThatIsNotThereIsFileNotFound)
     OutputFile(folder.filePath("a")).close();
     deleteFile(folder.filePath("a"));
     EXPECT_FALSE(fileExists(folder.filePath("a")));
-    EXPECT_THROW(deleteFile(folder.filePath("a")), RuntimeFailure);
-}
-
-TEST(OutputFileTest, LinesEndInCarriageReturnAndLineFeedAndReplaceWhatStoodThere)
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("log.csv");
-    OutputFile(path).write(std::string(1000, 'x'));
-
-    OutputFile file(path);
-    file.writeLine(QStringLiteral("No.,Time"));
-    file.writeLine(std::string_view("0,Ä"));
-    file.close();
-
-    EXPECT_EQ(content(path), "No.,Time\r\n0,Ä\r\n");
-}
-
-TEST(OutputFileTest, EachWayOfNotOpeningHasItsNumber)
-{
-    const QTemporaryDir folder;
-    EXPECT_EQ(openFailure(folder.path()), failure::PathFileAccessError);
-    EXPECT_EQ(openFailure(folder.filePath("none/log.csv")), failure::PathNotFound);
-    EXPECT_EQ(openFailure(""), failure::BadFileName);
-}
-
-TEST(OutputFileTest, AFullDiskIsTold)
-{
-    if (!QFile::exists("/dev/full"))
-        GTEST_SKIP() << "no device that is always full";
-    OutputFile file("/dev/full");
-    file.writeLine(QStringLiteral("No.,Time"));
     try {
-        file.close();
+        deleteFile(folder.filePath("a"));
         FAIL();
     } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), failure::DiskFull);
+        EXPECT_EQ(failure.number(), failure::FileNotFound);
     }
 }
 

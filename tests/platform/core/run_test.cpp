@@ -51,7 +51,7 @@ TEST_F(RunTest, AFailureThreeHandlersDeepUnderANestedYieldEndsTheRunOnceAndRunsN
     put(first).onClick = [&] {
         ran.push_back("first");
         clock.at(1, [&] { press(second); });
-        clock.at(5, [&] { ran.push_back("the operator's hand"); });
+        clock.at(5, [&] { ran.push_back("user input"); });
         clock.yield();
         ran.push_back("after the first yield");
     };
