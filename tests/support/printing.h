@@ -5,7 +5,7 @@
 
 #include <ostream>
 
-/// Lets a failed expectation show texts as texts. QString stands in no namespace, and so does this.
+/// Lets a failed expectation show texts as texts. QString is in no namespace, and so are these.
 inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';

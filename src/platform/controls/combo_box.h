@@ -11,8 +11,8 @@ namespace orb {
 class ComboBox : public Control<QComboBox> {
 public:
     enum class Kind {
-        DropDown,     ///< takes typed text, and a text that equals an item selects it
-        DropDownList, ///< takes only what is in the list
+        DropDown,     ///< accepts typed text, and a text that equals an item selects it
+        DropDownList, ///< accepts only what is in the list
     };
 
     /// An item was selected, by the operator or by an assignment.

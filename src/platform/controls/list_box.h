@@ -11,7 +11,7 @@ namespace orb {
 class ListBox : public Control<QListWidget> {
 public:
     /// Another line was selected, by the operator or by an assignment; or the operator clicked the selected one. A
-    /// mouse button selects when it goes down, and `onClick` runs then: no line is selected without it.
+    /// mouse button selects when it is pressed, and `onClick` runs then: no line is selected without it.
     std::function<void()> onClick;
     /// The operator double-clicked with the left button.
     std::function<void()> onDblClick;

@@ -19,7 +19,7 @@ public:
 
     /// The path of the picture as it was set, empty while there is none.
     const QString& picture() const { return picture_; }
-    /// Throws as `loadPicture` does; the button keeps its picture then. The empty path takes the picture away.
+    /// Throws as `loadPicture` does; the button keeps its picture then. The empty path removes the picture.
     void setPicture(const QString& path);
 
 protected:

@@ -15,7 +15,7 @@ public:
     /// The text as it was assigned, its line ends as they are.
     const QString& text() const { return text_; }
     void setText(const QString& text);
-    /// The same as assigning the old text with `text` behind it, at a cost that the old text's length has no part in.
+    /// The same as assigning the old text followed by `text`, at a cost that does not depend on the old text's length.
     void appendText(const QString& text);
 
     void moveCaretToEnd();

@@ -6,7 +6,7 @@
 namespace orb {
 
 /// The buttons side by side over a page, with captions small enough for eight of them to fit. The row belongs to
-/// whoever takes it into a layout.
+/// the layout that it is added to.
 QWidget* toolBarOf(const std::vector<PictureButton*>& buttons);
 
 } // namespace orb

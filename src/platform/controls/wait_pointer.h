@@ -5,7 +5,7 @@
 
 namespace orb {
 
-/// Shows that the program is at work, for as long as it lives.
+/// Shows the wait pointer for as long as the object exists.
 class WaitPointer {
 public:
     WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -13,7 +13,7 @@ public:
     WaitPointer(const WaitPointer&) = delete;
     WaitPointer& operator=(const WaitPointer&) = delete;
 
-    /// Takes the pointer back before a message box comes up.
+    /// Restores the pointer, for instance before a message box is shown.
     void end()
     {
         if (shown_)

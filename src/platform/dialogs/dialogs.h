@@ -11,8 +11,8 @@ enum class Icon { None, Critical, Information };
 enum class Buttons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
 
-/// The one file dialog of the form, shared by all pages. A routine sets only what it names; all else, the file name
-/// among it, stays from the last use.
+/// The one file dialog of the form, shared by all pages. A routine sets only what it names; everything else, including
+/// the file name, stays from the last use.
 struct CommonDialog {
     QString initialDirectory;
     /// Pairs of a description and a pattern, all joined by "|".
@@ -35,7 +35,7 @@ public:
     /// `CommonDialog1` in its open and in its save form. False on Cancel.
     virtual bool showOpen() = 0;
     virtual bool showSave() = 0;
-    /// The system's printer dialog, which sets up `printer`. False on Cancel, which leaves the printer as it was.
+    /// The system's printer dialog, which sets up `printer`. False on Cancel, which leaves the printer unchanged.
     virtual bool showPrinter() = 0;
 
     /// The printer, as the dialog last set it up.

@@ -29,24 +29,29 @@ QMessageBox::Icon qtIcon(Icon icon)
     return QMessageBox::NoIcon;
 }
 
-/// "A|*.a;*.b|C|*.c" as Qt writes it: a list of "A (*.a *.b)".
+/// "A(*.a)|*.a;*.b|C|*.c" in Qt's form: "A(*.a)(*.a *.b)" and "C(*.c)". Qt shows what precedes the last parenthesis.
 QStringList nameFilters(const QString& filter)
 {
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
-        const QString words = parts[i].section(QLatin1Char('('), 0, 0).trimmed();
-        filters << QStringLiteral("%1 (%2)").arg(words, patterns);
-    }
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        filters << QStringLiteral("%1(%2)").arg(parts[i],
+                                                QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
     return filters;
 }
 
+/// The suffix of the filter's first pattern; empty for a pattern such as "*.*".
 QString defaultSuffix(const QString& filter)
 {
     const QString pattern = filter.section(QLatin1Char('|'), 1, 1).section(QLatin1Char(';'), 0, 0);
-    return pattern.section(QStringLiteral("*."), 1, 1);
+    const QString suffix = pattern.section(QStringLiteral("*."), 1, 1);
+    return suffix.contains(QLatin1Char('*')) ? QString() : suffix;
+}
+
+bool isWritable(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() ? file.isFile() && file.isWritable() : QFileInfo(file.path()).isWritable();
 }
 
 } // namespace
@@ -77,19 +82,25 @@ void RealDialogs::prepare(QFileDialog& dialog) const
 {
     if (!CommonDialog1.title.isEmpty())
         dialog.setWindowTitle(CommonDialog1.title);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setDirectory(realPath(CommonDialog1.initialDirectory));
     dialog.setNameFilters(nameFilters(CommonDialog1.filter));
     if (!CommonDialog1.fileName.isEmpty())
         dialog.selectFile(CommonDialog1.fileName);
 }
 
-bool RealDialogs::take(QFileDialog& dialog)
+bool RealDialogs::show(QFileDialog& dialog)
 {
     prepare(dialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return false;
-    CommonDialog1.fileName = dialog.selectedFiles().constFirst();
-    return true;
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString file = dialog.selectedFiles().constFirst();
+        if (dialog.acceptMode() == QFileDialog::AcceptOpen || isWritable(file)) {
+            CommonDialog1.fileName = file;
+            return true;
+        }
+        message(QStringLiteral("This file can't be written:\n") + file, Icon::Critical, Buttons::Ok);
+    }
+    return false;
 }
 
 bool RealDialogs::showOpen()
@@ -97,7 +108,7 @@ bool RealDialogs::showOpen()
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return take(dialog);
+    return show(dialog);
 }
 
 bool RealDialogs::showSave()
@@ -105,7 +116,7 @@ bool RealDialogs::showSave()
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(defaultSuffix(CommonDialog1.filter));
-    return take(dialog);
+    return show(dialog);
 }
 
 Printer& RealDialogs::printer()

@@ -12,10 +12,11 @@ namespace orb {
 
 class RealPrinter;
 
-/// The dialogs that the operator sees, above the active window of the program.
+/// The dialogs that the operator sees, above the active window of the program. The save dialog accepts only a file that
+/// can be written.
 class RealDialogs final : public Dialogs {
 public:
-    /// `title` is the application's title, on every box that has none of its own.
+    /// `title` is the application's title, which every message box shows.
     explicit RealDialogs(const QString& title);
     ~RealDialogs() override;
 
@@ -27,10 +28,10 @@ public:
 
 private:
     void prepare(QFileDialog& dialog) const;
-    bool take(QFileDialog& dialog);
+    bool show(QFileDialog& dialog);
 
     QString title_;
-    std::unique_ptr<RealPrinter> printer_; ///< made at its first use: looking for printers takes its time
+    std::unique_ptr<RealPrinter> printer_; ///< created at its first use, since searching for printers is slow
 };
 
 /// Reports a failure that nothing caught and ends the process, without running anything more.

@@ -9,15 +9,15 @@ namespace {
 
 TEST_F(FormTest, AFormRunsItsHandlersWhenItIsActivatedAndClosedByItsFrame)
 {
-    std::vector<QString> told;
-    form.onActivate = [&] { told.push_back("active"); };
-    form.onUnload = [&] { told.push_back("unload"); };
+    std::vector<QString> events;
+    form.onActivate = [&] { events.push_back("active"); };
+    form.onUnload = [&] { events.push_back("unload"); };
 
     QEvent activate(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&form, &activate);
     form.close();
 
-    EXPECT_THAT(told, ElementsAre("active", "unload"));
+    EXPECT_THAT(events, ElementsAre("active", "unload"));
 }
 
 } // namespace

@@ -27,14 +27,14 @@ TEST_F(PictureButtonTest, APictureIsFoundInAnotherLetterCaseAndItsPathReadsBack)
 TEST_F(PictureButtonTest, AMissingPictureIsFileNotFoundAndAFileThatIsNoneIsAnInvalidPicture)
 {
     const QTemporaryDir folder;
-    QFile lie(folder.filePath("lie.jpg"));
-    ASSERT_TRUE(lie.open(QIODevice::WriteOnly));
-    lie.write("no picture");
-    lie.close();
+    QFile file(folder.filePath("other.jpg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no picture");
+    file.close();
     PictureButton button;
 
     EXPECT_EQ(failureOf([&] { button.setPicture(folder.path() + "\\none.jpg"); }), failure::FileNotFound);
-    EXPECT_EQ(failureOf([&] { button.setPicture(folder.path() + "\\lie.jpg"); }), failure::InvalidPicture);
+    EXPECT_EQ(failureOf([&] { button.setPicture(folder.path() + "\\other.jpg"); }), failure::InvalidPicture);
     EXPECT_EQ(button.picture(), "");
 }
 

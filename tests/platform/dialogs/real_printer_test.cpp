@@ -3,6 +3,8 @@
 
 #include "failure.h"
 
+#include <QDir>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,6 +16,14 @@ namespace {
 class RealPrinterTest : public testing::Test {
 protected:
     QTemporaryDir folder;
+    /// The number of pages of a PDF file, -1 when it is none.
+    static int pages(const QString& path)
+    {
+        QFile file(path);
+        const QByteArray pdf = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return pdf.startsWith("%PDF") ? static_cast<int>(pdf.count("/Type /Page\n")) : -1;
+    }
+
     QImage picture{400, 200, QImage::Format_RGB32};
 };
 
@@ -30,11 +40,38 @@ TEST_F(RealPrinterTest, ARealPrinterMakesALandscapePdfOfOnePage)
                          0.4 * printer.height());
     printer.endDoc();
 
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray pdf = file.readAll();
-    EXPECT_TRUE(pdf.startsWith("%PDF"));
-    EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
+    EXPECT_EQ(pages(path), 1);
+}
+
+TEST_F(RealPrinterTest, EachDocumentWithoutAPrinterIsANewFileInTheDocumentsFolder)
+{
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    RealPrinter printer;
+    printer.device().setOutputFormat(QPrinter::PdfFormat);
+
+    printer.endDoc();
+    printer.setFontSize(9);
+    printer.paintPicture(picture, 0, 0, 100, 100);
+    printer.endDoc();
+
+    EXPECT_EQ(pages(documents.filePath("orb.pdf")), 1);
+    EXPECT_EQ(pages(documents.filePath("orb 2.pdf")), 1);
+    EXPECT_FALSE(QFile::exists(documents.filePath("orb 3.pdf")));
+}
+
+TEST_F(RealPrinterTest, AFileThatWasChosenIsPrintedToEachTime)
+{
+    const QString path = folder.filePath("chosen.pdf");
+    RealPrinter printer;
+    printer.device().setOutputFormat(QPrinter::PdfFormat);
+    printer.endDoc();
+    printer.device().setOutputFileName(path);
+
+    printer.endDoc();
+    ASSERT_TRUE(QFile::remove(path));
+    printer.endDoc();
+
+    EXPECT_EQ(pages(path), 1);
 }
 
 TEST_F(RealPrinterTest, APrinterThatCannotBeginIsAPrinterError)

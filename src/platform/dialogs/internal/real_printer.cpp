@@ -3,7 +3,24 @@
 
 #include "failure.h"
 
+#include <QDir>
+#include <QStandardPaths>
+
 namespace orb {
+
+namespace {
+
+QString unusedPdfFile()
+{
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    documents.mkpath(QStringLiteral("."));
+    QString path = documents.filePath(QStringLiteral("orb.pdf"));
+    for (int i = 2; QFileInfo::exists(path); ++i)
+        path = documents.filePath(QStringLiteral("orb %1.pdf").arg(i));
+    return path;
+}
+
+} // namespace
 
 RealPrinter::RealPrinter() = default;
 
@@ -31,7 +48,13 @@ double RealPrinter::height()
 
 void RealPrinter::begin()
 {
-    if (!painter_.isActive() && !painter_.begin(&printer_))
+    if (painter_.isActive())
+        return;
+    if (printer_.outputFormat() == QPrinter::PdfFormat && printer_.outputFileName() == ownFile_) {
+        ownFile_ = unusedPdfFile();
+        printer_.setOutputFileName(ownFile_);
+    }
+    if (!painter_.begin(&printer_))
         throw RuntimeFailure(failure::PrinterError);
 }
 

@@ -8,7 +8,8 @@
 
 namespace orb {
 
-/// The printer that the operator chose, or the system's default one.
+/// The printer that the operator chose, or the system's default one. Without any printer each document becomes a new
+/// PDF file "orb.pdf", "orb 2.pdf" and so on in the user's documents folder.
 class RealPrinter final : public Printer {
 public:
     RealPrinter();
@@ -32,6 +33,7 @@ private:
     QPrinter printer_{QPrinter::HighResolution};
     QPainter painter_;
     QPointF at_;
+    QString ownFile_; ///< the PDF file that no one else chose
 };
 
 } // namespace orb
