@@ -19,7 +19,7 @@ namespace orb {
 ///     show fraCommand                   hide fraCommand           raise fraCommand
 ///     enable cmdStart                   disable cmdStart          picture cmdStart APP\ICON\B1RUNSTOP.jpg
 ///     move fraCommand 120 960           resize fraCommand 8115 6675
-///     report Run-time error '6':\n\nOverflow                exit
+///     report 6: Overflow                exit
 ///
 /// Positions and sizes are in twips. A line end inside a text is written as \r or \n. A control or a timer appears once
 /// the test watches it. What a control does while it or its container is hidden, Qt may not notify at once; such a

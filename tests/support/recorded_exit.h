@@ -4,6 +4,8 @@
 #include "journal.h"
 #include "run.h"
 
+#include <QRegularExpression>
+
 #include <vector>
 
 namespace orb {
@@ -20,8 +22,9 @@ public:
 
     void report(const QString& text) override
     {
+        static const QRegularExpression head(QStringLiteral("^Run-time error '(\\d+)':\n\n"));
         reports.push_back(text);
-        write(QStringLiteral("report ") + text);
+        write(QStringLiteral("report ") + QString(text).replace(head, QStringLiteral("\\1: ")));
     }
     void exit() override
     {

@@ -45,7 +45,7 @@ TEST_F(JournalTest, EveryFakeWritesIntoOneOrder)
                 ElementsAre("send :FETC:ALLC?", "sleep 100", "read Reply \"1,2\"", "yield", "read IsConnected False",
                             "read ChannelCount 0", "read LinkType 0", "call PanelActive False",
                             "message \"a\\r\\nb\" critical YesNo", "open" + file, "save" + file, "printer dialog",
-                            "print end", "report Run-time error '6':\\n\\nOverflow"));
+                            "print end", "report 6: Overflow"));
 }
 
 TEST_F(JournalTest, AWatchedControlUnderAHiddenContainerWritesItsChangesBetweenTheLinesOfTheFakes)
