@@ -19,16 +19,16 @@ struct Identity {
 };
 
 /// Reads an answer to *IDN?: four fields or more between commas, the maker and the model filled, printable text, 256
-/// bytes at most. What stands behind the fourth comma belongs to the firmware. Nothing for any other answer.
+/// bytes at most. What follows the fourth comma belongs to the firmware. Nothing for any other answer.
 std::optional<Identity> readIdentity(const QByteArray& answer);
 
 /// The bytes of an answer as text: UTF-8 where they are that, else each byte a character.
 QString answerText(const QByteArray& bytes);
 
-/// What a peer said, fit to be shown in a line: one line, no control characters, cut at `longest` characters.
+/// Bytes from a remote end, fit to be shown: one line, no control characters, cut at `longest` characters.
 QString shownText(const QByteArray& bytes, qsizetype longest = 60);
 
-/// The whole numbers or words of a list answer; a closing comma adds none.
+/// The fields of a list answer; a closing comma adds none.
 QList<QByteArray> listFields(const QByteArray& answer);
 
 } // namespace orb

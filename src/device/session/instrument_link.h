@@ -16,8 +16,8 @@ struct ConnectLimits {
     int size = 2000; ///< for each of the two ways to learn the number of channels
 };
 
-/// One link to an instrument, from the press on Connect to its end. Connecting is a state machine that `step` moves
-/// on, so that whoever steps it stays the master of the thread.
+/// One link to an instrument, from the press on Connect to its end. Connecting is a state machine that `step` moves on
+/// without blocking.
 class InstrumentLink {
 public:
     enum class Stage {
@@ -33,8 +33,8 @@ public:
         Disconnected, ///< the operator ended the link
         Cancelled,    ///< the operator ended the connecting
         Failed,       ///< the transport failed while connecting, see `error`
-        Silent,       ///< the peer took the connection and did not answer
-        NoInstrument, ///< the peer answered, but not as an instrument does; see `said`
+        Silent,       ///< the connection was taken, and *IDN? not answered
+        NoInstrument, ///< something answered, but with no identity; see `rejectedText`
         Lost,         ///< the link stood, and went down by itself; see `error`
     };
     static constexpr int mostChannels = 8;
@@ -54,14 +54,14 @@ public:
 
     Stage stage() const { return stage_; }
     bool isConnecting() const { return stage_ != Stage::Down && stage_ != Stage::Up; }
-    /// Whether the link stands, after a look at the line.
+    /// True while the link is up, after a poll.
     bool isUp();
     End end() const { return end_; }
     /// Counts up with every change of the stage.
     int changes() const { return changes_; }
     LinkError error() const { return error_; }
     QString errorText() const { return errorText_; }
-    /// What a peer that is no instrument said, fit to be shown.
+    /// What came instead of an identity, fit to be shown.
     QString rejectedText() const { return rejectedText_; }
 
     /// Of the instrument while the link is up; empty and 0 without one.
@@ -69,8 +69,8 @@ public:
     int channelCount() const { return channelCount_; }
     /// The conversation while the link is up, null without one.
     Session* session() { return stage_ == Stage::Up ? &*session_ : nullptr; }
-    /// The same, and after the link's end the conversation that was, until the next link begins: nothing can be sent
-    /// in it, but its last answer can be read.
+    /// The same, and after the link's end the last conversation until the next link begins: nothing can be sent in it,
+    /// but its last answer can be read.
     Session* lastSession() { return session_ ? &*session_ : nullptr; }
     const ConnectLimits& limits() const { return limits_; }
 
@@ -80,7 +80,7 @@ private:
     bool stepConnecting();
     bool stepIdentifying(bool maySend);
     bool stepSizing(bool maySend);
-    /// Asks unless it was asked already. False when there is nothing to look for yet.
+    /// Asks unless it was asked already, and polls. False when it can't be asked yet.
     bool ask(const QByteArray& query, bool maySend);
     bool isOver(int limitMs) const { return clock_.elapsed() - since_ >= limitMs; }
     void enterStage(Stage stage);

@@ -11,20 +11,20 @@
 
 namespace orb {
 
-/// A kind of link, as the Connect page offers it. All that there is to a kind stands in its row of the table.
+/// A kind of link, as the Connect page offers it.
 struct LinkKind {
     /// "Network (TCP)", in the list of the Connect page.
     QString title;
-    /// The number by which the application tells links apart: 1 is the serial line, the slow one.
+    /// `ORBCtrl::LinkType`: 1 is the serial line, the slow one.
     std::int16_t linkType = 0;
-    /// An address of this kind, to be read beside the address field. Empty where a link has no address.
+    /// Addresses of this kind, shown beside the address field. Empty where a link has no address.
     QString example;
-    /// The resource name for what the operator typed, a whole resource name of this kind among it; nothing where it
-    /// is no address of this kind. The text is empty where a link has no address.
+    /// The resource name for what the operator typed, which may be a resource name; nothing where it is no address of
+    /// this kind. The typed text is empty where a link has no address.
     std::function<std::optional<QString>(const QString& typed)> resourceName;
     /// A resource name of this kind as the operator would type it.
     std::function<QString(const QString& resourceName)> typed;
-    /// What a message calls the other end.
+    /// What a message calls the remote end.
     std::function<QString(const QString& resourceName)> remoteName;
     /// A transport for a resource name of this kind, not open yet.
     std::function<std::unique_ptr<Transport>(const QString& resourceName)> transport;

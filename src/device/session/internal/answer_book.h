@@ -37,7 +37,7 @@ public:
     bool asked(Requester requester, const QByteArray& text, qint64 now);
     /// A line is in. `isWhole` is false where it may be made of two answers.
     void answered(const QByteArray& line, bool isWhole = true);
-    /// Lines may come that answer nothing: until a marker tells the place, everything is passed over.
+    /// Lines may come that answer nothing: until a marker is answered, everything is passed over.
     void distrust() { isDistrusted_ = true; }
     /// It is known that nothing more will come to the queries so far.
     void nothingIsComing();

@@ -30,7 +30,7 @@ HostLookup::HostLookup(const QString& name) : shared_(std::make_shared<Shared>()
     try {
         std::thread([shared = shared_, name] { shared->finish(QHostInfo::fromName(name).addresses()); }).detach();
     } catch (const std::system_error&) {
-        shared_->finish({}); // no thread to be had
+        shared_->finish({}); // no thread could be started
     }
 }
 

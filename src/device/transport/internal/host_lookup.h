@@ -8,18 +8,18 @@
 
 namespace orb {
 
-/// Asks for the addresses of a host name on a thread of its own, since the system's resolver may take its time and
-/// hears neither a limit nor a cancel. A lookup that nobody waits for any more ends unheard.
+/// Resolves a host name on a thread of its own, since the system's resolver can neither be limited in time nor
+/// cancelled. The result of a lookup that was destroyed meanwhile is dropped.
 class HostLookup {
 public:
     explicit HostLookup(const QString& name);
 
-    /// True when the answer is there.
+    /// True when the lookup is over.
     bool isDone() const;
-    /// Blocks for `limitMs` at most. True when the answer is there.
+    /// Blocks for `limitMs` at most. True when the lookup is over.
     bool wait(int limitMs) const;
-    /// The addresses, in the order in which to try them; empty while the answer is not there, and for a name that
-    /// leads nowhere.
+    /// The addresses, in the order in which to try them; empty before the lookup is over, and for a name that no host
+    /// has.
     QList<QHostAddress> addresses() const;
 
 private:

@@ -21,7 +21,7 @@ void SimTransport::close()
     unread_.clear();
 }
 
-/// Each write is whole messages, ended by a line feed: no part of a message waits here for its rest.
+/// Each write is one whole message, ended by a line feed.
 bool SimTransport::write(const QByteArray& bytes)
 {
     if (state_ != State::Open)
@@ -43,7 +43,7 @@ QByteArray SimTransport::read()
 
 bool SimTransport::waitReadable(int)
 {
-    return !unread_.isEmpty(); // what is not there now will not come
+    return !unread_.isEmpty(); // nothing more will come
 }
 
 } // namespace orb

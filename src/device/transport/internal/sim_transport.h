@@ -8,8 +8,8 @@
 
 namespace orb {
 
-/// The link to the simulated instrument in the process: a line is answered at once, and lost when the link is down.
-/// The instrument lives on when the link ends, as a real one does.
+/// The link to the simulated instrument in the process. A line is answered at once. The instrument keeps its state when
+/// the link ends, as a real one does.
 class SimTransport final : public Transport {
 public:
     static QString resourceName() { return QStringLiteral("SIM::INSTR"); }

@@ -5,9 +5,8 @@
 
 namespace orb {
 
-/// Lets the system ask a silent peer now and then whether it is still there, so that the connection fails within some
-/// ten seconds when it is not. Where the system can't be told the times its own are used. `descriptor` is a connected
-/// TCP socket's.
+/// Switches the keepalive of a connected TCP socket on, so that the connection fails within some ten seconds when the
+/// remote end is gone. Where these times can't be set, the system's own are used.
 void keepAlive(qintptr descriptor);
 
 } // namespace orb

@@ -22,8 +22,8 @@ struct TcpAddress {
     bool operator==(const TcpAddress&) const = default;
 };
 
-/// Reads what an operator types: a host name or address, with or without ":port" behind it, or a whole resource name.
-/// The port is 5025 where none is given. Nothing where it is neither.
+/// Reads what an operator types: a host name or address, with or without ":port" after it, or a resource name. The port
+/// is 5025 where none is given. Nothing where it is none of these.
 std::optional<TcpAddress> readTcpAddress(const QString& typed);
 
 } // namespace orb

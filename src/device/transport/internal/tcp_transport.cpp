@@ -54,7 +54,7 @@ void TcpTransport::begin()
     }
 }
 
-void TcpTransport::lookedUp()
+void TcpTransport::useAddresses()
 {
     untried_ = lookup_->addresses().mid(0, mostAddresses);
     lookup_.reset();
@@ -77,7 +77,7 @@ void TcpTransport::connected()
     state_ = State::Open;
 }
 
-/// A name may lead to several addresses, of which only one has the instrument behind it.
+/// A name may have several addresses, and the instrument be at one of them alone.
 void TcpTransport::attemptFailed()
 {
     if (error_ == LinkError::None || error_ == LinkError::Unreachable) {
@@ -104,9 +104,9 @@ bool TcpTransport::open(int limitMs)
     const QDeadlineTimer deadline(limitMs);
     begin();
     if (lookup_ && lookup_->wait(limitMs))
-        lookedUp();
+        useAddresses();
     while (state_ == State::Opening && !lookup_) {
-        // Others that are left to try get their share of the time.
+        // The addresses that are left share the time.
         const int share = remaining(deadline) / static_cast<int>(untried_.size() + 1);
         if (socket_.state() == QAbstractSocket::ConnectedState || socket_.waitForConnected(share))
             connected();
@@ -135,17 +135,17 @@ void TcpTransport::close()
 Transport::State TcpTransport::state()
 {
     if (state_ == State::Opening)
-        lookAtOpening();
+        pollOpening();
     else if (state_ == State::Open)
-        lookAtLink();
+        pollLink();
     return state_;
 }
 
-void TcpTransport::lookAtOpening()
+void TcpTransport::pollOpening()
 {
     if (lookup_) {
         if (lookup_->isDone())
-            lookedUp();
+            useAddresses();
     } else if (socket_.state() == QAbstractSocket::ConnectedState) {
         error_ = LinkError::None;
         connected();
@@ -154,7 +154,7 @@ void TcpTransport::lookAtOpening()
     }
 }
 
-void TcpTransport::lookAtLink()
+void TcpTransport::pollLink()
 {
     if (socket_.state() == QAbstractSocket::ConnectedState)
         return;
@@ -172,7 +172,7 @@ bool TcpTransport::write(const QByteArray& bytes)
         return false;
     }
     const bool taken = socket_.write(bytes) == bytes.size();
-    push();
+    writePending();
     return taken;
 }
 
@@ -185,8 +185,8 @@ bool TcpTransport::flush(int limitMs)
     return state() == State::Open && socket_.bytesToWrite() == 0;
 }
 
-/// What the system did not take at once has to be offered again, since no event loop may be running.
-void TcpTransport::push()
+/// What the system did not take at once is offered again, since no event loop may be running.
+void TcpTransport::writePending()
 {
     if (socket_.bytesToWrite() > 0)
         socket_.flush();
@@ -196,7 +196,7 @@ QByteArray TcpTransport::read()
 {
     if (state() != State::Open)
         return {};
-    push();
+    writePending();
     const qint64 size = socket_.read(buffer_.data(), static_cast<qint64>(buffer_.size()));
     return size > 0 ? QByteArray(buffer_.data(), size) : QByteArray();
 }

@@ -11,8 +11,8 @@
 
 namespace orb {
 
-/// A link over TCP. Small lines leave at once, and a peer that vanished without a word is noticed by the system's
-/// keepalive within some ten seconds.
+/// A link over TCP. Short lines leave at once (no delay), and a remote end that is gone without closing is noticed by the
+/// system's keepalive within some ten seconds.
 class TcpTransport final : public Transport {
 public:
     explicit TcpTransport(TcpAddress address);
@@ -29,17 +29,17 @@ public:
     bool waitReadable(int limitMs) override;
 
 private:
-    void lookedUp();
+    void useAddresses();
     void connectNext();
     void connected();
     void attemptFailed();
     void fail(LinkError error, const QString& text = {});
-    void lookAtOpening();
-    void lookAtLink();
-    void push();
+    void pollOpening();
+    void pollLink();
+    void writePending();
 
     TcpAddress address_;
-    QTcpSocket socket_; // unbuffered: what is not read yet waits in the system
+    QTcpSocket socket_; // unbuffered: what is not read yet stays in the system
     std::array<char, longestRead> buffer_{};
     std::optional<HostLookup> lookup_;
     QList<QHostAddress> untried_;
