@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr double budget = 1.3;
+constexpr double budget = 1.2;
 constexpr int batches = 800;
 constexpr int queriesInABatch = 20;
 const std::string query = ":FETC:ALLC?";

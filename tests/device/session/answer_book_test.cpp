@@ -347,6 +347,33 @@ TEST_F(AnswerBookTest, AnAnswerThatIsNotWholeIsNotGivenButCounts)
     EXPECT_EQ(seen(), "b");
 }
 
+TEST_F(AnswerBookTest, JoinedQueriesMayBeAnsweredInALineEach)
+{
+    ask("a?;b?");
+    come("1");
+    EXPECT_EQ(seen(), "1");
+    EXPECT_EQ(ask("c?", 1), "*IDN?");
+    come("2");
+    EXPECT_EQ(seen(), "nothing");
+    come(identity);
+    come("c");
+    EXPECT_EQ(seen(), "c");
+    ask("lost?", 2);
+    ask("a?;b?", 3);
+    ask("c?", 4);
+    come("1");
+    come("2");
+    EXPECT_EQ(seen(), "nothing");
+}
+
+TEST_F(AnswerBookTest, JoinedQueriesThatAreAnsweredInOneLineCostNoMarker)
+{
+    ask("a?;b?;:CURR 5");
+    come("1;2");
+    EXPECT_EQ(seen(), "1;2");
+    EXPECT_EQ(ask("c?", 1), "");
+}
+
 TEST_F(AnswerBookTest, EverythingIsPassedOverUntilAMarkerEndsTheDistrust)
 {
     ask("a?");

@@ -51,7 +51,11 @@ bool AnswerBook::asked(Requester requester, const QByteArray& text, qint64 now)
     slot(requester) = {text, now, std::nullopt};
     if (queries_.size() >= mostOpen)
         return false;
-    queries_.push_back({.text = text, .at = now, .requester = requester, .identities = identitiesAsked(text)});
+    queries_.push_back({.text = text,
+                        .at = now,
+                        .requester = requester,
+                        .identities = identitiesAsked(text),
+                        .isJoined = text.count('?') > 1});
     return true;
 }
 
@@ -76,8 +80,14 @@ void AnswerBook::answered(const QByteArray& line, bool isWhole)
 
 void AnswerBook::crossOut(Query& query, const QByteArray& answer, bool isWhole)
 {
-    const bool isOneText =
-        std::ranges::all_of(queries_, [&](const Query& other) { return !isOpen(other) || other.text == query.text; });
+    bool isOneText = true;
+    bool mayGoOn = false; // joined queries may be answered in a line each
+    for (const Query& other : queries_) {
+        isOneText = isOneText && (!isOpen(other) || other.text == query.text);
+        mayGoOn = mayGoOn || (isOpen(other) && other.isJoined);
+    }
+    if (mayGoOn && !answer.contains(';'))
+        distrust();
     if (isWhole && isOneText)
         for (const Requester requester : {Requester::Application, Requester::Control})
             if (awaits(requester))

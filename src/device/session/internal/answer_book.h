@@ -62,6 +62,7 @@ private:
         qint64 at = 0;
         Requester requester = Requester::Application;
         int identities = 0; ///< how often it asks for the identity
+        bool isJoined = false;
         bool isMarker = false;
         bool isCrossedOut = false;
         int received = 0; ///< lines of the answer so far, where each identity comes in a line of its own
