@@ -14,7 +14,6 @@ build_packages=(
     libqcustomplot-dev
     libqcustomplot2.1-qt6   # QCustomPlot built for Qt 6
     libsqlite3-dev
-    libsqlitecpp-dev
     sqlite3                 # makes the database from its schema, and is the export's yardstick
     libgtest-dev
     libgmock-dev

@@ -21,7 +21,7 @@ int main(int argc, char** argv)
     const double ours = bench::seconds([&] {
         OutputFile file(folder->filePath(QStringLiteral("ours.csv")));
         file.writeLine(csvHeader(8));
-        const auto rows = dbMain->openRecordset(csvSelect(8));
+        const auto rows = dbMain.openRecordset(csvSelect(8));
         writeCsvRows(*rows, 8, file);
         file.close();
     });

@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: GPL-3.0-or-later
--- The tables of orb.mdb, the database beside the executable. docs/database.md tells them column by column.
+-- The tables of orb.mdb, the database beside the executable. docs/database.md describes them column by column.
 -- The order of the columns is fixed: some statements of the program name none.
 
 PRAGMA journal_mode = WAL;
@@ -8,7 +8,7 @@ BEGIN;
 
 PRAGMA user_version = 1;
 
--- The log in hand, one row a sample. A measured value is the instrument's text, digit for digit.
+-- The current log, one row a sample. A measured value is the instrument's text, digit for digit.
 CREATE TABLE DataMeasure (
     SeqNo INTEGER,
     RecTime TEXT,
@@ -69,7 +69,7 @@ CREATE TABLE ProgramChain (
 );
 CREATE INDEX ProgramChainCase ON ProgramChain (MemCase);
 
--- The sequence of the moment. What is no number is refused, so that no typing error gets as far as the instrument.
+-- The current sequence. What is no number is refused, so that no typing error reaches the instrument.
 CREATE TABLE ORBSeqHead (
     Item TEXT,
     "The Current Settings" NUMERIC NOT NULL

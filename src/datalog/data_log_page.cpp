@@ -83,7 +83,7 @@ void DataLogPage::emptyLog()
 {
     lLogRecNo = 0;
     graphLog.ClearData();
-    dbMain_->execute(QStringLiteral("delete * from DataMeasure"));
+    dbMain_.execute(QStringLiteral("delete * from DataMeasure"));
     rebindDataLog();
     for (int channel = 0; channel < graphChannels; ++channel)
         clearChannel(channel);

@@ -97,7 +97,7 @@ void DataLogPage::sampleCycle()
         graphLog.plot(2 * i + 1).ChartY(numericValue(voltage), secondInDays);
         graphLog.plot(2 * i + 2).ChartY(numericValue(current), secondInDays);
     }
-    dbMain_->execute(statement.sql());
+    dbMain_.execute(statement.sql());
     ++lLogRecNo;
     DataLog.refresh();
     DBGrid1.refresh();

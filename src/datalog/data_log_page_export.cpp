@@ -26,9 +26,9 @@ void DataLogPage::exportTo(const QString& name)
 {
     OutputFile file(name);
     file.writeLine(csvHeader(iLogChannels));
-    const auto rows = dbMain_->openRecordset(csvSelect(iLogChannels));
+    auto rows = dbMain_.openRecordset(csvSelect(iLogChannels));
     writeCsvRows(*rows, iLogChannels, file);
-    rows->close();
+    rows.reset();
     file.close();
     dialogs_.message(QStringLiteral("Data Log CSV saved OK (FileName:") + name + QStringLiteral(")!"),
                      Icon::Information);

@@ -70,7 +70,7 @@ void DataLogPage::readSeries()
     const auto columns = refreshColumns(iLogChannels);
     if (columns.empty())
         return;
-    const auto rows = dbMain_->openRecordset(selectOf(columns));
+    const auto rows = dbMain_.openRecordset(selectOf(columns));
     std::vector<std::pair<Field, double*>> targets;
     for (std::size_t i = 0; i < columns.size(); ++i)
         targets.emplace_back(rows->field(static_cast<int>(i)),
@@ -96,7 +96,7 @@ void DataLogPage::scaleValueAxes()
     if (iLogChannels == 0)
         iLogChannels = channelsWithoutALog;
     Extremes extremes;
-    const auto rows = dbMain_->openRecordset(extremesSelect(iLogChannels));
+    const auto rows = dbMain_.openRecordset(extremesSelect(iLogChannels));
     for (int n = 1; n <= iLogChannels && !rows->isEof(); ++n) {
         extremes.highestPVal = withField(extremes.highestPVal, rows->field(4 * n - 4), std::max);
         extremes.lowestPVal = withField(extremes.lowestPVal, rows->field(4 * n - 3), std::min);

@@ -43,12 +43,12 @@ void DataLogPage::saveLog()
     }
     WaitPointer wait;
     const QString identifier = nextLogID();
-    dbMain_->execute(QStringLiteral("insert into DataMeasureM (logID,CHNum,RecNum) values('%1',%2,%3)")
-                         .arg(identifier)
-                         .arg(CORB_.ChannelCount())
-                         .arg(DataLog.recordset().recordCount()));
-    dbMain_->execute(QStringLiteral("insert into DataMeasureD  select '%1' as logID, %2 from DataMeasure")
-                         .arg(identifier, sampleColumns));
+    dbMain_.execute(QStringLiteral("insert into DataMeasureM (logID,CHNum,RecNum) values('%1',%2,%3)")
+                        .arg(identifier)
+                        .arg(CORB_.ChannelCount())
+                        .arg(DataLog.recordset().recordCount()));
+    dbMain_.execute(QStringLiteral("insert into DataMeasureD  select '%1' as logID, %2 from DataMeasure")
+                        .arg(identifier, sampleColumns));
     wait.end();
     dialogs_.message(QStringLiteral("Data Log Saved OK(Rec ID:%1)!").arg(identifier), Icon::Information);
 }
@@ -59,7 +59,7 @@ QString DataLogPage::nextLogID() const
 {
     const QString today = clock_.now().toString(QStringLiteral("yyyyMMdd"));
     const auto logs =
-        dbMain_->openRecordset(QStringLiteral("select count(*) from DataMeasureM where logid like '%1*'").arg(today));
+        dbMain_.openRecordset(QStringLiteral("select count(*) from DataMeasureM where logid like '%1*'").arg(today));
     if (logs->isEof())
         return today + QStringLiteral("001");
     const int count = toLong(logs->field(0).toDouble());
@@ -86,7 +86,7 @@ void DataLogPage::offerLogs(ListBox& list, const QString& title, const QString& 
     FrameDataFileOperate.lblLogTitle.setCaption(title);
     FrameDataFileOperate.cmdOKDataLogFile.setTag(tag);
     list.clear();
-    const auto logs = dbMain_->openRecordset(QStringLiteral("select * from DataMeasureM order by logdate desc"));
+    const auto logs = dbMain_.openRecordset(QStringLiteral("select * from DataMeasureM order by logdate desc"));
     for (; !logs->isEof(); logs->moveNext()) {
         QStringList line{logs->field("LogID").asText(), logDateOf(*logs)};
         for (const QString& field : fields)
@@ -124,9 +124,9 @@ void DataLogPage::OpenDataLog()
         return;
     const WaitPointer wait;
     iLogChannels = toInteger(numericValue(line.section(QLatin1Char(','), 2, 2)));
-    dbMain_->execute(QStringLiteral("delete * from DataMeasure"));
-    dbMain_->execute(QStringLiteral("insert into DataMeasure  select %1 from DataMeasureD  where logid='%2'")
-                         .arg(sampleColumns, identifier));
+    dbMain_.execute(QStringLiteral("delete * from DataMeasure"));
+    dbMain_.execute(QStringLiteral("insert into DataMeasure  select %1 from DataMeasureD  where logid='%2'")
+                        .arg(sampleColumns, identifier));
     logRefreshClick();
 }
 
@@ -151,8 +151,8 @@ bool DataLogPage::deleteLog(const QString& identifier)
     if (answer != Answer::Yes)
         return false;
     FrameDataFileOperate.lstLogMain.setVisible(false);
-    dbMain_->execute(QStringLiteral("delete * from DataMeasureM where logid='%1'").arg(identifier));
-    dbMain_->execute(QStringLiteral("delete * from DataMeasureD where logid='%1'").arg(identifier));
+    dbMain_.execute(QStringLiteral("delete * from DataMeasureM where logid='%1'").arg(identifier));
+    dbMain_.execute(QStringLiteral("delete * from DataMeasureD where logid='%1'").arg(identifier));
     return true;
 }
 

@@ -18,7 +18,7 @@ protected:
     void recordedRows(int rows)
     {
         for (int i = 0; i < rows; ++i)
-            dbMain->execute(
+            dbMain.execute(
                 QStringLiteral("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) values(%1,'t',1,12)").arg(i));
         page.iLogChannels = 1;
         press(page.logRefresh);
@@ -236,9 +236,8 @@ TEST_F(DataLogPageGraphControlsTest, TheCursorIsReadOffAndTheGridFollowsIt)
     EXPECT_EQ(page.XPosition.text(), "00:00:42");
     EXPECT_EQ(page.YPosition.text(), "12.3456");
     EXPECT_EQ(currentRow(), "42");
-    EXPECT_GT(page.DBGrid1.firstVisibleRow(), 0);
-    EXPECT_LE(page.DBGrid1.firstVisibleRow(), 42);
-    EXPECT_GT(page.DBGrid1.firstVisibleRow() + page.DBGrid1.visibleRows(), 42);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(page.DBGrid1.currentIndex().row(), 42);
 }
 
 TEST_F(DataLogPageGraphControlsTest, MinutesOfTheCursorCountSixtySeconds)

@@ -18,7 +18,7 @@ protected:
                 columns += QStringLiteral(",PVal%1,SVal%1").arg(n);
                 values += QStringLiteral(",%1.%2,%3").arg(n).arg(r).arg(10 * n + r);
             }
-            dbMain->execute(
+            dbMain.execute(
                 QStringLiteral("insert into DataMeasure (SeqNo,RecTime%1) values(%2,'2024/01/31 10:15:0%2'%3)")
                     .arg(columns)
                     .arg(r)
@@ -181,7 +181,7 @@ TEST_F(DataLogPageRefreshTest, ARefreshLeavesTheRecordsetAtItsEnd)
         refreshLog(channels, 3);
         EXPECT_TRUE(page.DataLog.recordset().isEof()) << channels;
     }
-    dbMain->execute("delete from DataMeasure");
+    dbMain.execute("delete from DataMeasure");
     refreshLog(2, 0);
     EXPECT_TRUE(page.DataLog.recordset().isEof());
     EXPECT_THAT(processExit.reports, IsEmpty());

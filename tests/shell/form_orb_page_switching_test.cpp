@@ -430,7 +430,7 @@ TEST_F(FormORBPageSwitchingTest, AnExitDuringARecordingEndsTheProcessWithoutASto
 
     EXPECT_EQ(processExit.exits, 1);
     EXPECT_TRUE(form.frmDatalog.logStop.enabled());
-    EXPECT_TRUE(form.dbMain->isOpen());
+    EXPECT_TRUE(form.dbMain.isOpen());
     EXPECT_EQ(rows(), "2");
 }
 
@@ -442,7 +442,7 @@ TEST_F(FormORBPageSwitchingTest, ClosingTheFormDuringARecordingClosesTheDatabase
 
     EXPECT_EQ(processExit.exits, 1);
     EXPECT_THAT(processExit.reports, IsEmpty());
-    EXPECT_FALSE(form.dbMain->isOpen());
+    EXPECT_FALSE(form.dbMain.isOpen());
     EXPECT_EQ(rows(), "2");
 }
 

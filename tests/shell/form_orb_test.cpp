@@ -149,8 +149,8 @@ TEST_F(FormORBTest, ClosingTheFormClosesTheDatabaseAndTheWorkspace)
 
     form.close();
 
-    EXPECT_FALSE(form.dbMain->isOpen());
-    EXPECT_FALSE(other->isOpen());
+    EXPECT_FALSE(form.dbMain.isOpen());
+    EXPECT_FALSE(other.isOpen());
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
 

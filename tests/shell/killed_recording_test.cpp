@@ -36,7 +36,7 @@ TEST_F(KilledRecordingTest, EveryRowThatTheGridHadShownOutlivesTheProcessAndTheD
     ASSERT_GE(shown, 3);
     Workspace workspace([this] { return clock.now(); });
     const auto database = workspace.openDatabase(databasePath());
-    EXPECT_GE(database->openRecordset("select count(*) from DataMeasure")->field(0).toDouble(), shown);
+    EXPECT_GE(database.openRecordset("select count(*) from DataMeasure")->field(0).toDouble(), shown);
     EXPECT_EQ(table("pragma integrity_check"), "ok\n");
     EXPECT_EQ(table("select SeqNo,PVal8 from DataMeasure where SeqNo<3"), "0|8.1\n1|8.1\n2|8.1\n");
 }

@@ -3,6 +3,7 @@
 
 #include "connection.h"
 #include "failure.h"
+#include "prepared_statement.h"
 #include "query_recordset.h"
 #include "sql_dialect.h"
 
@@ -10,12 +11,16 @@ namespace orb {
 
 void Database::execute(const QString& sql) const
 {
-    connection()->execute(sql);
+    PreparedStatement statement(connection(), translateSql(sql.toStdString()));
+    statement.requireNoParameters();
+    if (statement.columnCount() > 0)
+        throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The statement returns rows"));
+    statement.step();
 }
 
 std::unique_ptr<Recordset> Database::openRecordset(const QString& sql) const
 {
-    return std::make_unique<QueryRecordset>(*connection(), translateSql(sql.toStdString()).sql);
+    return std::make_unique<QueryRecordset>(connection(), translateSql(sql.toStdString()));
 }
 
 void Database::close()

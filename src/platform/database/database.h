@@ -9,7 +9,8 @@ namespace orb {
 
 class Connection;
 
-/// A database file, opened by a `Workspace`; closed to begin with. Copies share one connection. A statement that changes rows is on the disk before the call returns.
+/// A database file that a `Workspace` has opened; closed at first. A copy is the same database. A statement that changes
+/// rows is on the disk before the call returns.
 ///
 /// Failures are `RuntimeFailure` with SQLite's own message: 3075 for a statement that SQLite refuses, 3022 for a key
 /// that is there already, 3260 where another program holds the file, 3027 where it can't be written, 61 for a full
@@ -19,22 +20,19 @@ public:
     Database() = default;
     explicit Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
 
-    Database* operator->() { return this; }
-    const Database* operator->() const { return this; }
-
-    /// Runs one statement that gives no rows. Text after the statement, other than white space, comments and one
+    /// Runs one statement that returns no rows. Text after the statement, other than white space, comments and one
     /// semicolon, is a failure, and then nothing is run.
     void execute(const QString& sql) const;
 
-    /// Opens the rows that one statement gives, read from the file as the recordset moves. The recordset may outlive
-    /// this object; once the database is closed every use of it fails.
+    /// Opens the rows of one query, read from the file as the recordset moves. The recordset may outlive this object; once
+    /// the workspace is closed every use of it fails.
     std::unique_ptr<Recordset> openRecordset(const QString& sql) const;
 
     /// Closes it. A second call does nothing.
     void close();
     bool isOpen() const;
 
-    /// The connection below it, for the data control. Throws 3420 once closed.
+    /// The open file, for the recordsets. Throws 3420 while closed.
     const std::shared_ptr<Connection>& connection() const;
 
 private:

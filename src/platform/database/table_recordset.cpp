@@ -1,33 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table_recordset.h"
 
+#include "database.h"
 #include "failure.h"
-#include "table_picture.h"
+#include "table_snapshot.h"
 
 namespace orb {
 
-TableRecordset::TableRecordset(TablePicture& picture, std::function<void()> moved)
-    : picture_(picture), moved_(std::move(moved))
+TableRecordset::TableRecordset(std::function<void()> moved)
+    : snapshot_(std::make_unique<TableSnapshot>()), moved_(std::move(moved))
 {}
 
-void TableRecordset::restart()
+TableRecordset::~TableRecordset() = default;
+
+void TableRecordset::refresh(const Database& database, const QString& table)
 {
-    closed_ = false;
-    noMatch_ = false;
+    snapshot_->take(database.connection(), table);
     position_ = 0;
 }
 
-void TableRecordset::demandOpen() const
+bool TableRecordset::isOpen() const
 {
-    if (closed_ || !picture_.isOpen())
+    return snapshot_->isOpen();
+}
+
+const std::vector<QString>& TableRecordset::columns() const
+{
+    return snapshot_->columns();
+}
+
+void TableRecordset::requireOpen() const
+{
+    if (!isOpen())
         throw RuntimeFailure(failure::ObjectClosed);
 }
 
-void TableRecordset::demandRow() const
+void TableRecordset::requireCell(std::int64_t row, int column) const
 {
-    demandOpen();
-    if (position_ < 0 || position_ >= picture_.rowCount())
+    requireOpen();
+    if (row < 0 || row >= snapshot_->rowCount())
         throw RuntimeFailure(failure::NoCurrentRecord);
+    if (column < 0 || column >= fieldCount())
+        throw RuntimeFailure(failure::ItemNotFound);
 }
 
 void TableRecordset::moveTo(std::int64_t position)
@@ -38,111 +52,89 @@ void TableRecordset::moveTo(std::int64_t position)
 
 bool TableRecordset::isEof() const
 {
-    demandOpen();
-    return position_ >= picture_.rowCount();
-}
-
-bool TableRecordset::isBof() const
-{
-    demandOpen();
-    return position_ < 0 || picture_.rowCount() == 0;
+    return position() < 0;
 }
 
 void TableRecordset::moveFirst()
 {
-    demandOpen();
+    requireOpen();
     moveTo(0);
 }
 
 void TableRecordset::moveLast()
 {
-    demandOpen();
-    moveTo(std::max<std::int64_t>(picture_.rowCount() - 1, 0));
+    moveTo(std::max<std::int64_t>(recordCount() - 1, 0));
 }
 
 void TableRecordset::moveNext()
 {
-    demandRow();
+    if (isEof())
+        throw RuntimeFailure(failure::NoCurrentRecord);
     moveTo(position_ + 1);
 }
 
-void TableRecordset::movePrevious()
+std::int64_t TableRecordset::recordCount() const
 {
-    demandRow();
-    moveTo(position_ - 1);
-}
-
-std::int64_t TableRecordset::recordCount()
-{
-    demandOpen();
-    return picture_.rowCount();
-}
-
-void TableRecordset::close()
-{
-    closed_ = true;
+    requireOpen();
+    return snapshot_->rowCount();
 }
 
 std::int64_t TableRecordset::position() const
 {
-    demandOpen();
-    return position_ < picture_.rowCount() ? position_ : -1;
+    return position_ < recordCount() ? position_ : -1;
 }
 
 void TableRecordset::setPosition(std::int64_t position)
 {
-    demandOpen();
-    if (position < 0 || position >= picture_.rowCount())
+    if (position < 0 || position >= recordCount())
         throw RuntimeFailure(failure::NoCurrentRecord);
     moveTo(position);
 }
 
 void TableRecordset::findFirst(const QString& criterion)
 {
-    demandOpen();
-    const std::int64_t row = picture_.find(criterion);
-    noMatch_ = row < 0;
-    if (!noMatch_)
+    requireOpen();
+    const std::int64_t row = snapshot_->find(criterion);
+    if (row >= 0)
         moveTo(row);
 }
 
 int TableRecordset::fieldCount() const
 {
-    demandOpen();
-    return picture_.columnCount();
+    requireOpen();
+    return static_cast<int>(columns().size());
 }
 
 QString TableRecordset::fieldName(int column) const
 {
-    demandOpen();
-    demandColumn(column);
-    return picture_.columns()[static_cast<std::size_t>(column)];
-}
-
-void TableRecordset::demandColumn(int column) const
-{
-    if (column < 0 || column >= picture_.columnCount())
-        throw RuntimeFailure(failure::ItemNotFound);
+    return columns()[static_cast<std::size_t>(column)];
 }
 
 FieldValue TableRecordset::value(int column) const
 {
-    const bool isThere = !closed_ && picture_.isOpen() && position_ >= 0 && position_ < picture_.rowCount();
-    if (!isThere || column < 0 || column >= picture_.columnCount())
-        explain(column);
-    const RowPage& page = picture_.page(position_);
-    const int row = TablePicture::rowInPage(position_);
-    if (row >= page.rowCount()) // deleted since the refresh
-        explain(column);
-    return page.value(row, column);
+    requireCell(position_, column);
+    const FieldValue* cells = snapshot_->cells(position_);
+    if (!cells) // deleted since the refresh
+        throw RuntimeFailure(failure::NoCurrentRecord);
+    return cells[column];
 }
 
-/// Why there is no such value.
-void TableRecordset::explain(int column) const
+FieldValue TableRecordset::valueAt(std::int64_t row, int column) const
 {
-    demandRow();
-    demandColumn(column);
-    throw RuntimeFailure(failure::NoCurrentRecord);
+    requireCell(row, column);
+    const FieldValue* cells = snapshot_->cells(row);
+    return cells ? cells[column] : FieldValue{};
+}
+
+void TableRecordset::setValueAt(std::int64_t row, int column, const QString& text)
+{
+    requireCell(row, column);
+    snapshot_->change(row, column, text);
+}
+
+std::int64_t TableRecordset::rowsRead() const
+{
+    return snapshot_->rowsRead();
 }
 
 } // namespace orb

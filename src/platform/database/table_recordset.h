@@ -4,57 +4,69 @@
 #include "recordset.h"
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace orb {
 
-class TablePicture;
+class Database;
+class TableSnapshot;
 
-/// The rows of a data control, with a place that can be moved at will: a place costs the same wherever it is.
+/// The rows of a table as of the last refresh, with a current row that can be moved freely: a move costs the same
+/// wherever it goes. A refresh after some appended rows reads only those; rows are read as they are used, and few are
+/// kept in memory.
 class TableRecordset final : public Recordset {
 public:
-    /// `picture` must outlive it. `moved` is called after every move.
-    TableRecordset(TablePicture& picture, std::function<void()> moved);
+    /// `moved` is called after every move.
+    explicit TableRecordset(std::function<void()> moved);
+    ~TableRecordset() override;
+
+    /// Takes a new snapshot of the table; the current row is then its first one. Throws what `Database::openRecordset`
+    /// throws. A refresh that fails leaves the snapshot as it was.
+    void refresh(const Database& database, const QString& table);
+    /// False before the first refresh, and once the database is closed.
+    bool isOpen() const;
+    /// The columns of the table, none before the first refresh.
+    const std::vector<QString>& columns() const;
 
     bool isEof() const override;
-    bool isBof() const;
-    void moveFirst() override;
-    void moveLast() override;
+    /// To the first or last row. Does nothing where there are no rows.
+    void moveFirst();
+    void moveLast();
     void moveNext() override;
-    /// To the row before, or in front of the first one. Throws 3021 where there is no current row.
-    void movePrevious();
-    std::int64_t recordCount() override;
-    /// Leaves no row to move to until the data control's next refresh.
-    void close() override;
+    std::int64_t recordCount() const;
 
     /// The current row, counted from 0; -1 where there is none.
     std::int64_t position() const;
     /// Throws 3021 outside of 0 ... `recordCount` - 1.
     void setPosition(std::int64_t position);
 
-    /// To the first row that meets `criterion`, the text of a condition such as "SeqNo=70" in the dialect of the
-    /// statements. Where no row does, the current row stays and `noMatch` tells it.
+    /// To the first row that meets `criterion`, a condition such as "SeqNo=70" in the dialect of the statements. Where
+    /// no row does, the current row stays.
     void findFirst(const QString& criterion);
-    bool noMatch() const { return noMatch_; }
 
     int fieldCount() const override;
     QString fieldName(int column) const override;
     FieldValue value(int column) const override;
 
-    /// Called by the data control after a refresh: the current row is the first one.
-    void restart();
+    /// The value in row `row`, counted from 0; Null where the row has been deleted since the refresh. Valid until another
+    /// row is read. Throws 3021 and 3265 outside of the snapshot.
+    FieldValue valueAt(std::int64_t row, int column) const;
+    /// Writes `text` to the table at once, Null where it is empty. A column of numbers takes it as a number. Throws what
+    /// `Database::execute` throws, and 3021 where the row was deleted or has another value by now.
+    void setValueAt(std::int64_t row, int column, const QString& text);
+
+    /// Rows that were read, scanned or counted in the file since the start: what the work has cost.
+    std::int64_t rowsRead() const;
 
 private:
-    void demandOpen() const;
-    void demandRow() const;
-    void demandColumn(int column) const;
-    [[noreturn]] void explain(int column) const;
+    void requireOpen() const;
+    void requireCell(std::int64_t row, int column) const;
     void moveTo(std::int64_t position);
 
-    TablePicture& picture_;
+    std::unique_ptr<TableSnapshot> snapshot_;
     std::function<void()> moved_;
     std::int64_t position_ = 0;
-    bool noMatch_ = false;
-    bool closed_ = false;
 };
 
 } // namespace orb

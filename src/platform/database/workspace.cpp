@@ -10,8 +10,6 @@ namespace orb {
 
 Workspace::Workspace(std::function<QDateTime()> now) : now_(std::move(now)) {}
 
-Workspace::~Workspace() = default;
-
 Database Workspace::openDatabase(const QString& path)
 {
     const QString file = QFileInfo(realPath(path)).absoluteFilePath();

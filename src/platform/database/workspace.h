@@ -3,18 +3,19 @@
 
 #include "database.h"
 
+#include <QDateTime>
+
 #include <functional>
 #include <vector>
 
 namespace orb {
 
-/// Opens databases. What is opened twice by the same path is one connection, so that a data control sees at once what
-/// a statement has done.
+/// Opens databases. A path that is opened twice is one connection, so that a data control sees at once what a statement
+/// has done.
 class Workspace {
 public:
-    /// `now` is the local time that the function now() of the statements gives.
+    /// `now` is the local time that now() returns in the statements.
     explicit Workspace(std::function<QDateTime()> now);
-    ~Workspace();
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
@@ -23,7 +24,7 @@ public:
     /// where it can't be read, 3027 where it can't be written, 3049 where it is damaged.
     Database openDatabase(const QString& path);
 
-    /// Closes every database that was opened here, whoever holds it.
+    /// Closes every database that was opened here.
     void close();
 
 private:

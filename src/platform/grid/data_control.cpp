@@ -10,7 +10,10 @@
 namespace orb {
 
 DataControl::DataControl(Workspace& workspace, QWidget* parent)
-    : Control<QWidget>(parent), workspace_(workspace), label_(new QLabel), recordset_(picture_, [this] { tellMoved(); })
+    : Control<QWidget>(parent),
+      workspace_(workspace),
+      label_(new QLabel),
+      recordset_([this] { notify(&DataObserver::sourceMoved); })
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -25,9 +28,7 @@ DataControl::DataControl(Workspace& workspace, QWidget* parent)
 
 DataControl::~DataControl()
 {
-    const auto observers = observers_;
-    for (DataObserver* observer : observers)
-        observer->dataGone();
+    notify(&DataObserver::sourceDestroyed);
 }
 
 /// `target` gives the row that a press goes to; one beyond an end goes to that end.
@@ -42,13 +43,13 @@ QToolButton* DataControl::makeButton(const QString& name, Qt::ArrowType arrow, s
     QObject::connect(button, &QToolButton::clicked, this, [this, target] {
         enter([&] {
             if (rowCount() > 0)
-                reposition(std::clamp<std::int64_t>(target(), 0, rowCount() - 1));
+                recordset_.setPosition(std::clamp<std::int64_t>(target(), 0, rowCount() - 1));
         });
     });
     return button;
 }
 
-/// The current row, or the one behind the last.
+/// The current row, or the one after the last.
 std::int64_t DataControl::place() const
 {
     return recordset_.isEof() ? rowCount() : recordset_.position();
@@ -70,9 +71,8 @@ void DataControl::refresh()
         throw RuntimeFailure(failure::DatabaseNotFound, QStringLiteral("The data control names no database"));
     if (recordSource_.isEmpty())
         throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The data control names no record source"));
-    picture_.take(workspace_.openDatabase(databaseName_).connection(), recordSource_);
-    recordset_.restart();
-    tellChanged();
+    recordset_.refresh(workspace_.openDatabase(databaseName_), recordSource_);
+    notify(&DataObserver::sourceChanged);
 }
 
 TableRecordset& DataControl::recordset()
@@ -82,47 +82,23 @@ TableRecordset& DataControl::recordset()
     return recordset_;
 }
 
+std::int64_t DataControl::rowCount() const
+{
+    return recordset_.isOpen() ? recordset_.recordCount() : 0;
+}
+
 int DataControl::columnOf(const QString& field) const
 {
-    if (!hasRecordset())
-        return -1;
-    const auto& columns = picture_.columns();
-    const auto found = std::find_if(columns.begin(), columns.end(), [&field](const QString& column) {
+    const auto found = std::find_if(columns().begin(), columns().end(), [&field](const QString& column) {
         return column.compare(field, Qt::CaseInsensitive) == 0;
     });
-    return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
-}
-
-void DataControl::demandCell(std::int64_t row, int column) const
-{
-    if (!picture_.isOpen())
-        throw RuntimeFailure(failure::ObjectClosed);
-    if (row < 0 || row >= rowCount())
-        throw RuntimeFailure(failure::NoCurrentRecord);
-    if (column < 0 || column >= static_cast<int>(picture_.columns().size()))
-        throw RuntimeFailure(failure::ItemNotFound);
-}
-
-FieldValue DataControl::valueAt(std::int64_t row, int column)
-{
-    demandCell(row, column);
-    const RowPage& page = picture_.page(row);
-    const int inPage = TablePicture::rowInPage(row);
-    return inPage < page.rowCount() ? page.value(inPage, column) : FieldValue{};
+    return found == columns().end() ? -1 : static_cast<int>(found - columns().begin());
 }
 
 void DataControl::setValueAt(std::int64_t row, int column, const QString& text)
 {
-    demandCell(row, column);
-    picture_.change(row, column, text);
-    tellChanged();
-}
-
-void DataControl::reposition(std::int64_t row)
-{
-    recordset().setPosition(row);
-    if (onReposition)
-        onReposition();
+    recordset_.setValueAt(row, column, text);
+    notify(&DataObserver::sourceChanged);
 }
 
 void DataControl::addObserver(DataObserver& observer)
@@ -135,16 +111,10 @@ void DataControl::removeObserver(DataObserver& observer)
     std::erase(observers_, &observer);
 }
 
-void DataControl::tellMoved()
+void DataControl::notify(void (DataObserver::*notification)())
 {
     for (DataObserver* observer : observers_)
-        observer->currentRowMoved();
-}
-
-void DataControl::tellChanged()
-{
-    for (DataObserver* observer : observers_)
-        observer->dataChanged();
+        (observer->*notification)();
 }
 
 } // namespace orb

@@ -11,7 +11,7 @@ using namespace orb;
 
 namespace {
 
-/// What may stand at the path of a database instead of one.
+/// Files that are no usable database.
 class DatabaseFileTest : public DatabaseTest {
 protected:
     DatabaseFileTest() { workspace.close(); }
@@ -32,14 +32,14 @@ protected:
     std::string opening()
     {
         const std::string failure =
-            failureIn([&] { workspace.openDatabase(path)->execute("delete * from DataMeasure"); });
+            failureIn([&] { workspace.openDatabase(path).execute("delete * from DataMeasure"); });
         return QString::fromStdString(failure).remove(folder.path()).toStdString();
     }
 
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files); }
 
-    /// Opens, and expects that the bytes of the file are the same behind it, and no other file is there.
-    std::string openingOfUntouched()
+    /// Opens, and expects that the file keeps its bytes, and that no other file is created.
+    std::string openingWithoutAChange()
     {
         const QByteArray before = read();
         const std::string failure = opening();
@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(DatabaseFileTest, AMissingFileIsNotMade)
+TEST_F(DatabaseFileTest, AMissingFileIsNotCreated)
 {
     QFile::remove(path);
     EXPECT_EQ(opening(), "3024: Database not found: /orb.mdb");
@@ -59,21 +59,21 @@ TEST_F(DatabaseFileTest, AMissingFileIsNotMade)
 TEST_F(DatabaseFileTest, AnEmptyFileIsNoDatabase)
 {
     write("");
-    EXPECT_EQ(openingOfUntouched(), "3343: Unrecognized database format: /orb.mdb");
+    EXPECT_EQ(openingWithoutAChange(), "3343: Unrecognized database format: /orb.mdb");
 }
 
 TEST_F(DatabaseFileTest, AFileOfSomethingElseIsNoDatabase)
 {
     write(QByteArray(5000, 'x'));
-    EXPECT_EQ(openingOfUntouched(), "3343: Unrecognized database format: /orb.mdb");
+    EXPECT_EQ(openingWithoutAChange(), "3343: Unrecognized database format: /orb.mdb");
     write("SQLite format 3");
-    EXPECT_EQ(openingOfUntouched(), "3343: Unrecognized database format: /orb.mdb");
+    EXPECT_EQ(openingWithoutAChange(), "3343: Unrecognized database format: /orb.mdb");
 }
 
-TEST_F(DatabaseFileTest, AHeaderWithGarbageBehindItIsNoDatabase)
+TEST_F(DatabaseFileTest, AHeaderWithGarbageAfterItIsNoDatabase)
 {
     write(QByteArray("SQLite format 3\0", 16) + QByteArray(5000, 'x'));
-    EXPECT_EQ(openingOfUntouched(), "3343: file is not a database: /orb.mdb");
+    EXPECT_EQ(openingWithoutAChange(), "3343: file is not a database: /orb.mdb");
 }
 
 TEST_F(DatabaseFileTest, AFolderIsNoDatabase)
@@ -88,7 +88,7 @@ TEST_F(DatabaseFileTest, AFileThatWasCutOffIsDamaged)
     const QByteArray whole = read();
     for (const qsizetype size : {whole.size() / 2, qsizetype{4096}, whole.size() - 4096}) {
         write(whole.left(size));
-        EXPECT_EQ(openingOfUntouched(), "3049: database disk image is malformed: /orb.mdb");
+        EXPECT_EQ(openingWithoutAChange(), "3049: database disk image is malformed: /orb.mdb");
     }
 }
 
@@ -99,7 +99,7 @@ TEST_F(DatabaseFileTest, ADatabaseWithOtherTablesOpensAndFailsAtTheStatement)
     EXPECT_EQ(opening(), "3075: no such table: DataMeasure");
 }
 
-/// As another user than root, whom no mode of a file keeps out.
+/// Runs as another user than root, for whom the modes of files have no effect.
 class WithoutPrivileges {
 public:
     explicit WithoutPrivileges(const QString& folder) : wasRoot_(geteuid() == 0)
@@ -122,7 +122,7 @@ private:
     bool wasRoot_;
 };
 
-TEST_F(DatabaseFileTest, AFileThatCannotBeReadIsLeftAlone)
+TEST_F(DatabaseFileTest, AFileThatCannotBeReadIsNotChanged)
 {
     ASSERT_EQ(chmod(path.toUtf8(), 0), 0);
     std::string failure;
@@ -166,12 +166,11 @@ TEST_F(DatabaseFileTest, APathThatLooksLikeAnAddressIsAFile)
     const QString old = QDir::currentPath();
     QDir::setCurrent(folder.path());
     EXPECT_TRUE(QFile::rename("orb.mdb", "file:orb.mdb?mode=memory"));
-    EXPECT_TRUE(
-        workspace.openDatabase("file:orb.mdb?mode=memory")->openRecordset("select * from DataMeasure")->isEof());
+    EXPECT_TRUE(workspace.openDatabase("file:orb.mdb?mode=memory").openRecordset("select * from DataMeasure")->isEof());
     QDir::setCurrent(old);
 }
 
-TEST_F(DatabaseFileTest, AFileThatIsDamagedFurtherInFailsWhereItIsRead)
+TEST_F(DatabaseFileTest, AFileThatIsDamagedInTheMiddleFailsWhereItIsRead)
 {
     database = workspace.openDatabase(path);
     addSamples(5000);

@@ -13,7 +13,7 @@
 
 namespace orb {
 
-/// Another program that has the database open, with nothing of this one's layer.
+/// Another program that has the database open, by SQLite alone.
 class OtherProgram {
 public:
     explicit OtherProgram(const QString& path) { EXPECT_EQ(sqlite3_open(path.toUtf8(), &handle_), SQLITE_OK); }
@@ -58,7 +58,7 @@ protected:
     std::string rows(const QString& query)
     {
         QString text;
-        const auto recordset = database->openRecordset(query);
+        const auto recordset = database.openRecordset(query);
         for (; !recordset->isEof(); recordset->moveNext()) {
             QStringList cells;
             for (int i = 0; i < recordset->fieldCount(); ++i)
@@ -71,11 +71,11 @@ protected:
     /// Fills `DataMeasure` with the samples `first` to `first + count - 1`.
     void addSamples(int count, int first = 0)
     {
-        database->execute(QStringLiteral("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) "
-                                         "with recursive n(i) as (select %1 union all select i+1 from n where i<%2) "
-                                         "select i,'2024/01/31 10:15:09',i||'.50','12.0' from n")
-                              .arg(first)
-                              .arg(first + count - 1));
+        database.execute(QStringLiteral("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1) "
+                                        "with recursive n(i) as (select %1 union all select i+1 from n where i<%2) "
+                                        "select i,'2024/01/31 10:15:09',i||'.50','12.0' from n")
+                             .arg(first)
+                             .arg(first + count - 1));
     }
 
     QTemporaryDir folder;

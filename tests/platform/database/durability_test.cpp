@@ -9,16 +9,16 @@ using namespace orb;
 
 namespace {
 
-/// Inserts one sample after another and tells each through `out` when the statement has returned. Never comes back.
+/// Inserts one sample after another and writes its number to `out` when the statement has returned. Never returns.
 [[noreturn]] void record(const QString& path, int out)
 {
     try {
         Workspace workspace([] { return QDateTime(); });
         const auto database = workspace.openDatabase(path);
         for (int sample = 0;; ++sample) {
-            database->execute(QString("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1)  "
-                                      "values(%1,'2024/01/31 10:15:09',1.2340,12.00)")
-                                  .arg(sample));
+            database.execute(QString("insert into DataMeasure (SeqNo,RecTime,PVal1,SVal1)  "
+                                     "values(%1,'2024/01/31 10:15:09',1.2340,12.00)")
+                                 .arg(sample));
             if (write(out, &sample, sizeof sample) != sizeof sample)
                 _exit(1);
         }
@@ -27,8 +27,8 @@ namespace {
     }
 }
 
-/// Reads what the recorder tells until it has told of `enough` samples, kills it, and reads the rest. Returns the last
-/// sample that it told of.
+/// Reads the sample numbers from `in`, kills the recorder after number `enough`, and reads the rest. Returns the last
+/// one.
 int killAfter(int enough, pid_t recorder, int in)
 {
     int last = -1;
@@ -48,7 +48,7 @@ class DurabilityTest : public DatabaseTest, public testing::WithParamInterface<i
 
 TEST_P(DurabilityTest, AKilledRecordingLosesNoRowWhoseStatementReturned)
 {
-    workspace.close(); // no connection goes over a fork
+    workspace.close(); // a connection must not be used after a fork
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
     const pid_t recorder = fork();
@@ -62,7 +62,7 @@ TEST_P(DurabilityTest, AKilledRecordingLosesNoRowWhoseStatementReturned)
     const std::string count = rows("select count(*),max(SeqNo)+1,min(PVal1) from DataMeasure");
     const std::string all = std::to_string(last + 1) + "|" + std::to_string(last + 1) + "|1.2340\n";
     const std::string andOneMore = std::to_string(last + 2) + "|" + std::to_string(last + 2) + "|1.2340\n";
-    EXPECT_THAT(count, testing::AnyOf(all, andOneMore)); // the one whose return was cut off
+    EXPECT_THAT(count, testing::AnyOf(all, andOneMore)); // killed before it could report the last one
     EXPECT_EQ(rows("select * from pragma_integrity_check"), "ok\n");
     addSamples(1, last + 2);
 }

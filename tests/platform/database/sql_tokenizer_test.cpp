@@ -11,7 +11,7 @@ using testing::ElementsAre;
 
 namespace {
 
-/// The tokens that are no white space, each as its kind's letter and its text.
+/// The tokens other than white space, each as a letter for its kind and its text.
 std::vector<std::string> cut(std::string_view statement)
 {
     std::vector<std::string> pieces;
@@ -22,41 +22,41 @@ std::vector<std::string> cut(std::string_view statement)
     return pieces;
 }
 
-TEST(SqlTokenizer, TellsWordsNumbersAndSymbolsApart)
+TEST(SqlTokenizerTest, WordsNumbersAndSymbolsAreTokensOfTheirOwn)
 {
     EXPECT_THAT(cut("select SeqNo,PVal1 from T_1$ where a>=-1.5"),
                 ElementsAre("w select", "w SeqNo", ". ,", "w PVal1", "w from", "w T_1$", "w where", "w a", ". >",
                             ". =", ". -", "n 1.5"));
 }
 
-TEST(SqlTokenizer, ReadsEveryFormOfANumber)
+TEST(SqlTokenizerTest, ANumberHasManyForms)
 {
     EXPECT_THAT(cut("1 .5 5. 1.2340 1e5 1.20E-03 2e+7 0x1F"),
                 ElementsAre("n 1", "n .5", "n 5.", "n 1.2340", "n 1e5", "n 1.20E-03", "n 2e+7", "n 0x1F"));
 }
 
-TEST(SqlTokenizer, TakesANumberWithLettersBehindItForBroken)
+TEST(SqlTokenizerTest, ANumberWithLettersAfterItIsBroken)
 {
     EXPECT_THAT(cut("12V 1e 1e+ 0x 0xg 1.5abc"),
                 ElementsAre("! 12V", "! 1e", "! 1e", ". +", "! 0x", "! 0xg", "! 1.5abc"));
 }
 
-TEST(SqlTokenizer, ReadsTheSecondPointOfANumberAsAnotherNumber)
+TEST(SqlTokenizerTest, TheSecondPointOfANumberBeginsAnotherNumber)
 {
     EXPECT_THAT(cut("1.2.3"), ElementsAre("n 1.2", "n .3"));
 }
 
-TEST(SqlTokenizer, TakesADoubledQuoteForOneInsideTheText)
+TEST(SqlTokenizerTest, ADoubledQuoteIsOneInsideTheText)
 {
     EXPECT_THAT(cut(R"('it''s' "say ""so""" `a``b`)"), ElementsAre("t 'it''s'", R"(" "say ""so""")", "b `a``b`"));
 }
 
-TEST(SqlTokenizer, LeavesTextInQuotesAlone)
+TEST(SqlTokenizerTest, ATextInQuotesIsOneToken)
 {
     EXPECT_THAT(cut(R"('a;b--c/*d' "e;'f" [g;"h])"), ElementsAre("t 'a;b--c/*d'", R"(" "e;'f")", R"(b [g;"h])"));
 }
 
-TEST(SqlTokenizer, TakesATextThatIsNeverClosedForBroken)
+TEST(SqlTokenizerTest, ATextThatIsNeverClosedIsBroken)
 {
     EXPECT_THAT(cut("a 'b;c"), ElementsAre("w a", "! 'b;c"));
     EXPECT_THAT(cut("a \"b''"), ElementsAre("w a", "! \"b''"));
@@ -64,7 +64,7 @@ TEST(SqlTokenizer, TakesATextThatIsNeverClosedForBroken)
     EXPECT_THAT(cut("'"), ElementsAre("! '"));
 }
 
-TEST(SqlTokenizer, ReadsCommentsToTheirEnd)
+TEST(SqlTokenizerTest, ACommentGoesToItsEnd)
 {
     EXPECT_THAT(cut("a--b;c\nd/*e;'*/f"), ElementsAre("w a", "c --b;c", "w d", "c /*e;'*/", "w f"));
     EXPECT_THAT(cut("a-- to the end"), ElementsAre("w a", "c -- to the end"));
@@ -72,31 +72,31 @@ TEST(SqlTokenizer, ReadsCommentsToTheirEnd)
     EXPECT_THAT(cut("/**/a"), ElementsAre("c /**/", "w a"));
 }
 
-TEST(SqlTokenizer, TakesBytesBeyondAsciiForLetters)
+TEST(SqlTokenizerTest, BytesBeyondAsciiAreLetters)
 {
     EXPECT_THAT(cut("größe=1"), ElementsAre("w größe", ". =", "n 1"));
 }
 
-TEST(SqlTokenizer, TakesANulForBroken)
+TEST(SqlTokenizerTest, ANulIsBroken)
 {
     using namespace std::string_view_literals;
     EXPECT_THAT(cut("a\0b"sv), ElementsAre("w a", std::string("! \0", 3), "w b"));
     EXPECT_THAT(cut("'a\0b'"sv), ElementsAre(std::string("! 'a\0b'", 7)));
 }
 
-TEST(SqlTokenizer, FindsSemicolons)
+TEST(SqlTokenizerTest, ASemicolonIsATokenOfItsOwn)
 {
     EXPECT_THAT(cut("a;b;"), ElementsAre("w a", "; ;", "w b", "; ;"));
 }
 
-TEST(SqlTokenizer, ComparesWordsWithoutRegardToTheCaseOfAsciiLetters)
+TEST(SqlTokenizerTest, TheCaseOfAsciiLettersMakesNoDifference)
 {
     EXPECT_TRUE(sameWord("SeLeCt", "select"));
     EXPECT_FALSE(sameWord("select", "selects"));
     EXPECT_FALSE(sameWord("@", "`"));
 }
 
-TEST(SqlTokenizer, GivesBackEveryByteOfWhateverComes)
+TEST(SqlTokenizerTest, TheTokensOfAnyBytesJoinToTheSameBytes)
 {
     using namespace std::string_view_literals;
     constexpr auto alphabet = "ab1.e+-'\"[]`;/* \n\0x$\xC3\xA9#,()"sv;

@@ -18,7 +18,7 @@ protected:
         DataLog.setRecordSource("DataMeasure");
     }
 
-    /// The sample numbers of the picture, read by row.
+    /// The sample numbers of the snapshot, read by row.
     std::string samples()
     {
         QStringList numbers;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_control_fixture.h"
 
+#include <QToolButton>
+
 using namespace orb;
 
 namespace {
 
-TEST_F(DataControlTest, NeedsADatabaseNameAndARecordSource)
+TEST_F(DataControlTest, ARefreshNeedsADatabaseNameAndARecordSource)
 {
     DataLog.setRecordSource(QString());
     EXPECT_EQ(failureIn([&] { DataLog.refresh(); }), "3075: The data control names no record source");
@@ -20,7 +22,7 @@ TEST_F(DataControlTest, NeedsADatabaseNameAndARecordSource)
     EXPECT_EQ(DataLog.rowCount(), 0);
 }
 
-TEST_F(DataControlTest, IsAPictureOfItsTableAsOfTheLastRefresh)
+TEST_F(DataControlTest, ItIsASnapshotOfItsTableAsOfTheLastRefresh)
 {
     addSamples(2);
     DataLog.refresh();
@@ -31,7 +33,7 @@ TEST_F(DataControlTest, IsAPictureOfItsTableAsOfTheLastRefresh)
     DataLog.refresh();
     EXPECT_EQ(samples(), "0 1 2");
 
-    database->execute("delete * from DataMeasure");
+    database.execute("delete * from DataMeasure");
     EXPECT_EQ(DataLog.rowCount(), 3);
     DataLog.refresh();
     EXPECT_EQ(samples(), "");
@@ -40,7 +42,7 @@ TEST_F(DataControlTest, IsAPictureOfItsTableAsOfTheLastRefresh)
     EXPECT_EQ(samples(), "7");
 }
 
-TEST_F(DataControlTest, ARefreshThatFailsLeavesThePictureAsItWas)
+TEST_F(DataControlTest, ARefreshThatFailsLeavesTheSnapshotAsItWas)
 {
     addSamples(2);
     DataLog.refresh();
@@ -49,7 +51,7 @@ TEST_F(DataControlTest, ARefreshThatFailsLeavesThePictureAsItWas)
     EXPECT_EQ(samples(), "0 1");
 }
 
-TEST_F(DataControlTest, ARefreshAfterOneRowCostsTheSameBehindTenRowsAndBehindAHundredThousand)
+TEST_F(DataControlTest, ARefreshAfterOneRowReadsThatRowAloneHoweverManyThereAre)
 {
     addSamples(10);
     DataLog.refresh();
@@ -64,20 +66,21 @@ TEST_F(DataControlTest, ARefreshAfterOneRowCostsTheSameBehindTenRowsAndBehindAHu
     EXPECT_EQ(rowsReadByRefresh(), 0);
 }
 
-TEST_F(DataControlTest, KnowsTheCountOfALogThatWasCopiedIntoAnEmptiedTable)
+TEST_F(DataControlTest, ALogThatWasCopiedIntoAnEmptiedTableIsCountedOnce)
 {
     addSamples(5);
     DataLog.refresh();
-    database->execute("delete * from DataMeasure");
+    database.execute("delete * from DataMeasure");
     addSamples(50'000);
 
-    EXPECT_EQ(rowsReadByRefresh(), 0); // neither counted nor looked at
+    EXPECT_EQ(rowsReadByRefresh(), 50'000); // SQLite's counters do not tell how many rows were there between
+    EXPECT_EQ(rowsReadByRefresh(), 0);
 
     EXPECT_EQ(DataLog.rowCount(), 50'000);
     EXPECT_EQ(sampleAt(49'999), 49'999);
 }
 
-TEST_F(DataControlTest, CountsATableOnceOfWhichItKnowsNothing)
+TEST_F(DataControlTest, ATableOfAnotherConnectionIsCountedOnce)
 {
     addSamples(1000);
     workspace.close();
@@ -101,7 +104,7 @@ TEST_F(DataControlTest, AWalkReadsEachRowOnce)
     EXPECT_EQ(DataLog.rowsRead() - before, 10'000);
 }
 
-TEST_F(DataControlTest, LooksAtNoMoreThanAPageForTheLastRow)
+TEST_F(DataControlTest, TheLastRowCostsNoMoreThanAPage)
 {
     addSamples(100'000);
     DataLog.refresh();
@@ -111,10 +114,10 @@ TEST_F(DataControlTest, LooksAtNoMoreThanAPageForTheLastRow)
     EXPECT_LE(DataLog.rowsRead() - before, 256);
 }
 
-TEST_F(DataControlTest, FindsEachRowBetweenGaps)
+TEST_F(DataControlTest, EachRowIsFoundBetweenGaps)
 {
     addSamples(3000);
-    database->execute("delete from DataMeasure where SeqNo%3=1 or SeqNo between 500 and 1500");
+    database.execute("delete from DataMeasure where SeqNo%3=1 or SeqNo between 500 and 1500");
     DataLog.refresh();
 
     std::int64_t row = 0;
@@ -130,19 +133,19 @@ TEST_F(DataControlTest, FindsEachRowBetweenGaps)
     EXPECT_EQ(sampleAt(row), 3000);
 }
 
-TEST_F(DataControlTest, SeesRowsThatCameBetweenTheOldOnes)
+TEST_F(DataControlTest, ARefreshShowsRowsThatWereInsertedBetweenTheOthers)
 {
-    database->execute("insert into DataMeasure (rowid,SeqNo) values(1,10),(5,50)");
+    database.execute("insert into DataMeasure (rowid,SeqNo) values(1,10),(5,50)");
     DataLog.refresh();
-    database->execute("insert into DataMeasure (rowid,SeqNo) values(3,30),(7,70)");
+    database.execute("insert into DataMeasure (rowid,SeqNo) values(3,30),(7,70)");
     DataLog.refresh();
     EXPECT_EQ(samples(), "10 30 50 70");
-    database->execute("insert into DataMeasure (rowid,SeqNo) values(-4,1)");
+    database.execute("insert into DataMeasure (rowid,SeqNo) values(-4,1)");
     DataLog.refresh();
     EXPECT_EQ(samples(), "1 10 30 50 70");
 }
 
-TEST_F(DataControlTest, SeesWhatAnotherProgramHasDone)
+TEST_F(DataControlTest, ARefreshShowsWhatAnotherProgramHasChanged)
 {
     addSamples(3);
     DataLog.refresh();
@@ -158,38 +161,85 @@ TEST_F(DataControlTest, SeesWhatAnotherProgramHasDone)
     EXPECT_EQ(samples(), "0 2 3 9 10");
 }
 
-TEST_F(DataControlTest, SeesWhatATriggerHasDone)
+TEST_F(DataControlTest, ARefreshShowsWhatATriggerHasChanged)
 {
     OtherProgram(path).run(
         "create trigger t after insert on ORBSeqHead begin delete from DataMeasure where SeqNo=1; end");
     addSamples(3);
     DataLog.refresh();
-    database->execute("insert into ORBSeqHead values('a',1,1)");
+    database.execute("insert into ORBSeqHead values('a',1,1)");
     DataLog.refresh();
     EXPECT_EQ(samples(), "0 2");
 }
 
-TEST_F(DataControlTest, SeesRowsThatWereReplaced)
+TEST_F(DataControlTest, ARefreshShowsRowsThatWereReplaced)
 {
     DataLog.setRecordSource("datameasureM");
-    database->execute("insert into DataMeasureM (LogID,CHNum) values('a',1),('b',2)");
+    database.execute("insert into DataMeasureM (LogID,CHNum) values('a',1),('b',2)");
     DataLog.refresh();
-    database->execute("insert or replace into DataMeasureM (LogID,CHNum) values('a',3)");
+    database.execute("insert or replace into DataMeasureM (LogID,CHNum) values('a',3)");
     DataLog.refresh();
     EXPECT_EQ(DataLog.rowCount(), 2);
     EXPECT_EQ(DataLog.valueAt(1, DataLog.columnOf("chnum")).integer, 3);
 }
 
-TEST_F(DataControlTest, ShowsAnotherTableAfterAnotherRecordSource)
+TEST_F(DataControlTest, AnotherRecordSourceShowsAnotherTable)
 {
     addSamples(3);
     DataLog.refresh();
-    database->execute("insert into ProgramChain values('x',0,'4')");
+    database.execute("insert into ProgramChain values('x',0,'4')");
     DataLog.setRecordSource("ProgramChain");
     DataLog.refresh();
     EXPECT_EQ(DataLog.rowCount(), 1);
     EXPECT_EQ(DataLog.columns(), (std::vector<QString>{"MemCase", "ProgNo", "ProgData"}));
     EXPECT_EQ(DataLog.recordset().field("progdata").asText(), "4");
+}
+
+TEST_F(DataControlTest, ARefreshShowsAChangedValueBesideAnAddedRow)
+{
+    addSamples(3);
+    DataLog.refresh();
+    EXPECT_EQ(samples(), "0 1 2");
+    database.execute("update DataMeasure set SeqNo=7 where SeqNo=1");
+    addSamples(1, 3);
+    DataLog.refresh();
+    EXPECT_EQ(samples(), "0 7 2 3");
+    database.execute("update DataMeasure set SeqNo=8 where SeqNo=7");
+    DataLog.refresh();
+    EXPECT_EQ(samples(), "0 8 2 3");
+}
+
+TEST_F(DataControlTest, ARefreshShowsAnEmptiedTableThatWasFilledBeyondItsOldRows)
+{
+    addSamples(3);
+    DataLog.refresh();
+    database.execute("delete * from DataMeasure");
+    database.execute("insert into DataMeasure (rowid,SeqNo) values(4,40),(5,50),(6,60),(7,70),(8,80),(9,90),(20,200)");
+    DataLog.refresh();
+    EXPECT_EQ(samples(), "40 50 60 70 80 90 200");
+}
+
+TEST_F(DataControlTest, ItsButtonsMoveTheCurrentRow)
+{
+    DataLog.setParent(&form);
+    const auto press = [&](const char* name) {
+        DataLog.findChild<QToolButton*>(name)->click();
+        return DataLog.hasRecordset() ? DataLog.recordset().position() : -1;
+    };
+    EXPECT_EQ(press("Next record"), -1); // nothing to move over yet
+    addSamples(3);
+    DataLog.refresh();
+    EXPECT_EQ(press("Last record"), 2);
+    EXPECT_EQ(press("Next record"), 2);
+    EXPECT_EQ(press("Previous record"), 1);
+    EXPECT_EQ(press("First record"), 0);
+    EXPECT_EQ(press("Previous record"), 0);
+    DataLog.recordset().moveLast();
+    DataLog.recordset().moveNext(); // past the last row
+    EXPECT_EQ(press("Previous record"), 2);
+    EXPECT_TRUE(processExit.reports.empty());
+    DataLog.setCaption("Sequence Settings");
+    EXPECT_EQ(DataLog.caption(), "Sequence Settings");
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 
 namespace orb {
 
-/// The form stands before the controls on it, so that they go first.
+/// The form is declared before the controls on it, so that they are destroyed first.
 class DBGridTest : public DatabaseTest {
 protected:
     DBGridTest()
@@ -61,14 +61,21 @@ protected:
             press(Qt::Key_A, Qt::NoModifier, QString(c));
     }
 
-    void click(std::int64_t row, int column, QEvent::Type kind = QEvent::MouseButtonPress)
+    void click(int row, int column, QEvent::Type kind = QEvent::MouseButtonPress)
     {
-        const QPoint at = DBGrid1.cellRect(row, column).center();
+        const QPoint at = cell(row, column).center();
         QMouseEvent event(kind, at, DBGrid1.viewport()->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
                           Qt::NoModifier);
         QCoreApplication::sendEvent(DBGrid1.viewport(), &event);
         settle();
     }
+
+    QRect cell(int row, int column) const { return DBGrid1.visualRect(DBGrid1.model()->index(row, column)); }
+    int firstVisibleRow() const { return DBGrid1.rowAt(0); }
+    /// The whole rows that the view has room for.
+    int visibleRows() const { return DBGrid1.viewport()->height() / DBGrid1.rowHeight(0); }
+    bool isInView(int row) const { return DBGrid1.viewport()->rect().contains(cell(row, 0)); }
+    int currentColumn() const { return DBGrid1.currentIndex().column(); }
 
     QLineEdit* editor() { return DBGrid1.viewport()->findChild<QLineEdit*>(); }
     std::int64_t currentRow() { return DataLog.recordset().position(); }

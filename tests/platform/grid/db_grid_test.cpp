@@ -11,9 +11,9 @@ using testing::IsEmpty;
 
 namespace {
 
-TEST_F(DBGridTest, ShowsTheRowsOfItsDataControl)
+TEST_F(DBGridTest, TheRowsOfTheDataControlAreShown)
 {
-    database->execute("insert into DataMeasure (SeqNo,RecTime,PVal1) values(0,'2024/01/31 10:15:09',1.2340)");
+    database.execute("insert into DataMeasure (SeqNo,RecTime,PVal1) values(0,'2024/01/31 10:15:09',1.2340)");
     show(0);
     QStringList cells;
     for (int column = 0; column < DBGrid1.columnCount(); ++column)
@@ -24,22 +24,27 @@ TEST_F(DBGridTest, ShowsTheRowsOfItsDataControl)
     EXPECT_EQ(DBGrid1.accessibleName(), "Data Log");
 }
 
-TEST_F(DBGridTest, ShowsNumbersInTheirOrdinaryForm)
+TEST_F(DBGridTest, ANumberIsShownInItsOrdinaryFormAndToTheRight)
 {
-    database->execute("insert into ORBSeqData values(1,0.5,15.0,1.6,1.6)");
+    database.execute("insert into ORBSeqData values(1,0.5,15.0,1.6,1.6)");
     DataLog.setRecordSource("ORBSeqData");
     DBGrid1.setColumns({{"Index", ""}, {"current", ""}, {"missing", ""}});
-    DataLog.refresh();
+    show(0);
     EXPECT_EQ(DBGrid1.cellText(0, 0), "1");
     EXPECT_EQ(DBGrid1.cellText(0, 1), "15");
     EXPECT_EQ(DBGrid1.cellText(0, 2), "");
+    const auto alignment = [&](int column) {
+        return DBGrid1.model()->index(0, column).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
+    };
+    EXPECT_EQ(alignment(1), Qt::AlignRight);
+    EXPECT_EQ(alignment(2), Qt::AlignLeft);
 }
 
-TEST_F(DBGridTest, HasColumnsWithCaptionsAndWidthsInTwips)
+TEST_F(DBGridTest, AColumnHasACaptionAndAWidthInTwips)
 {
     DBGrid1.setCaption(2, "Set");
     DBGrid1.setWidthTwips(3, 2709);
-    const auto* header = DBGrid1.findChild<QHeaderView*>();
+    const auto* header = DBGrid1.horizontalHeader();
 
     EXPECT_EQ(DBGrid1.column(2).caption, "Set");
     EXPECT_EQ(header->model()->headerData(2, Qt::Horizontal).toString(), "Set");
@@ -54,26 +59,24 @@ TEST_F(DBGridTest, HasColumnsWithCaptionsAndWidthsInTwips)
     EXPECT_EQ(DBGrid1.column(3).widthTwips, 2709);
 }
 
-TEST_F(DBGridTest, AColumnThatTheOperatorDragsHasANewWidth)
+TEST_F(DBGridTest, AColumnThatTheOperatorDragsKeepsItsWidthThroughARefresh)
 {
-    DBGrid1.findChild<QHeaderView*>()->resizeSection(0, 100);
-    EXPECT_EQ(DBGrid1.column(0).widthTwips, 1500);
+    DBGrid1.horizontalHeader()->resizeSection(0, 100);
+    show(1);
+    EXPECT_EQ(DBGrid1.columnWidth(0), 100);
 }
 
-TEST_F(DBGridTest, ShowsEveryColumnOfTheTableWithoutADesign)
+TEST_F(DBGridTest, TheColumnsFollowAnotherRecordSource)
 {
-    DBGrid all(&form);
-    all.setDataSource(DataLog);
-    EXPECT_EQ(all.columnCount(), 0);
     show(1);
-    EXPECT_EQ(all.columnCount(), 22);
-    EXPECT_EQ(all.column(2).field, "PVal1");
+    database.execute("insert into ProgramChain values('x',0,'4')");
+    DBGrid1.setColumns({{"progdata", ""}, {"RecTime", ""}, {"memcase", ""}});
     DataLog.setRecordSource("ProgramChain");
     show(0);
-    EXPECT_EQ(all.columnCount(), 3);
+    EXPECT_EQ(DBGrid1.cellText(0, 0) + "|" + DBGrid1.cellText(0, 1) + "|" + DBGrid1.cellText(0, 2), "4||x");
 }
 
-TEST_F(DBGridTest, PaintsAMillionRowsWithoutReadingMoreThanThoseInView)
+TEST_F(DBGridTest, AMillionRowsArePaintedWithoutReadingMoreThanThoseInView)
 {
     show(1'000'000);
     const std::int64_t before = DataLog.rowsRead();
@@ -84,34 +87,95 @@ TEST_F(DBGridTest, PaintsAMillionRowsWithoutReadingMoreThanThoseInView)
     DBGrid1.verticalScrollBar()->setValue(DBGrid1.verticalScrollBar()->maximum());
     EXPECT_FALSE(DBGrid1.grab().isNull());
     EXPECT_LE(DataLog.rowsRead() - before, 768);
-    EXPECT_EQ(DBGrid1.firstVisibleRow() + DBGrid1.visibleRows(), 1'000'000);
+    EXPECT_TRUE(isInView(999'999));
+    EXPECT_EQ(DBGrid1.model()->index(999'999, 0).data().toString(), "999999");
 }
 
-TEST_F(DBGridTest, FollowsTheCurrentRow)
+TEST_F(DBGridTest, TheViewFollowsTheCurrentRow)
 {
     show(1000);
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 0);
+    EXPECT_EQ(firstVisibleRow(), 0);
+    const auto topAfter = [this](const std::function<void(TableRecordset&)>& move) {
+        move(DataLog.recordset());
+        settle();
+        EXPECT_EQ(DBGrid1.selectionModel()->selectedRows().value(0).row(), currentRow());
+        return firstVisibleRow();
+    };
+    EXPECT_GE(topAfter([](auto& record) { record.moveLast(); }), 999 - visibleRows());
+    EXPECT_TRUE(isInView(999));
+    EXPECT_EQ(topAfter([](auto& record) { record.findFirst("SeqNo=70"); }), 70);
+    EXPECT_EQ(topAfter([](auto& record) { record.moveNext(); }), 70); // in view already
+    addSamples(1, 1000);
+    DataLog.refresh();
+    EXPECT_GE(topAfter([](auto& record) { record.moveLast(); }), 1000 - visibleRows());
+    EXPECT_TRUE(isInView(1000));
+}
+
+TEST_F(DBGridTest, ASampleThatIsAddedDoesNotScrollTheViewToTheTopAndBack)
+{
+    show(1000);
     DataLog.recordset().moveLast();
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 1000 - DBGrid1.visibleRows());
-    DataLog.recordset().findFirst("SeqNo=70");
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 70);
-    DataLog.recordset().moveNext(); // in view already
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 70);
+    settle();
+    int top = firstVisibleRow();
+    QObject::connect(DBGrid1.verticalScrollBar(), &QScrollBar::valueChanged,
+                     [&](int value) { top = std::min(top, value); });
+    const int before = top;
+
     addSamples(1, 1000);
     DataLog.refresh();
     DBGrid1.refresh();
     DataLog.recordset().moveLast();
     settle();
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 1001 - DBGrid1.visibleRows());
+
+    EXPECT_EQ(top, before);
+    EXPECT_EQ(firstVisibleRow(), before + 1);
 }
 
-TEST_F(DBGridTest, AWalkToTheEndLeavesTheViewAlone)
+TEST_F(DBGridTest, ARowThatIsFollowedDoesNotScrollTheViewSideways)
+{
+    DBGrid1.setWidthTwips(1, 15000);
+    show(1000);
+    DBGrid1.horizontalScrollBar()->setValue(300);
+    DataLog.recordset().moveLast();
+    settle();
+    EXPECT_EQ(DBGrid1.horizontalScrollBar()->value(), 300);
+    EXPECT_EQ(currentColumn(), 0);
+}
+
+TEST_F(DBGridTest, AShorterTableMovesNoCurrentRow)
+{
+    show(1000);
+    DataLog.recordset().moveLast();
+    settle();
+    database.execute("delete from DataMeasure where SeqNo>=5");
+    DataLog.refresh();
+    settle();
+    EXPECT_EQ(currentRow(), 0);
+    EXPECT_EQ(DBGrid1.model()->rowCount(), 5);
+    EXPECT_EQ(DBGrid1.currentIndex().row(), 0);
+}
+
+TEST_F(DBGridTest, TheFontSetsTheHeightOfTheRows)
+{
+    show(1);
+    QFont large = DBGrid1.font();
+    large.setPointSize(30);
+    DBGrid1.setFont(large);
+    EXPECT_EQ(DBGrid1.rowHeight(0), DBGrid1.fontMetrics().height() + 4);
+}
+
+TEST_F(DBGridTest, AWalkToTheEndLeavesTheView)
 {
     show(1000);
     auto& record = DataLog.recordset();
+    record.findFirst("SeqNo=500");
+    settle();
+    const int before = firstVisibleRow();
     for (record.moveFirst(); !record.isEof(); record.moveNext()) {
     }
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 0);
+    settle();
+    EXPECT_EQ(firstVisibleRow(), before);
+    EXPECT_FALSE(DBGrid1.currentIndex().isValid());
     EXPECT_FALSE(DBGrid1.grab().isNull());
 }
 
@@ -119,7 +183,7 @@ TEST_F(DBGridTest, AnEmptiedTableShowsNoRow)
 {
     show(1000);
     DataLog.recordset().moveLast();
-    database->execute("delete * from DataMeasure");
+    database.execute("delete * from DataMeasure");
     EXPECT_FALSE(DBGrid1.grab().isNull()); // rows that are gone, before the refresh
     show(0);
     EXPECT_EQ(DBGrid1.verticalScrollBar()->maximum(), 0);
@@ -132,28 +196,35 @@ TEST_F(DBGridTest, AnEmptiedTableShowsNoRow)
 TEST_F(DBGridTest, KeysMoveTheCurrentCell)
 {
     show(1000);
-    const int page = DBGrid1.visibleRows();
-    int told = 0;
-    DataLog.onReposition = [&] { ++told; };
-    const auto cell = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        press(key, modifiers);
-        return std::pair<std::int64_t, int>(currentRow(), DBGrid1.currentColumn());
-    };
     using Cell = std::pair<std::int64_t, int>;
-    EXPECT_EQ(cell(Qt::Key_Up), Cell(0, 0));
-    EXPECT_EQ(cell(Qt::Key_Down), Cell(1, 0));
-    EXPECT_EQ(cell(Qt::Key_Right), Cell(1, 1));
-    EXPECT_EQ(cell(Qt::Key_PageDown), Cell(1 + page, 1));
-    EXPECT_EQ(DBGrid1.firstVisibleRow(), 2);
-    EXPECT_EQ(cell(Qt::Key_End), Cell(1 + page, 3));
-    EXPECT_EQ(cell(Qt::Key_Right), Cell(1 + page, 3));
-    EXPECT_EQ(cell(Qt::Key_End, Qt::ControlModifier), Cell(999, 3));
-    EXPECT_EQ(cell(Qt::Key_Down), Cell(999, 3));
-    EXPECT_EQ(cell(Qt::Key_Home), Cell(999, 0));
-    EXPECT_EQ(cell(Qt::Key_Left), Cell(999, 0));
-    EXPECT_EQ(cell(Qt::Key_PageUp), Cell(999 - page, 0));
-    EXPECT_EQ(cell(Qt::Key_Home, Qt::ControlModifier), Cell(0, 0));
-    EXPECT_EQ(told, 12);
+    const auto cellAfter = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        press(key, modifiers);
+        EXPECT_EQ(DBGrid1.currentIndex().row(), currentRow());
+        return Cell(currentRow(), currentColumn());
+    };
+    EXPECT_EQ(cellAfter(Qt::Key_Up), Cell(0, 0));
+    EXPECT_EQ(cellAfter(Qt::Key_Down), Cell(1, 0));
+    EXPECT_EQ(cellAfter(Qt::Key_Right), Cell(1, 1));
+    const Cell page = cellAfter(Qt::Key_PageDown);
+    EXPECT_GE(page.first, visibleRows());
+    EXPECT_LE(page.first, 2 + visibleRows());
+    EXPECT_EQ(page.second, 1);
+    EXPECT_EQ(cellAfter(Qt::Key_End), Cell(page.first, 3));
+    EXPECT_EQ(cellAfter(Qt::Key_Right), Cell(page.first, 3));
+    EXPECT_EQ(cellAfter(Qt::Key_End, Qt::ControlModifier), Cell(999, 3));
+    EXPECT_EQ(cellAfter(Qt::Key_Down), Cell(999, 3));
+    EXPECT_EQ(cellAfter(Qt::Key_Home), Cell(999, 0));
+    EXPECT_EQ(cellAfter(Qt::Key_Left), Cell(999, 0));
+    EXPECT_LT(cellAfter(Qt::Key_PageUp).first, 1000 - visibleRows() + 1);
+    EXPECT_EQ(cellAfter(Qt::Key_Home, Qt::ControlModifier), Cell(0, 0));
+}
+
+TEST_F(DBGridTest, ALetterOnACellThatIsNotEditableMovesNothing)
+{
+    show(100);
+    click(3, 0);
+    press(Qt::Key_5, Qt::NoModifier, "5");
+    EXPECT_EQ(currentRow(), 3);
 }
 
 TEST_F(DBGridTest, AClickMakesItsCellTheCurrentOne)
@@ -161,19 +232,34 @@ TEST_F(DBGridTest, AClickMakesItsCellTheCurrentOne)
     show(100);
     click(3, 2);
     EXPECT_EQ(currentRow(), 3);
-    EXPECT_EQ(DBGrid1.currentColumn(), 2);
+    EXPECT_EQ(currentColumn(), 2);
     EXPECT_FALSE(DBGrid1.isEditing());
 }
 
-TEST_F(DBGridTest, CopiesTheCurrentRow)
+TEST_F(DBGridTest, AClickInAScrolledViewGoesToTheCellUnderThePointer)
+{
+    DBGrid1.setGeometry(0, 0, 200, 150);
+    show(1000);
+    DBGrid1.verticalScrollBar()->setValue(400);
+    DBGrid1.horizontalScrollBar()->setValue(250);
+    const QPoint at = cell(403, 2).center();
+    ASSERT_TRUE(DBGrid1.viewport()->rect().contains(at));
+    click(403, 2);
+    EXPECT_EQ(currentRow(), 403);
+    EXPECT_EQ(currentColumn(), 2);
+    EXPECT_EQ(DataLog.recordset().field("SeqNo").asText(), "403");
+}
+
+TEST_F(DBGridTest, ACopyIsThatOfTheCurrentRow)
 {
     show(3);
     DataLog.recordset().setPosition(2);
+    settle();
     press(Qt::Key_C, Qt::ControlModifier, QString(QChar(3)));
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "2\t2024/01/31 10:15:09\t2.50\t");
 }
 
-TEST_F(DBGridTest, OutlivesItsDataControlAndTheOtherWayRound)
+TEST_F(DBGridTest, TheGridAndTheDataControlMayBeDestroyedInEitherOrder)
 {
     DBGrid grid(&form);
     {
@@ -194,12 +280,15 @@ TEST_F(DBGridTest, OutlivesItsDataControlAndTheOtherWayRound)
     EXPECT_EQ(grid.cellText(0, 0), "");
 }
 
-TEST_F(DBGridTest, ShowsNothingOnceTheDatabaseIsClosed)
+TEST_F(DBGridTest, AClosedDatabaseShowsNoRow)
 {
     show(10);
     workspace.close();
     EXPECT_FALSE(DBGrid1.grab().isNull());
+    click(2, 0);
     DBGrid1.refresh();
+    settle();
+    EXPECT_EQ(DBGrid1.cellText(0, 0), "");
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
 

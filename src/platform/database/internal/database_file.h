@@ -3,16 +3,12 @@
 
 #include <QString>
 
-#include <memory>
-
-namespace SQLite {
-class Database;
-}
+struct sqlite3;
 
 namespace orb {
 
 /// Opens the database file at `path`, which must be absolute, for reading and writing beside other programs. A file
-/// that is refused keeps every byte; see `Workspace::openDatabase` for what is thrown.
-std::unique_ptr<SQLite::Database> openDatabaseFile(const QString& path);
+/// that is refused keeps every byte; see `Workspace::openDatabase` for what is thrown. The caller closes the result.
+sqlite3* openDatabaseFile(const QString& path);
 
 } // namespace orb

@@ -11,7 +11,7 @@ namespace orb {
 
 namespace {
 
-/// A token of the statement with what it becomes. White space and comments are only a gap before it.
+/// A token of the statement, translated. White space and comments before it are only a gap.
 struct Piece {
     SqlTokenKind kind;
     std::string text;
@@ -23,10 +23,9 @@ public:
     explicit Statement(std::string_view statement);
 
     void dropAsteriskOfDelete();
-    void takeIndexAsName();
-    void takeDoubleQuotesAsText();
-    void takeNumbersOfValuesAsText();
-    void findEffect(SqlStatement& result) const;
+    void quoteIndex();
+    void requoteTexts();
+    void quoteNumbersOfValues();
     std::string joined() const;
 
 private:
@@ -35,10 +34,9 @@ private:
     bool isNumber(std::size_t i) const;
     bool isSign(std::size_t i) const { return isSymbol(i, '+') || isSymbol(i, '-'); }
     bool indexIsKeyword(std::size_t i) const;
-    std::size_t behindList(std::size_t open);
-    void takeNumberAsText(std::size_t at);
+    std::size_t quoteNumbersOfList(std::size_t open);
+    void quoteNumber(std::size_t at);
     std::size_t findValues() const;
-    std::string tableAt(std::size_t i) const;
 
     std::vector<Piece> pieces_;
 };
@@ -53,9 +51,9 @@ Statement::Statement(std::string_view statement)
             continue;
         }
         if (ended)
-            throw RuntimeFailure(failure::StatementFailed, QStringLiteral("Text behind the end of the statement"));
+            throw RuntimeFailure(failure::StatementFailed, QStringLiteral("Text after the end of the statement"));
         if (token.text.find('\0') != std::string_view::npos) // SQLite would see the end of the statement there
-            throw RuntimeFailure(failure::StatementFailed, QStringLiteral("There is a NUL in the statement"));
+            throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The statement contains a NUL"));
         ended = token.kind == SqlTokenKind::Semicolon;
         if (!ended)
             pieces_.push_back({token.kind, std::string(token.text), gap});
@@ -75,7 +73,7 @@ bool Statement::isSymbol(std::size_t i, char symbol) const
     return i < pieces_.size() && pieces_[i].kind == SqlTokenKind::Symbol && pieces_[i].text.front() == symbol;
 }
 
-/// A decimal one: a hexadecimal number is none to the column of a table.
+/// A hexadecimal number is not one: as a text it would be no number to the column of a table.
 bool Statement::isNumber(std::size_t i) const
 {
     return i < pieces_.size() && pieces_[i].kind == SqlTokenKind::Number &&
@@ -97,7 +95,7 @@ bool Statement::indexIsKeyword(std::size_t i) const
            (i == 2 && isWord(0, "create") && isWord(1, "unique"));
 }
 
-void Statement::takeIndexAsName()
+void Statement::quoteIndex()
 {
     for (std::size_t i = 0; i < pieces_.size(); ++i)
         if (isWord(i, "index") && !indexIsKeyword(i))
@@ -118,15 +116,14 @@ std::string inSingleQuotes(std::string_view quoted)
     return text + '\'';
 }
 
-void Statement::takeDoubleQuotesAsText()
+void Statement::requoteTexts()
 {
-    for (Piece& piece : pieces_)
-        if (piece.kind ==
-            SqlTokenKind::QuotedText) // the gap keeps it apart from a letter X, which would make a blob of it
+    for (Piece& piece : pieces_) // the gap separates it from a letter X, which would make a blob of it
+        if (piece.kind == SqlTokenKind::QuotedText)
             piece = {SqlTokenKind::Text, inSingleQuotes(piece.text), true};
 }
 
-/// The VALUES of an insert, outside of all brackets; the count of pieces where there is none.
+/// Where the VALUES of an insert stands, outside of all brackets; the count of pieces where there is none.
 std::size_t Statement::findValues() const
 {
     int depth = 0;
@@ -138,7 +135,7 @@ std::size_t Statement::findValues() const
     return pieces_.size();
 }
 
-void Statement::takeNumberAsText(std::size_t at)
+void Statement::quoteNumber(std::size_t at)
 {
     std::size_t number = at;
     std::string sign;
@@ -153,8 +150,8 @@ void Statement::takeNumberAsText(std::size_t at)
         pieces_.erase(pieces_.begin() + static_cast<std::ptrdiff_t>(number));
 }
 
-/// Treats the list of values whose bracket stands at `open`.
-std::size_t Statement::behindList(std::size_t open)
+/// Quotes the numbers of the list whose bracket stands at `open`. Returns where the list has ended.
+std::size_t Statement::quoteNumbersOfList(std::size_t open)
 {
     int depth = 0;
     for (std::size_t i = open; i < pieces_.size(); ++i) {
@@ -162,48 +159,20 @@ std::size_t Statement::behindList(std::size_t open)
         if (depth == 0)
             return i + 1;
         if (depth == 1 && (i == open || isSymbol(i, ',')))
-            takeNumberAsText(i + 1);
+            quoteNumber(i + 1);
     }
     return pieces_.size();
 }
 
-void Statement::takeNumbersOfValuesAsText()
+void Statement::quoteNumbersOfValues()
 {
     if (!isWord(0, "insert") && !isWord(0, "replace"))
         return;
     std::size_t list = findValues() + 1;
     while (isSymbol(list, '(')) {
-        list = behindList(list);
+        list = quoteNumbersOfList(list);
         list += isSymbol(list, ',') ? 1 : 0;
     }
-}
-
-/// The plain table name at `i`, in lower case; empty where it is anything else.
-std::string Statement::tableAt(std::size_t i) const
-{
-    if (i >= pieces_.size() || pieces_[i].kind != SqlTokenKind::Word || isSymbol(i + 1, '.'))
-        return {};
-    std::string name = pieces_[i].text;
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return name;
-}
-
-void Statement::findEffect(SqlStatement& result) const
-{
-    const auto meets = [this](std::string_view word) {
-        for (std::size_t i = 0; i < pieces_.size(); ++i)
-            if (isWord(i, word))
-                return true;
-        return false;
-    };
-    if (isWord(0, "insert") && isWord(1, "into") && !meets("conflict")) // one that replaces rows begins "insert or"
-        result.effect = RowEffect::Adds;
-    else if (isWord(0, "delete") && isWord(1, "from"))
-        result.effect = pieces_.size() == 3 ? RowEffect::RemovesAll : RowEffect::Removes;
-    result.table = result.effect == RowEffect::Unknown ? std::string() : tableAt(2);
-    if (result.table.empty())
-        result.effect = RowEffect::Unknown;
 }
 
 std::string Statement::joined() const
@@ -219,16 +188,14 @@ std::string Statement::joined() const
 
 } // namespace
 
-SqlStatement translateSql(std::string_view text)
+std::string translateSql(std::string_view text)
 {
     Statement statement(text);
     statement.dropAsteriskOfDelete();
-    statement.takeIndexAsName();
-    statement.takeDoubleQuotesAsText();
-    statement.takeNumbersOfValuesAsText();
-    SqlStatement result{statement.joined(), RowEffect::Unknown, {}};
-    statement.findEffect(result);
-    return result;
+    statement.quoteIndex();
+    statement.requoteTexts();
+    statement.quoteNumbersOfValues();
+    return statement.joined();
 }
 
 std::string quotedName(std::string_view name)

@@ -16,20 +16,20 @@ enum class SqlTokenKind {
     Name,       ///< in brackets or back quotes
     Semicolon,
     Symbol, ///< any other single character
-    Broken, ///< what can't begin or end: a text that is never closed, a number with letters behind it, a NUL
+    Broken, ///< a text that is never closed, a number with letters after it, a NUL
 };
 
-/// A piece of a statement. `text` is the piece as it stands there, quotes included.
+/// `text` is the token as it stands in the statement, quotes included.
 struct SqlToken {
     SqlTokenKind kind;
     std::string_view text;
 };
 
-/// Cuts a statement in UTF-8 into its pieces, by the same rules as SQLite does. All the pieces joined give the statement
-/// again. `statement` must outlive the tokens.
+/// Splits a statement in UTF-8 into tokens by SQLite's rules. All the tokens joined give the statement again. `statement`
+/// must outlive them.
 std::vector<SqlToken> tokenizeSql(std::string_view statement);
 
-/// True where two words are the same without regard to the case of their ASCII letters.
+/// Compares two words without regard to the case of their ASCII letters.
 bool sameWord(std::string_view a, std::string_view b);
 
 } // namespace orb

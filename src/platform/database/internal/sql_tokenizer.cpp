@@ -37,7 +37,7 @@ bool continuesWord(char c)
     return beginsWord(c) || isDigit(c) || c == '$';
 }
 
-/// Finds where the token ends that a text begins with.
+/// Finds the token at the beginning of a text.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : text_(text) {}
@@ -96,8 +96,8 @@ private:
         }
     }
 
-    /// A text between two `quote`s, where a doubled one stands for itself. A NUL would hide from SQLite all that comes
-    /// behind it.
+    /// A text between two `quote`s, where a doubled one stands for itself. SQLite would see the end of the statement in a
+    /// NUL.
     SqlToken quoted(SqlTokenKind kind, char quote) const
     {
         for (std::size_t i = 1; i < text_.size() && text_[i] != '\0'; ++i) {

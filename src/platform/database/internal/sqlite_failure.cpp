@@ -42,14 +42,9 @@ int numberOf(int code)
 
 } // namespace
 
-RuntimeFailure sqliteFailure(int code, const char* message)
-{
-    return {numberOf(code), QString::fromUtf8(message)};
-}
-
 RuntimeFailure lastSqliteFailure(sqlite3* handle)
 {
-    return sqliteFailure(sqlite3_extended_errcode(handle), sqlite3_errmsg(handle));
+    return {numberOf(sqlite3_extended_errcode(handle)), QString::fromUtf8(sqlite3_errmsg(handle))};
 }
 
 } // namespace orb
