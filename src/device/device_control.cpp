@@ -2,6 +2,7 @@
 #include "device_control.h"
 
 #include "bulk_transfer.h"
+#include "text_bytes.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -107,7 +108,7 @@ void DeviceControl::createLayout()
 void DeviceControl::SendCommand(const QString& command)
 {
     guarded([&] {
-        const QByteArray text = command.toUtf8();
+        const QByteArray text = bytesOf(command);
         if (!text.contains('\n') && !text.contains('\r'))
             return sendLine(text);
         for (const QByteArray& line : QByteArray(text).replace('\r', '\n').split('\n'))

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page_test.h"
+#include "text_bytes.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -241,8 +242,19 @@ TEST_F(CommandPageListTest, AListWithDamagedBytesIsOpenedWithNothingLeftOut)
 
     press(page.cmdOpenSCPI);
 
-    EXPECT_TRUE((page.lstCmdPool.items() == QStringList{QString::fromLatin1("A\0B", 3), QString::fromLatin1("\xC4"),
+    EXPECT_TRUE((page.lstCmdPool.items() == QStringList{QString::fromLatin1("A\0B", 3), textOf("\xC4"),
                                                         QString(1 << 20, QLatin1Char('x')), "last"}));
+}
+
+TEST_F(CommandPageListTest, TheBytesOfALineThatIsNoUTF8AreSavedAsTheyCame)
+{
+    write("list.scp", "caf\xE9?\r\ncaf\xC3\xA9?\r\n");
+    dialogs.files = {file("list.scp"), file("saved.scp")};
+
+    press(page.cmdOpenSCPI);
+    press(page.cmdSaveSCPI);
+
+    EXPECT_EQ(contentOf(file("saved.scp")), "caf\xE9?\r\ncaf\xC3\xA9?\r\n");
 }
 
 TEST_F(CommandPageListTest, ThePanelsTakeTurnsUnderACaptionThatNamesTheShownOne)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page_test.h"
+#include "text_bytes.h"
 
 #include <QDir>
 
@@ -120,7 +121,7 @@ TEST_F(CommandPageTest, LinesMayHoldNulsOrAMegabyteOrAnotherEncoding)
 
     EXPECT_THAT(dialogs.shown, IsEmpty());
     EXPECT_THAT(page.lstCommand.items(),
-                ElementsAre(QString::fromLatin1(nul), QString::fromLatin1(megabyte), QString::fromLatin1(latin1), "Z"));
+                ElementsAre(QString::fromLatin1(nul), QString::fromLatin1(megabyte), textOf(latin1), "Z"));
 }
 
 TEST_F(CommandPageTest, TheStartButtonFollowsTheLinkInItsPictureAndThenInItsState)

@@ -3,6 +3,7 @@
 
 #include "failure.h"
 #include "paths.h"
+#include "text_bytes.h"
 
 #include <QFileInfo>
 
@@ -14,13 +15,6 @@ void require(bool holds, int number)
 {
     if (!holds)
         throw RuntimeFailure(number);
-}
-
-/// Bytes that do not convert back to the same are not UTF-8, a sequence cut off at the end of the line included.
-QString decoded(const QByteArray& bytes)
-{
-    const QString text = QString::fromUtf8(bytes);
-    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }
 
 } // namespace
@@ -48,7 +42,7 @@ QString InputFile::readLine()
     const QByteArray line = content_.mid(at_, end - at_);
     const bool isPair = end + 1 < content_.size() && content_[end] == '\r' && content_[end + 1] == '\n';
     at_ = end + (isPair ? 2 : 1);
-    return decoded(line);
+    return textOf(line);
 }
 
 } // namespace orb

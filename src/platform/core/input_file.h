@@ -6,7 +6,7 @@
 namespace orb {
 
 /// A text file open for reading, line by line. A line ends in a carriage return and a line feed or in either alone; the
-/// last one may have no end. The text is UTF-8; a line that is not is read as Latin-1, so that nothing is lost.
+/// last one may have no end. The text is UTF-8; a line that is not keeps its bytes, see `textOf`.
 class InputFile {
 public:
     /// Throws `RuntimeFailure` 53 where there is no such file, 75 where it is a folder, 70 where it can't

@@ -3,6 +3,7 @@
 
 #include "failure.h"
 #include "paths.h"
+#include "text_bytes.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -55,7 +56,7 @@ void OutputFile::writeLine(std::string_view text)
 
 void OutputFile::writeLine(const QString& text)
 {
-    writeLine(std::string_view(text.toStdString()));
+    writeLine(std::string_view(bytesOf(text)));
 }
 
 void OutputFile::flush()
