@@ -4,12 +4,11 @@
 #include <QColor>
 #include <QPainter>
 
-/// The hand that draws the program's pictures. All of them lie on a grid of 32 by 32 units, keep a margin of two and
+/// The drawings of the program's pictures and pointers. All lie on a grid of 32 by 32 units, keep a margin of two and
 /// use lines two units wide that run along whole units, so that they stay sharp at 32, 64 and 96 pixels.
 namespace orb::drawing {
 
-/// What a button is painted with around its picture. A JPEG picture brings this color along, since it can't be
-/// transparent; it is one that JPEG keeps to the last bit.
+/// The background of a button, and of a JPEG picture, which can't be transparent. JPEG keeps this color exactly.
 constexpr QRgb buttonFace = 0xffF5F6F8;
 
 /// The units of a picture from edge to edge.
@@ -18,9 +17,9 @@ constexpr int gridUnits = 32;
 /// The colors of one picture.
 struct Ink {
     QColor line;   ///< outlines
-    QColor fill;   ///< the calm surfaces inside of outlines
+    QColor fill;   ///< surfaces inside of outlines
     QColor paper;  ///< the lightest surfaces: sheets, and signs on a filled ground
-    QColor accent; ///< what the eye should find first
+    QColor accent; ///< the most important part
     QColor second; ///< beside the accent: a second curve, a badge
 };
 
@@ -28,7 +27,7 @@ Ink blueInk();
 Ink greenInk();
 Ink redInk();
 Ink amberInk();
-/// The same shapes put out of use.
+/// For what is out of use.
 Ink greyInk();
 
 using Glyph = void (*)(QPainter&, const Ink&);
@@ -71,7 +70,7 @@ void intoInstrument(QPainter& painter, const Ink& ink);
 void outOfInstrument(QPainter& painter, const Ink& ink);
 void simulate(QPainter& painter, const Ink& ink);
 
-/// The program's own sign. Knows one set of colors.
+/// The program's icon. It has colors of its own.
 void applicationIcon(QPainter& painter, const Ink& ink);
 /// A screen of 320 by 240 that shows nothing, in pixels of its own and not on the grid.
 void emptyScreen(QPainter& painter);

@@ -59,12 +59,12 @@ quint16 word(const QByteArray& bytes, qsizetype at)
 
 } // namespace
 
-TEST(Pictures, StandBesideTheProgramUnderTheirNamesLetterCaseIncluded)
+TEST(PicturesTest, ThePicturesAndPointersStandBesideTheProgramUnderTheirExactNames)
 {
     EXPECT_THAT(icons().entryList(QDir::Files), IsSupersetOf(changingPictures + pointers));
 }
 
-TEST(Pictures, AreAllSharpEnoughForAScreenOf192Dpi)
+TEST(PicturesTest, EveryPictureIsLargeEnoughForAScreenOf192Dpi)
 {
     for (const QString& name : icons().entryList({"*.jpg", "*.png"}, QDir::Files)) {
         const QImage image(icons().filePath(name));
@@ -73,7 +73,7 @@ TEST(Pictures, AreAllSharpEnoughForAScreenOf192Dpi)
     }
 }
 
-TEST(Pictures, ThatAreNotTransparentBringTheButtonsFaceAlong)
+TEST(PicturesTest, APictureWithoutTransparencyHasTheColorOfTheButtonInItsCorners)
 {
     for (const QString& name : changingPictures) {
         const QImage image(icons().filePath(name));
@@ -84,7 +84,7 @@ TEST(Pictures, ThatAreNotTransparentBringTheButtonsFaceAlong)
     }
 }
 
-TEST(Pictures, OfWhatIsOutOfUseAreGreyAndTheOthersAreNot)
+TEST(PicturesTest, AStoppedLookIsGreyAndTheOthersAreNot)
 {
     for (const QString& name : changingPictures) {
         const bool outOfUse = name.contains("STOP.", Qt::CaseInsensitive);
@@ -96,12 +96,12 @@ TEST(Pictures, OfWhatIsOutOfUseAreGreyAndTheOthersAreNot)
     }
 }
 
-TEST(Pictures, TheBlankScreenHasTheSizeOfTheInstrumentsOwn)
+TEST(PicturesTest, TheEmptyScreenHasTheSizeOfTheInstrumentsScreen)
 {
     EXPECT_EQ(QImage(besideTheProgram + "/OrbEmpty.jpg").size(), QSize(320, 240));
 }
 
-TEST(Pointers, AreCursorFilesOf32PixelsThatPointInsideThemselves)
+TEST(PointersTest, EveryPointerIsACursorFileOf32PixelsWithItsHotSpotInside)
 {
     for (const QString& name : pointers) {
         const QByteArray bytes = contents(icons().filePath(name));
@@ -113,7 +113,7 @@ TEST(Pointers, AreCursorFilesOf32PixelsThatPointInsideThemselves)
     }
 }
 
-TEST(CursorFile, KeepsEveryPointAndMasksTheClearOnes)
+TEST(CursorFileTest, ACursorFileKeepsEveryPixelAndMasksTheTransparentOnes)
 {
     QImage image(2, 2, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
