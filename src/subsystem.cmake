@@ -9,6 +9,11 @@ target_link_libraries(orb_pch PUBLIC orb_options Qt6::Widgets)
 target_precompile_headers(orb_pch PRIVATE ${orb_precompiled_headers})
 set(orb_precompiled_headers ${orb_precompiled_headers} PARENT_SCOPE)
 
+# Headers in the system's include path are visible to every source. Where the library is not attached its include guard
+# is defined, so that the header is empty there.
+set(orb_guarded_libraries SQLite::SQLite3 QCustomPlotQt6)
+set(orb_include_guards SQLITE3_H QCUSTOMPLOT_H)
+
 # subsystem(NAME [USES LIBRARY...] QT MODULE... [WITH TARGET...]): the folder NAME becomes the library orb_NAME, a slash
 # read as an underscore. Its users see the folder itself, the libraries of USES and the modules of QT; NAME/internal and
 # the targets of WITH are seen by its own sources alone.
@@ -37,6 +42,11 @@ function(subsystem name)
     endforeach()
     list(TRANSFORM arg_QT PREPEND Qt6::)
     target_link_libraries(${target} PUBLIC orb_options ${arg_QT} PRIVATE ${arg_WITH})
+    foreach(library guard IN ZIP_LISTS orb_guarded_libraries orb_include_guards)
+        if(NOT library IN_LIST arg_WITH)
+            target_compile_definitions(${target} PRIVATE ${guard})
+        endif()
+    endforeach()
     if(Qt6::Widgets IN_LIST arg_QT)
         target_precompile_headers(${target} REUSE_FROM orb_pch)
     endif()
