@@ -53,7 +53,7 @@ public:
     Frame Frame3;
     std::array<OptionButton, 3> optGraphMode;
     Frame FrameGraphOperations{QStringLiteral("Graph Operations")};
-    Slide GraphMode; ///< moves, and nothing follows it
+    Slide GraphMode; ///< can be moved, and has no effect
     Frame FrameCursor{QStringLiteral("Cursor Information")};
     TextBox XPosition;
     TextBox YPosition;
@@ -99,7 +99,7 @@ public:
     void cmbXLengthClick();
     void cmbYVoltageClick();
     void cmbYCurrentClick();
-    /// Both throw `RuntimeFailure` 340 for an index that has no control; `optGraphModeClick` takes 3 as 2.
+    /// Both throw `RuntimeFailure` 340 for an index that has no control; `optGraphModeClick` treats 3 like 2.
     void cbPlotClick(int index);
     void optGraphModeClick(int index);
     void graphLogCursorChange(double x, double y);

@@ -16,7 +16,7 @@ const std::array<GridColumn, 22> columns{
     {{"SeqNo", "SeqNo", 900}, {"RecTime", "RecTime", 2100}, {"PVal1", "CH1 A"},
      {"SVal1", "CH1 V"},      {"PVal2", "CH2 A"},           {"SVal2", "CH2 V"},
      {"PVal3", "CH3 A"},      {"SVal3", "CH3 V"},           {"PVal4", "CH4 A"},
-     {"SVal4", "CV4 V"}, // the V in second place is the caption's own
+     {"SVal4", "CV4 V"}, // this caption has its V in second place
      {"PVal5", "CH5 A"},      {"SVal5", "CH5 V"},           {"PVal6", "CH6 A"},
      {"SVal6", "CH6 V"},      {"PVal7", "CH7 A"},           {"SVal7", "CH7 V"},
      {"PVal8", "CH8 A"},      {"SVal8", "CH8 V"},           {"Reason3", "Reason3"},
@@ -65,7 +65,7 @@ QWidget* DataLogPage::toolBar()
     return toolBarOf({&logStart, &logStop, &logRefresh, &logSave, &logOpen, &logDelete, &logPrint, &cmdExport});
 }
 
-/// The graph, and to its right what selects the curves.
+/// The graph, with the boxes of the curves to its right.
 QLayout* DataLogPage::graphRow()
 {
     layoutChannels();
@@ -83,7 +83,7 @@ QLayout* DataLogPage::graphRow()
     return row;
 }
 
-/// The boxes in a row for each channel, and before each row a line in the color of its plots.
+/// One row for each channel, with a piece of the plot's line before each box.
 void DataLogPage::layoutChannels()
 {
     auto* grid = new QGridLayout(&FrameChannel);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page_test.h"
 
+#include <QCoreApplication>
+#include <QScrollBar>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -375,6 +378,18 @@ TEST_F(DataLogPageAcquisitionTest, AStopAndAStartWithinOneYieldBeginANewLogInThe
     EXPECT_EQ(table("select SeqNo from DataMeasure"), "0\n") << "the next recording has a loop of its own";
 }
 
+TEST_F(DataLogPageAcquisitionTest, AStartThatCannotEmptyTheTableHasClearedTheCurvesBefore)
+{
+    record(2);
+    alterDatabase("create trigger broken before delete on DataMeasure begin select raise(fail, 'kept'); end");
+
+    press(page.logStart);
+
+    EXPECT_EQ(processExit.reports.size(), 1);
+    EXPECT_THAT(plotted(1), IsEmpty());
+    EXPECT_TRUE(page.cbPlot[0].enabled()) << "the boxes come later";
+}
+
 TEST_F(DataLogPageAcquisitionTest, TheCycleInProgressRunsToItsEndAfterAStop)
 {
     clock.at(1, [&] { press(page.logStop); });
@@ -393,12 +408,39 @@ TEST_F(DataLogPageAcquisitionTest, TheGridFollowsTheNewestSample)
     EXPECT_EQ(page.DBGrid1.currentIndex().row(), 59);
 }
 
+TEST_F(DataLogPageAcquisitionTest, TheGridNeverScrollsBackInARecording)
+{
+    std::vector<int> places;
+    QObject::connect(page.DBGrid1.verticalScrollBar(), &QScrollBar::valueChanged, &form,
+                     [&](int place) { places.push_back(place); });
+    instrument.onCommand = [this](const QString& query) {
+        QCoreApplication::processEvents();
+        return query == ":FETC:ALLC?" ? currents : voltages;
+    };
+
+    record(60);
+
+    EXPECT_GT(places.size(), 10);
+    EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
+}
+
 TEST_F(DataLogPageAcquisitionTest, TheDataLogTimerNeverTicks)
 {
+    EXPECT_TRUE(page.TimerDataLog.enabled());
     EXPECT_EQ(page.TimerDataLog.interval(), 0);
     instrument.connectedReads = {true};
     clock.advance(5000);
     EXPECT_EQ(instrument.connectedReads.size(), 1);
+}
+
+TEST_F(DataLogPageAcquisitionTest, ATickOfTheDataLogTimerWouldReadTheLinkAndDoNothing)
+{
+    page.TimerDataLog.setInterval(1000);
+    journal.clear();
+
+    clock.advance(1000);
+
+    EXPECT_THAT(journal.lines(), ElementsAre("read IsConnected True"));
 }
 
 } // namespace

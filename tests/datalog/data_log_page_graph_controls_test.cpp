@@ -170,6 +170,17 @@ TEST_F(DataLogPageGraphControlsTest, TheCursorFrameComesToTheFront)
     EXPECT_EQ(page.children().last(), &page.FrameCursor);
 }
 
+TEST_F(DataLogPageGraphControlsTest, TheBoxOfTheLastPlotIsClearedLikeTheOthers)
+{
+    record(2);
+    press(page.optGraphMode[2]);
+    press(page.cbPlot[7]);
+    press(page.cbPlot[0]);
+    EXPECT_EQ(checkedBoxes(), "Ch1 V");
+    press(page.cbPlot[7]);
+    EXPECT_EQ(checkedBoxes(), "Ch4 A");
+}
+
 TEST_F(DataLogPageGraphControlsTest, TheCursorIsPlacedInTheMiddleOfItsOwnAxis)
 {
     record(2);

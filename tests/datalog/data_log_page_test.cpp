@@ -50,6 +50,19 @@ TEST_F(DataLogPageTest, TheBoxesAreDrawnDisabledAndCheckedAndTheInitClearsThem)
     EXPECT_EQ(boxesPlotsAndCursors(), "enabled [] checked [] plots [] cursors []");
 }
 
+TEST_F(DataLogPageTest, ANewPageHasNoLog)
+{
+    const DataLogPage fresh(clock, dialogs, paths, instrument, wsMain, dbMain);
+    EXPECT_FALSE(fresh.bLogRunning);
+    EXPECT_FALSE(fresh.bLogStarted);
+    EXPECT_EQ(fresh.lLogRecNo, 0);
+    EXPECT_EQ(fresh.iLogChannels, 0);
+    EXPECT_EQ(fresh.vLogLastTick, 0);
+    EXPECT_THAT(fresh.adLogSeries, testing::Each(IsEmpty()));
+    EXPECT_TRUE(fresh.optGraphMode[0].value());
+    EXPECT_EQ(fresh.graphLog.TrackMode(), 6);
+}
+
 TEST_F(DataLogPageTest, TheInitEmptiesTheListOfWavesAndTheTimeRanges)
 {
     page.lstWave.addItem("a");
