@@ -90,9 +90,24 @@ TEST_F(CommandPageListTest, AQueryTakesNoValue)
 TEST_F(CommandPageListTest, ADoubleClickOfTheLeftButtonInserts)
 {
     pick(page.lstCommand, ":VOLT");
-    for (const Qt::MouseButton button : {Qt::LeftButton})
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::LeftButton})
         mouse(*page.lstCommand.viewport(), QEvent::MouseButtonDblClick, centerOf(0), button);
     EXPECT_THAT(page.lstCmdPool.items(), ElementsAre(":VOLT?"));
+}
+
+TEST_F(CommandPageListTest, AnEntryPressedAndReleasedElsewhereHasItsLabelsBeforeItIsInserted)
+{
+    form.show();
+    pick(page.lstCommand, ":VOLT");
+    QWidget& rows = *page.lstCommand.viewport();
+    mouse(rows, QEvent::MouseButtonPress, centerOf(2), Qt::LeftButton);
+    mouse(rows, QEvent::MouseMove, QPointF(-40, -40), Qt::LeftButton);
+    mouse(rows, QEvent::MouseButtonRelease, QPointF(-40, -40), Qt::LeftButton);
+
+    press(page.cmdInsert);
+
+    EXPECT_EQ(labels(), "Command::CURR | Description:amperes | Format:<A>");
+    EXPECT_THAT(page.lstCmdPool.items(), ElementsAre(":CURR?"));
 }
 
 TEST_F(CommandPageListTest, TheFirstLineUpAndTheLastLineDownShowTheirMessagesAndTheListStays)
@@ -134,7 +149,7 @@ TEST_F(CommandPageListTest, DeleteRemovesTheSelectedLineAndDoesNothingWithoutOne
     EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
-TEST_F(CommandPageListTest, TheValueIsSelectedWholeWhenItGetsTheFocus)
+TEST_F(CommandPageListTest, TheValueIsSelectedWholeWhenItGetsTheFocusByKeyOrMouse)
 {
     form.show();
     form.activateWindow();
@@ -142,7 +157,14 @@ TEST_F(CommandPageListTest, TheValueIsSelectedWholeWhenItGetsTheFocus)
     page.txtValue.setText("1234");
     page.chkSend.setFocus();
     page.txtValue.setFocus(Qt::OtherFocusReason); // for which Qt selects nothing by itself
-    EXPECT_EQ(page.txtValue.selectedText(), "1234");
+    EXPECT_EQ(page.txtValue.selectedText(), "1234") << "by key";
+
+    page.txtValue.deselect();
+    page.chkSend.setFocus();
+    page.txtValue.setFocus(Qt::MouseFocusReason);
+    mouse(page.txtValue, QEvent::MouseButtonPress, QPointF(8, 8), Qt::LeftButton);
+    mouse(page.txtValue, QEvent::MouseButtonRelease, QPointF(8, 8), Qt::LeftButton);
+    EXPECT_EQ(page.txtValue.selectedText(), "1234") << "by mouse";
 }
 
 TEST_F(CommandPageListTest, AListIsSavedAndOpenedWithItsEmptyLines)
