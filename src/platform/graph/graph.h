@@ -49,10 +49,10 @@ public:
     /// Refuses a number that is no `TrackModes` with 380.
     void setTrackMode(int mode);
 
-    /// The surface around the plot area, on which captions and labels stand; these take a color that can be read on it.
+    /// The surface around the plot area, with the captions and labels; these get a color that can be read on it.
     QColor frameColor() const;
     void setFrameColor(const QColor& color);
-    /// The surface behind the curves. A curve too dark or too light for it gets an edge that sets it off.
+    /// The background of the curves. A curve too dark or too light for it gets an edge in a color that differs from it.
     QColor plotAreaColor() const;
     void setPlotAreaColor(const QColor& color);
 
@@ -60,8 +60,7 @@ public:
     bool elementVisible(const QString& name) const;
     void setElementVisible(const QString& name, bool visible);
 
-    /// The graph as it looks now, wherever the widget is and whether or not it shows: at twice the resolution of the
-    /// screen's 96 dpi at least, so that it is fit for paper.
+    /// A picture of the graph as it is now, whether or not it is on the screen: at 192 dpi at least, for paper.
     QImage ControlImage() const;
 
     /// Paints at once, whatever is queued, if the graph is on the screen.

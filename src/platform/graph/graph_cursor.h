@@ -22,7 +22,7 @@ public:
     const QString& name() const;
 
     bool visible() const;
-    /// A cursor that is shown while it stands outside of the x range in view comes to the middle of it.
+    /// A cursor that is shown while it is outside of the x range in view moves to the middle of that range.
     void setVisible(bool visible);
 
     /// The plot whose samples the cursor follows, or null.

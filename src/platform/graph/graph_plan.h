@@ -8,7 +8,7 @@
 
 namespace orb {
 
-/// The side of the plot area at which an axis stands.
+/// The side of the plot area at which an axis is.
 enum class AxisSide { Bottom, Left, Right };
 
 /// An axis as it is at the start.
@@ -35,8 +35,8 @@ struct GraphPlotPlan {
     bool dashed = false;
 };
 
-/// What a graph is made of. Axes and plots get their numbers, from 1, by their place here. Axis 1 stands at the bottom
-/// and is the x axis of all plots, the others stand left or right.
+/// What a graph is made of. Axes and plots get their numbers, from 1, by their place here. Axis 1 is at the bottom and
+/// is the x axis of all plots, the others are left or right.
 struct GraphPlan {
     std::vector<GraphAxisPlan> axes;
     std::vector<GraphPlotPlan> plots;

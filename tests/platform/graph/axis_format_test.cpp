@@ -55,6 +55,13 @@ TEST(AxisLabelTest, ALabelFollowsEachFormatOfTheTimeAxis)
     EXPECT_EQ(label(2 + time, "dd h:nn", minute), "02 7:04");
     EXPECT_EQ(label(2 + time, "dd h:n", minute), "02 7:4");
     EXPECT_EQ(label(2880, "dd h:nn", 480), "2880 0:00");
+    EXPECT_EQ(label(time, "H:NN", minute), "7:04");
+    EXPECT_EQ(label(time, "hhhh", hour), "0007");
+    EXPECT_EQ(label(time, "hH", hour), "77");
+    EXPECT_EQ(label(time, "n", minute), "424");
+    EXPECT_EQ(label(time, "sss", second), "25445");
+    EXPECT_EQ(label(2 + time, "d, n", minute), "2, 4");
+    EXPECT_EQ(label(time, "T+h'", hour), "T+7'");
 }
 
 TEST(AxisLabelTest, HoursRunOnWhereNoDaysAreNamed)

@@ -45,7 +45,7 @@ TEST(CurveLayerTest, APartlyCoveredPixelIsMixedWithWhatIsUnderIt)
     EXPECT_EQ(image.pixelColor(0, 0), QColor(50, 100, 150));
 }
 
-/// A graph of one curve in red, so that each pixel says how much of it the curve covers.
+/// A graph of one curve in red, so that each pixel shows how much of it the curve covers.
 class OneCurveTest : public testing::Test {
 protected:
     void draw(std::vector<double> values, double increment)

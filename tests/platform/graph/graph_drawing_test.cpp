@@ -48,7 +48,7 @@ void choose(GraphAxis& axis, const TimeLength& length)
         axis.SetMinMax(QString(length.minimum), QString(length.maximum));
 }
 
-/// Whether the labels of the time axis, drawn as they are at its ticks, stand apart and inside of the graph.
+/// Whether the labels of the time axis, drawn as they are at its ticks, are apart from each other and inside of the graph.
 void expectLabelsApart(const Graph& graph)
 {
     const QFontMetricsF metrics(graph.font());

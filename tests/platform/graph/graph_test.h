@@ -27,7 +27,7 @@ inline GraphPlan twoChannels()
     return plan;
 }
 
-/// A graph on the screen, and a hand with a mouse on it.
+/// A graph on the screen, and a mouse over it.
 class GraphTest : public FormTest {
 protected:
     GraphTest()
@@ -86,7 +86,7 @@ protected:
         return all.join(u' ').toStdString();
     }
 
-    /// Hears what `act` throws; 0 for nothing.
+    /// The number of the failure that `act` throws; 0 for none.
     template <typename Act> static int failureOf(Act act)
     {
         try {

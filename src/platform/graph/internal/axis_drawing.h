@@ -24,8 +24,8 @@ public:
     void setHome(double minimum, double maximum);
     /// Sets the range to round values around the data from `lowest` to `highest`.
     void fit(double lowest, double highest);
-    /// Shows another part, as the operator's zoom and pan do. One that can't be told from a point, or is out of all
-    /// proportion to the range last set, changes nothing and gives false.
+    /// Shows another part, as the operator's zoom and pan do. A range too narrow to differ from a point,
+    /// or a million times as wide as the range last set, changes nothing and returns false.
     bool view(double minimum, double maximum);
     /// Back to the range last set.
     void restore();

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
 #include <limits>
+#include <vector>
 
 namespace orb {
 
@@ -70,31 +70,21 @@ double below60(double value)
     return value;
 }
 
-/// The unit that the format names and that comes first by `isBefore`, or null where it names none.
-template <typename Compare> const Unit* firstIn(const QString& format, Compare isBefore)
+/// The units that the format names, the longest first.
+std::vector<const Unit*> unitsIn(const QString& format)
 {
-    const Unit* first = nullptr;
-    for (const QChar letter : format)
-        if (const Unit* unit = unitOf(letter); unit && (!first || isBefore(unit->seconds, first->seconds)))
-            first = unit;
-    return first;
-}
-
-const Unit& shortestIn(const QString& timeFormat)
-{
-    return *firstIn(timeFormat, std::less<>());
-}
-
-const Unit& longestIn(const QString& timeFormat)
-{
-    return *firstIn(timeFormat, std::greater<>());
+    std::vector<const Unit*> named;
+    for (const Unit& unit : units)
+        if (format.contains(unit.letter, Qt::CaseInsensitive))
+            named.push_back(&unit);
+    return named;
 }
 
 /// The format with shorter units added until two labels that are a step apart differ.
 QString refined(QString timeFormat, double stepSeconds)
 {
     for (const Unit& unit : units)
-        if (&unit == &shortestIn(timeFormat) && stepSeconds < static_cast<double>(unit.seconds) * (1 - 1e-9))
+        if (&unit == unitsIn(timeFormat).back() && stepSeconds < static_cast<double>(unit.seconds) * (1 - 1e-9))
             timeFormat += unit.shorter;
     return timeFormat;
 }
@@ -112,6 +102,7 @@ QString timeLabel(double value, const QString& format, double step)
 {
     const double stepSeconds = step * secondsPerDay;
     const QString shown = refined(format, stepSeconds);
+    const Unit* longest = unitsIn(shown).front();
     const qint64 microseconds = std::llround(std::abs(value) * secondsPerDay * microsecondsPerSecond);
     const qint64 seconds = microseconds / microsecondsPerSecond;
     QString label = value < 0 && microseconds > 0 ? QStringLiteral("-") : QString();
@@ -122,7 +113,7 @@ QString timeLabel(double value, const QString& format, double step)
             continue;
         }
         const auto end = std::find_if(letter, shown.end(), [&](QChar other) { return other != *letter; });
-        const qint64 rest = unit == &longestIn(shown) ? seconds : seconds % unit->secondsOfNext;
+        const qint64 rest = unit == longest ? seconds : seconds % unit->secondsOfNext;
         label += QString::number(rest / unit->seconds).rightJustified(end - letter, u'0');
         if (unit->seconds == 1)
             label += fraction(microseconds, stepSeconds);
@@ -153,7 +144,7 @@ QString numberLabel(double value, double step)
 
 bool isTimeFormat(const QString& format)
 {
-    return std::any_of(format.begin(), format.end(), [](QChar letter) { return unitOf(letter); });
+    return !unitsIn(format).empty();
 }
 
 double axisTime(const QString& text)

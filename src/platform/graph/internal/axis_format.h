@@ -16,11 +16,11 @@ bool isTimeFormat(const QString& format);
 /// seconds of 60 and more.
 double axisTime(const QString& text);
 
-/// The label of `value` on an axis whose labels stand `step` apart.
+/// The label of `value` on an axis whose labels are `step` apart.
 ///
 /// In a format, d are days, h hours, n minutes and s seconds, the doubled letter with a leading zero, and anything else
 /// stands for itself; a time is cut, not rounded, to the smallest part named. Hours run past 23 where the format has no
-/// days. Labels closer than that part are told apart by the parts below it: "h:nn" becomes "h:nn:ss" for steps below a
+/// days. Labels closer than that part get the parts below it as well: "h:nn" becomes "h:nn:ss" for steps below a
 /// minute, and "h:nn:ss.00" for steps of a hundredth. A format without time gives plain numbers with the places that
 /// the step asks for.
 QString axisLabel(double value, const QString& format, double step);

@@ -25,7 +25,7 @@ double roundStep(double step, bool time);
 /// the view is as wide, however it was shifted; a round step near to it where it is not.
 AxisScale axisScale(const QCPRange& view, const QCPRange& home, int divisions, bool time);
 
-/// Which labels can stand without touching: 1 for all, 2 for every second, 4 for every fourth and so on. `label` is
+/// Which labels can be drawn without touching: 1 for all, 2 for every second, 4 for every fourth and so on. `label` is
 /// the length of the longest, `step` the distance of two ticks, both in pixels.
 int labelStride(double label, double step);
 

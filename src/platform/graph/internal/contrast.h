@@ -5,7 +5,7 @@
 
 namespace orb {
 
-/// How well two colors can be told apart by their lightness: from 1, not at all, to 21, black on white.
+/// How much two colors differ in lightness: from 1, not at all, to 21, black on white.
 double contrast(const QColor& one, const QColor& other);
 
 /// A color for text that can be read on `ground`: nearly white or nearly black.

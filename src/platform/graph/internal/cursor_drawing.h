@@ -28,11 +28,11 @@ public:
     double xPosition = 0;
     double yPosition = 0;
 
-    /// The value axis on which it stands.
+    /// The value axis of its plot.
     GraphAxis& valueAxis() const;
     void place(double toX, double toY);
     /// Moves to the sample of its plot nearest to `toX`; to `toX` and `toY` themselves where it has no plot or no sample.
-    /// Returns false if it stood there already.
+    /// Returns false if it was there already.
     bool snapTo(double toX, double toY);
 
 protected:

@@ -8,7 +8,7 @@ namespace orb {
 
 namespace {
 
-/// A line to a point this far away looks like one to infinity.
+/// A line to a point this far away can't be distinguished from one to infinity.
 constexpr double farAway = 1e12;
 
 /// Blocks in a column from which on only whole ones are read.

@@ -40,7 +40,7 @@ struct CurveShape {
 CurveShape curveShape(const Curve& curve, const CurveArea& area);
 
 /// The parts of a shape that lie in dashes, where `scale` pixels make one at 96 dpi. The dashes begin at pixel 0 and not
-/// at the curve's first point, so that they stand still while the curve grows. What is steep stays whole: a step between
+/// at the curve's first point, so that they stay where they are while the curve grows. What is steep stays whole: a step between
 /// two dashes must be seen.
 CurveShape dashed(const CurveShape& shape, const CurveArea& area, double scale);
 
