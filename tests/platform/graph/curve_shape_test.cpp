@@ -92,6 +92,15 @@ TEST(CurveShapeTest, AColumnReachesFromItsLowestToItsHighestPointAndToThePointBe
     EXPECT_THAT(shape.lines, IsEmpty());
 }
 
+TEST(CurveShapeTest, AColumnOfManyPointsEndsWithAWholeBlock)
+{
+    const Curve curve = curveOf(noise(100'000));
+    const Columns columns = curveShape(curve, area(100'000)).columns;
+    EXPECT_EQ(columns[0], curve.extent(0, 1024)); // and not 1000, where the second column begins
+    EXPECT_EQ(columns[1], curve.extent(1023, 2048));
+    EXPECT_EQ(columns[99], curve.extent(99'007, 100'000));
+}
+
 TEST(CurveShapeTest, NeighboringColumnsAlwaysMeet)
 {
     for (const double span : {100.5, 150.0, 777.0}) {

@@ -115,6 +115,15 @@ TEST_F(GraphTest, LabelsThatWouldTouchInAFlatGraphAreLeftOut)
     EXPECT_LT(static_cast<double>(labels.size()) * QFontMetricsF(graph.font()).height(), 120);
 }
 
+TEST_F(GraphTest, MinorTicksDivideAMajorStepIntoFive)
+{
+    QVector<double> ticks;
+    QVector<double> minorTicks;
+    graph.axis(2).drawing().generate(QCPRange(0, 12), QLocale::c(), u'g', 6, ticks, &minorTicks, nullptr);
+    EXPECT_THAT(ticks, ElementsAre(0, 5, 10));
+    EXPECT_THAT(minorTicks, ElementsAre(1, 2, 3, 4, 6, 7, 8, 9, 11, 12));
+}
+
 /// How many pixels of the plot area are of that color, or near to it.
 int pixelsOf(const QImage& image, const QColor& color)
 {
@@ -181,6 +190,25 @@ TEST_F(GraphTest, OnlyVisiblePlotsAreDrawn)
     graph.plot(4).setVisible(false);
     EXPECT_EQ(pixelsOf(graph.ControlImage(), QColor(0, 0, 255)), 0);
     EXPECT_GT(pixelsOf(graph.ControlImage(), QColor(0, 255, 0)), 500);
+}
+
+TEST_F(GraphTest, OnlyALineThatNeedsItHasAnEdge)
+{
+    const auto edgePixels = [&](const std::vector<double>& values) {
+        graph.plot(1).PlotY(values, "0:00", 1.0 / 24 / static_cast<double>(values.size()));
+        graph.plot(3).PlotY(values, "0:00", 1.0 / 24 / static_cast<double>(values.size()));
+        graph.plot(1).setVisible(false);
+        graph.plot(3).setVisible(true);
+        const int blue = pixelsOf(graph.ControlImage(), edgeFor(QColor(0, 0, 255), graph.plotAreaColor()));
+        graph.plot(1).setVisible(true);
+        graph.plot(3).setVisible(false);
+        const int green = pixelsOf(graph.ControlImage(), mixed(QColor(0, 255, 0), textOn(graph.plotAreaColor()), 0.6));
+        return std::pair(blue, green);
+    };
+    for (const std::vector<double>& values : {std::vector<double>(100, 15.0), std::vector<double>(10'000, 15.0)}) {
+        EXPECT_GT(edgePixels(values).first, 1000) << values.size();
+        EXPECT_EQ(edgePixels(values).second, 0) << values.size();
+    }
 }
 
 TEST_F(GraphTest, TheDrawingHasTheColorsThatAreSet)

@@ -17,7 +17,7 @@ void RepaintQueue::setAsleep(bool asleep)
     asleep_ = asleep;
     if (asleep)
         timer_.stop();
-    else if (wanted_)
+    else
         start();
 }
 
@@ -32,7 +32,6 @@ void RepaintQueue::paintNow()
 
 void RepaintQueue::ask(bool everything)
 {
-    wanted_ = true;
     everything_ = everything_ || everything;
     if (!asleep_)
         start();
@@ -47,7 +46,6 @@ void RepaintQueue::start()
 void RepaintQueue::paint()
 {
     sinceLast_.start();
-    wanted_ = false;
     repaint_(std::exchange(everything_, false));
 }
 

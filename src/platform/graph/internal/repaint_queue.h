@@ -23,7 +23,7 @@ public:
 
     void ask() { ask(true); }
     void askOverlay() { ask(false); }
-    /// While asleep nothing is painted; the requests are kept until it wakes.
+    /// While asleep nothing is painted; what was requested meanwhile is painted when it wakes.
     void setAsleep(bool asleep);
     /// Paints everything at once. Does nothing while asleep.
     void paintNow();
@@ -37,7 +37,6 @@ private:
     QElapsedTimer sinceLast_;
     QTimer timer_;
     bool asleep_ = true;
-    bool wanted_ = false;
     bool everything_ = false;
 };
 
