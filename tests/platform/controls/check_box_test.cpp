@@ -49,4 +49,18 @@ TEST_F(CheckBoxTest, AnOptionDeselectsItsSiblings)
     EXPECT_THAT(ran, ElementsAre("zoom", "pan", "zoom"));
 }
 
+TEST_F(CheckBoxTest, AGrayedBoxHasTwoStatesForTheOperator)
+{
+    CheckBox box;
+    put(box).setValue(CheckBox::Grayed);
+    EXPECT_EQ(box.value(), CheckBox::Grayed);
+
+    press(box);
+    EXPECT_EQ(box.value(), CheckBox::Checked);
+    press(box);
+    EXPECT_EQ(box.value(), CheckBox::Unchecked);
+    press(box);
+    EXPECT_EQ(box.value(), CheckBox::Checked);
+}
+
 } // namespace

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 using namespace orb;
+using testing::ElementsAre;
 
 namespace {
 
@@ -65,6 +66,97 @@ TEST_F(ComboBoxTest, ADropDownListRefusesATextThatIsNoItem)
     ComboBox combo(ComboBox::Kind::DropDownList);
     combo.addItem("5m");
     EXPECT_EQ(failureOf([&] { combo.setText("2Day"); }), failure::InvalidPropertyValue);
+}
+
+TEST_F(ComboBoxTest, ASelectionOfTheOperatorRunsTheHandlerOnce)
+{
+    int clicks = 0;
+    ComboBox combo(ComboBox::Kind::DropDownList);
+    put(combo).addItems({"5m", "1h"});
+    combo.onClick = [&] { ++clicks; };
+
+    pick(combo, "1h");
+
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.listIndex(), 1);
+    EXPECT_EQ(combo.list(1), "1h");
+    EXPECT_EQ(combo.listCount(), 2);
+}
+
+TEST_F(ComboBoxTest, AnIndexAssignedRunsTheHandlerAndShowsItsItemInBothKinds)
+{
+    for (const auto kind : {ComboBox::Kind::DropDown, ComboBox::Kind::DropDownList}) {
+        QStringList shown;
+        ComboBox combo(kind);
+        combo.addItems({"a", "b"});
+        combo.onClick = [&] { shown << combo.text(); };
+
+        combo.setListIndex(1);
+        combo.setListIndex(1);
+        combo.setListIndex(0);
+        combo.setListIndex(-1);
+
+        EXPECT_THAT(shown, ElementsAre("b", "a", ""));
+    }
+}
+
+TEST_F(ComboBoxTest, RemovingTheSelectedItemLeavesNoSelectionAndRemovingAnotherKeepsIt)
+{
+    for (const auto kind : {ComboBox::Kind::DropDown, ComboBox::Kind::DropDownList}) {
+        ComboBox combo(kind);
+        combo.addItems({"a", "b", "c"});
+        combo.setListIndex(1);
+
+        combo.removeItem(0);
+        EXPECT_EQ(combo.text(), "b");
+        EXPECT_EQ(combo.listIndex(), 0);
+        combo.removeItem(0);
+        EXPECT_EQ(combo.listIndex(), -1);
+        EXPECT_EQ(combo.text(), "");
+        EXPECT_EQ(failureOf([&] { combo.removeItem(1); }), failure::InvalidPropertyValue);
+    }
+}
+
+TEST_F(ComboBoxTest, TypedTextSurvivesANewItemAndIsNotCompleted)
+{
+    ComboBox combo;
+    put(combo).addItem("P01");
+    type(*combo.lineEdit(), "P0");
+    EXPECT_EQ(combo.text(), "P0");
+
+    combo.addItem("P02");
+    EXPECT_EQ(combo.text(), "P0");
+    EXPECT_EQ(combo.listIndex(), -1);
+}
+
+TEST_F(ComboBoxTest, TypingRunsTheChangeHandlerAndAnAssignmentDoesNot)
+{
+    QStringList typed;
+    ComboBox combo;
+    put(combo).addItem("P01");
+    combo.onChange = [&] { typed << combo.text(); };
+
+    combo.setText("other");
+    combo.setListIndex(0);
+    combo.lineEdit()->selectAll();
+    type(*combo.lineEdit(), "ab");
+
+    EXPECT_THAT(typed, ElementsAre("a", "ab"));
+}
+
+TEST_F(ComboBoxTest, ClearingEmptiesListAndTextAndRunsNoHandler)
+{
+    int clicks = 0;
+    ComboBox combo;
+    combo.addItem("a");
+    combo.setListIndex(0);
+    combo.onClick = [&] { ++clicks; };
+
+    combo.clear();
+
+    EXPECT_EQ(combo.listCount(), 0);
+    EXPECT_EQ(combo.text(), "");
+    EXPECT_EQ(clicks, 0);
 }
 
 } // namespace

@@ -20,4 +20,27 @@ TEST_F(FormTest, AFormRunsItsHandlersWhenItIsActivatedAndClosedByItsFrame)
     EXPECT_THAT(events, ElementsAre("active", "unload"));
 }
 
+TEST_F(FormTest, AClosedFormIsHiddenAndAnotherSizeRunsItsHandler)
+{
+    int resizes = 0;
+    form.onResize = [&] { ++resizes; };
+    form.show();
+    resizes = 0;
+
+    form.setWidthTwips(9525);
+    form.setHeightTwips(8000);
+    EXPECT_EQ(resizes, 2);
+    EXPECT_EQ(form.size(), QSize(635, 533));
+
+    EXPECT_TRUE(form.close());
+    EXPECT_FALSE(form.visible());
+}
+
+TEST_F(FormTest, TheCaptionIsTheWindowsTitle)
+{
+    form.setCaption("ZN ORB Device");
+    EXPECT_EQ(form.windowTitle(), "ZN ORB Device");
+    EXPECT_EQ(form.caption(), "ZN ORB Device");
+}
+
 } // namespace

@@ -3,6 +3,7 @@
 #include "image.h"
 
 #include <QMouseEvent>
+#include <QTemporaryDir>
 
 using namespace orb;
 using testing::ElementsAre;
@@ -23,6 +24,75 @@ TEST_F(ImageTest, AMousePressOnAnImageIsGivenInTwips)
     QCoreApplication::sendEvent(&image, &down);
 
     EXPECT_THAT(at, ElementsAre(105.0F, 45.0F));
+}
+
+TEST_F(ImageTest, EachMouseEventRunsItsOwnHandlerAlsoAMoveWithoutAButton)
+{
+    QStringList events;
+    Image image;
+    put(image).resizeTwips(300, 300);
+    const auto record = [&](const QString& name) {
+        return [&events, name](float x, float y) { events << QString("%1 %2 %3").arg(name).arg(x).arg(y); };
+    };
+    image.onMouseDown = record("down");
+    image.onMouseMove = record("move");
+    image.onMouseUp = record("up");
+    EXPECT_TRUE(image.hasMouseTracking());
+
+    mouse(image, QEvent::MouseButtonPress, QPointF(1, 2));
+    mouse(image, QEvent::MouseMove, QPointF(2, 2));
+    mouse(image, QEvent::MouseButtonRelease, QPointF(3, 2));
+
+    EXPECT_THAT(events, ElementsAre("down 15 30", "move 30 30", "up 45 30"));
+}
+
+TEST_F(ImageTest, APictureIsStretchedToTheControl)
+{
+    const QTemporaryDir folder;
+    QImage red(2, 2, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(folder.filePath("red.png")));
+    Image image;
+    image.resize(40, 30);
+
+    image.setPicture(folder.filePath("red.png"));
+    EXPECT_EQ(image.picture(), folder.filePath("red.png"));
+    const QImage shown = image.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(shown.pixelColor(39, 29), QColor(Qt::red));
+
+    image.setPicture("");
+    EXPECT_TRUE(image.pixmap().isNull());
+}
+
+TEST_F(ImageTest, APictureOfAnotherControlHasNoPath)
+{
+    const QTemporaryDir folder;
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(folder.filePath("red.png")));
+    Image image;
+    image.setPicture(folder.filePath("red.png"));
+
+    image.setPixmap(QPixmap(3, 3));
+
+    EXPECT_EQ(image.picture(), "");
+    EXPECT_EQ(image.pixmap().size(), QSize(3, 3));
+}
+
+TEST_F(ImageTest, AFileThatHoldsNoPictureLeavesTheOneThatIsShown)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("other.jpg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no picture");
+    file.close();
+    Image image;
+    image.setPixmap(QPixmap(3, 3));
+
+    EXPECT_EQ(failureOf([&] { image.setPicture(folder.filePath("other.jpg")); }), failure::InvalidPicture);
+    EXPECT_EQ(failureOf([&] { image.setPicture(folder.filePath("none.jpg")); }), failure::FileNotFound);
+    EXPECT_EQ(image.pixmap().size(), QSize(3, 3));
 }
 
 } // namespace

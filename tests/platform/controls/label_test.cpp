@@ -16,4 +16,25 @@ TEST_F(LabelTest, AProgressBarRefusesAValueOutsideOfItsRange)
     EXPECT_EQ(bar.value(), 12);
 }
 
+TEST_F(LabelTest, ACaptionIsShownAsPlainText)
+{
+    Label label("<b>Command:</b>");
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_EQ(label.caption(), "<b>Command:</b>");
+    label.setCaption("Format:");
+    EXPECT_EQ(label.text(), "Format:");
+}
+
+TEST_F(LabelTest, AMouseMoveOverAFrameRunsItsHandler)
+{
+    int moves = 0;
+    Frame frame("Display");
+    put(frame).onMouseMove = [&] { ++moves; };
+
+    mouse(frame, QEvent::MouseMove, QPointF(3, 3), Qt::NoButton);
+
+    EXPECT_EQ(moves, 1);
+    EXPECT_EQ(frame.caption(), "Display");
+}
+
 } // namespace

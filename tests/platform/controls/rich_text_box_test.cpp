@@ -2,6 +2,9 @@
 #include "control_fixture.h"
 #include "rich_text_box.h"
 
+#include <QScrollBar>
+#include <QTemporaryDir>
+
 using namespace orb;
 
 namespace {
@@ -27,6 +30,51 @@ TEST_F(RichTextBoxTest, RichTextEscapesWhatItsFormGivesAMeaning)
     EXPECT_EQ(
         richText(QStringLiteral("a\\{b}\r\nÄ")),
         "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\fmodern Courier New;}}\r\n\\f0\\fs20 a\\\\\\{b\\}\\par\r\n\\u196?}\r\n");
+}
+
+TEST_F(RichTextBoxTest, TheCaretMovesToTheEndAndTheEndIsShown)
+{
+    RichTextBox box;
+    put(box).resize(100, 60);
+    form.show();
+    for (int i = 0; i < 100; ++i)
+        box.appendText("line\r\n");
+    EXPECT_EQ(box.textCursor().position(), 0);
+
+    box.moveCaretToEnd();
+
+    EXPECT_TRUE(box.textCursor().atEnd());
+    EXPECT_EQ(box.verticalScrollBar()->value(), box.verticalScrollBar()->maximum());
+}
+
+TEST_F(RichTextBoxTest, TheFileIsTheTextInItsRichTextForm)
+{
+    const QTemporaryDir folder;
+    RichTextBox box;
+    box.setText("a\r\nb");
+
+    box.saveFile(folder.filePath("log.cmd"));
+
+    QFile file(folder.filePath("log.cmd"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), richText("a\r\nb"));
+}
+
+TEST_F(RichTextBoxTest, TheOperatorReadsTheTextAndCannotChangeIt)
+{
+    RichTextBox box;
+    box.setText("a");
+    type(box, "b");
+    EXPECT_EQ(box.toPlainText(), "a");
+    EXPECT_EQ(box.text(), "a");
+}
+
+TEST_F(RichTextBoxTest, RichTextIsAsciiAlone)
+{
+    EXPECT_TRUE(richText("\t~").contains("\t~"));
+    EXPECT_TRUE(richText(QString(QChar(0x80))).contains("\\u128?"));
+    EXPECT_TRUE(richText(QString(QChar(0xFFFD))).contains("\\u-3?"));
+    EXPECT_FALSE(richText(QString(QChar(1))).contains('\1'));
 }
 
 } // namespace
