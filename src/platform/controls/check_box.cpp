@@ -30,10 +30,14 @@ void CheckBox::setValue(int value)
     {
         const QSignalBlocker quiet(this);
         setCheckState(value == Checked ? Qt::Checked : value == Grayed ? Qt::PartiallyChecked : Qt::Unchecked);
-        setTristate(false); // for the operator the box has two states
     }
     if (onClick)
         onClick();
+}
+
+void CheckBox::nextCheckState()
+{
+    setCheckState(value() == Unchecked ? Qt::Checked : Qt::Unchecked);
 }
 
 OptionButton::OptionButton(const QString& caption, QWidget* parent) : Control<QRadioButton>(caption, parent)

@@ -22,6 +22,10 @@ public:
     Value value() const;
     /// Runs `onClick` inside the assignment when the value changes. Throws `RuntimeFailure` 380 outside of 0 to 2.
     void setValue(int value);
+
+protected:
+    /// For the operator the box has two states: a press unchecks a grayed one.
+    void nextCheckState() override;
 };
 
 /// One of several in the same container, of which at most one is selected.

@@ -26,7 +26,10 @@ public:
     /// The mouse moved over the frame itself, with no button down.
     std::function<void()> onMouseMove;
 
-    explicit Frame(const QString& caption = {}, QWidget* parent = nullptr) : Control<QGroupBox>(caption, parent) {}
+    explicit Frame(const QString& caption = {}, QWidget* parent = nullptr) : Control<QGroupBox>(caption, parent)
+    {
+        setMouseTracking(true); // Qt delivers no move without a button otherwise
+    }
 
     QString caption() const { return title(); }
     void setCaption(const QString& caption) { setTitle(caption); }

@@ -2,7 +2,6 @@
 #include "control_fixture.h"
 #include "rich_text_box.h"
 
-#include <QScrollBar>
 #include <QTemporaryDir>
 
 using namespace orb;
@@ -39,12 +38,12 @@ TEST_F(RichTextBoxTest, TheCaretMovesToTheEndAndTheEndIsShown)
     form.show();
     for (int i = 0; i < 100; ++i)
         box.appendText("line\r\n");
-    EXPECT_EQ(box.textCursor().position(), 0);
+    box.moveCursor(QTextCursor::Start);
 
     box.moveCaretToEnd();
 
     EXPECT_TRUE(box.textCursor().atEnd());
-    EXPECT_EQ(box.verticalScrollBar()->value(), box.verticalScrollBar()->maximum());
+    EXPECT_TRUE(box.viewport()->rect().intersects(box.cursorRect()));
 }
 
 TEST_F(RichTextBoxTest, TheFileIsTheTextInItsRichTextForm)
