@@ -20,6 +20,8 @@
 
 namespace orb {
 
+struct HighestValues;
+
 /// The page that records the current and the voltage of every channel about once a second, and plots, shows, saves and
 /// exports the current log: the rows of the table `DataMeasure`.
 class DataLogPage final : public Frame {
@@ -131,9 +133,10 @@ private:
     QString askAgain(const QString& query);
     void waitOutTheSecond();
 
-    void readSeries();
+    HighestValues readSeries();
     void plotSeries();
-    void scaleValueAxes();
+    void scaleValueAxes(const HighestValues& read);
+    HighestValues queryHighest() const;
 
     void saveLog();
     QString nextLogID() const;

@@ -2,30 +2,12 @@
 #include "data_log_page.h"
 #include "graph_log.h"
 #include "refresh_plan.h"
+#include "text_maximum.h"
 #include "wait_pointer.h"
 
 namespace orb {
 
 namespace {
-
-struct Extremes {
-    double highestPVal = -1000000000;
-    double lowestPVal = 1000000000;
-    double highestSVal = -1000000000;
-    double lowestSVal = 1000000000;
-};
-
-/// `extreme` or the value of the field, whichever `pick` prefers; a field without a value changes nothing.
-double withField(double extreme, const Field& field, const double& (*pick)(const double&, const double&))
-{
-    return field.isNull() ? extreme : pick(extreme, field.toDouble());
-}
-
-/// A column without a value, of a channel that the instrument did not report, is drawn as zero.
-double seriesValue(const Field& field)
-{
-    return field.isNull() ? 0.0 : field.toDouble();
-}
 
 QString selectOf(const std::vector<SeriesColumn>& columns)
 {
@@ -33,6 +15,16 @@ QString selectOf(const std::vector<SeriesColumn>& columns)
     for (const SeriesColumn& column : columns)
         names << column.column;
     return QStringLiteral("select ") + names.join(QLatin1Char(',')) + QStringLiteral(" from DataMeasure");
+}
+
+HighestValues highestOf(const std::vector<SeriesColumn>& columns, const std::vector<TextMaximum>& maxima)
+{
+    HighestValues highest;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        double& value = columns[i].isCurrent() ? highest.PVal : highest.SVal;
+        value = std::max(value, maxima[i].number().value_or(value));
+    }
+    return highest;
 }
 
 /// After the last row, where a walk over the rows ends.
@@ -52,32 +44,34 @@ void DataLogPage::logRefreshClick()
         clearChannel(channel);
     rebindDataLog();
     lLogRecNo = static_cast<std::int32_t>(DataLog.recordset().recordCount());
-    readSeries();
+    const HighestValues read = readSeries();
     moveToEnd(DataLog.recordset());
     plotSeries();
     for (int channel = 0; channel < iLogChannels; ++channel)
         showChannel(channel);
     optGraphMode[0].setValue(true);
-    scaleValueAxes();
+    scaleValueAxes(read);
 }
 
 /// Each series is one element longer than the table, and that element stays 0: a refreshed curve falls to zero one
-/// second after its last sample.
-void DataLogPage::readSeries()
+/// second after its last sample. The result is the highest values of the columns that are read.
+HighestValues DataLogPage::readSeries()
 {
     for (auto& series : adLogSeries)
         series.assign(static_cast<std::size_t>(lLogRecNo) + 1, 0.0);
     const auto columns = refreshColumns(iLogChannels);
     if (columns.empty())
-        return;
+        return {};
+    std::vector<TextMaximum> maxima(columns.size());
     const auto rows = dbMain_.openRecordset(selectOf(columns));
-    std::vector<std::pair<Field, double*>> targets;
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        targets.emplace_back(rows->field(static_cast<int>(i)),
-                             adLogSeries.at(static_cast<std::size_t>(columns[i].series)).data());
-    for (std::int32_t r = 0; r < lLogRecNo && !rows->isEof(); ++r, rows->moveNext())
-        for (const auto& [field, series] : targets)
-            series[r] = seriesValue(field);
+    for (std::int32_t r = 0; r < lLogRecNo && !rows->isEof(); ++r, rows->moveNext()) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const FieldValue value = rows->value(static_cast<int>(i));
+            adLogSeries[columns[i].series][r] = numberOf(value, 0); // Null is drawn as zero
+            maxima[i].append(value);
+        }
+    }
+    return highestOf(columns, maxima);
 }
 
 void DataLogPage::plotSeries()
@@ -89,25 +83,31 @@ void DataLogPage::plotSeries()
 }
 
 /// Sets the value axes whose combos are at "Default". Here `PVal` scales the axis of the voltage and `SVal` that of the
-/// current, as a refresh plots them.
-void DataLogPage::scaleValueAxes()
+/// current, as a refresh plots them. Every axis starts at zero, so the lowest values are of no use.
+void DataLogPage::scaleValueAxes(const HighestValues& read)
 {
     constexpr std::int16_t channelsWithoutALog = 7;
     if (iLogChannels == 0)
         iLogChannels = channelsWithoutALog;
-    Extremes extremes;
-    const auto rows = dbMain_.openRecordset(extremesSelect(iLogChannels));
-    for (int n = 1; n <= iLogChannels && !rows->isEof(); ++n) {
-        extremes.highestPVal = withField(extremes.highestPVal, rows->field(4 * n - 4), std::max);
-        extremes.lowestPVal = withField(extremes.lowestPVal, rows->field(4 * n - 3), std::min);
-        extremes.highestSVal = withField(extremes.highestSVal, rows->field(4 * n - 2), std::max);
-        extremes.lowestSVal = withField(extremes.lowestSVal, rows->field(4 * n - 1), std::min);
-    }
-    // The two lowest values are not used: every axis starts at zero.
+    const HighestValues highest = readsEveryChannel(iLogChannels) ? read : queryHighest();
     if (cmbYVoltage.listIndex() == 0)
-        graphLog.axis(2).SetMinMax(0, decadeAbove(extremes.highestPVal));
+        graphLog.axis(2).SetMinMax(0, decadeAbove(highest.PVal));
     if (cmbYCurrent.listIndex() == 0)
-        graphLog.axis(3).SetMinMax(0, decadeAbove(extremes.highestSVal));
+        graphLog.axis(3).SetMinMax(0, decadeAbove(highest.SVal));
+}
+
+/// The highest values of all channels by a query of its own, for a log of which a refresh does not read every column.
+HighestValues DataLogPage::queryHighest() const
+{
+    HighestValues highest;
+    const auto rows = dbMain_.openRecordset(extremesSelect(iLogChannels));
+    for (int n = 1; n <= iLogChannels; ++n) {
+        for (int lowest : {4 * n - 3, 4 * n - 1})
+            numberOf(rows->value(lowest), 0); // a lowest text that is no number fails, though it is not used
+        highest.PVal = std::max(highest.PVal, numberOf(rows->value(4 * n - 4), highest.PVal));
+        highest.SVal = std::max(highest.SVal, numberOf(rows->value(4 * n - 2), highest.SVal));
+    }
+    return highest;
 }
 
 } // namespace orb

@@ -23,11 +23,20 @@ TEST(RefreshPlanTest, TheColumnsReadForEachChannelCountHaveTheirGaps)
     EXPECT_EQ(plan(4), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 SVal1>1 SVal2>3 SVal3>5 SVal4>7");
     EXPECT_EQ(plan(5), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9");
     EXPECT_EQ(plan(6), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
-                       "SVal6>11 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 SVal6>11");
+                       "SVal6>11");
     EXPECT_EQ(plan(7), "PVal1>0 PVal2>2 PVal3>4 PVal4>6 PVal5>8 PVal6>10 SVal1>1 SVal2>3 SVal3>5 SVal4>7 SVal5>9 "
                        "SVal6>11 SVal7>13 SVal8>15");
     for (int none : {-1, 0, 8, 9})
         EXPECT_EQ(plan(none), "") << none;
+}
+
+TEST(RefreshPlanTest, OneToSixChannelsAreReadCompletely)
+{
+    std::vector<int> complete;
+    for (int channels = -1; channels <= 9; ++channels)
+        if (readsEveryChannel(channels))
+            complete.push_back(channels);
+    EXPECT_THAT(complete, testing::ElementsAre(1, 2, 3, 4, 5, 6));
 }
 
 TEST(RefreshPlanTest, AHighestValueThatIsAPowerOfTenTakesTheDecadeOfTheRepeatedMultiplication)

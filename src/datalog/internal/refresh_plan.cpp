@@ -28,9 +28,12 @@ std::vector<SeriesColumn> refreshColumns(int channels)
         return columns;
     addCurrents(columns, std::min(channels, 6));
     addVoltages(columns, channels == 7 ? 8 : channels);
-    if (channels == 6)
-        addVoltages(columns, 6);
     return columns;
+}
+
+bool readsEveryChannel(int channels)
+{
+    return channels >= 1 && channels <= 6;
 }
 
 QString extremesSelect(int channels)

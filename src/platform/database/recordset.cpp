@@ -43,6 +43,21 @@ QString textOf(const FieldValue& value)
     return {};
 }
 
+double numberOf(const FieldValue& value, double ifNull)
+{
+    switch (value.type) {
+    case FieldType::Text:
+        return numberOf(value.text);
+    case FieldType::Integer:
+        return static_cast<double>(value.integer);
+    case FieldType::Real:
+        return value.real;
+    case FieldType::Null:
+        break;
+    }
+    return ifNull;
+}
+
 FieldValue Field::valueOrFail() const
 {
     const FieldValue value = recordset_.value(column_);
@@ -68,10 +83,7 @@ QString Field::textOrEmpty() const
 
 double Field::toDouble() const
 {
-    const FieldValue value = valueOrFail();
-    if (value.type == FieldType::Text)
-        return numberOf(value.text);
-    return value.type == FieldType::Real ? value.real : static_cast<double>(value.integer);
+    return numberOf(valueOrFail(), 0);
 }
 
 Field Recordset::field(int column) const

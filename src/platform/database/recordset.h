@@ -22,6 +22,10 @@ struct FieldValue {
 /// The value as text, a number in its ordinary decimal form (15.0 gives "15"); empty for Null.
 QString textOf(const FieldValue& value);
 
+/// The value as a number, a text by conversion, `ifNull` for Null. Throws 13 for a text that is no number, 6 for one that
+/// is too large.
+double numberOf(const FieldValue& value, double ifNull);
+
 class Recordset;
 
 /// One field of a recordset, always of its current row, so that a loop can look it up once. Every read throws
