@@ -292,6 +292,14 @@ TEST_F(AnswerBookTest, AQueryForTheIdentityIsToldFromTheMarker)
     EXPECT_EQ(seen(), "c");
 }
 
+TEST_F(AnswerBookTest, AQueryForTheIdentityThatIsAnsweredMakesTheMarkerNoLonger)
+{
+    ask("*IDN?");
+    ask("lost?", 1);
+    come(identity);
+    EXPECT_EQ(ask("b?", 2000), "*IDN?");
+}
+
 TEST_F(AnswerBookTest, AMarkerGoesOutBeforeAQueryForTheIdentityWhereAnotherIsUnanswered)
 {
     EXPECT_EQ(ask("*IDN?"), "");

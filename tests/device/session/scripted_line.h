@@ -27,7 +27,7 @@ struct ScriptedLine {
 
     /// Bytes arrive `ms` from now.
     void say(const QByteArray& bytes, int ms = 0) { arrivals.emplace(clock.elapsed() + ms, bytes); }
-    /// The peer closes the link `ms` from now, behind what arrives until then.
+    /// The remote end closes the link `ms` from now, after what arrives until then.
     void close(int ms = 0) { closesAt = clock.elapsed() + ms; }
 
     std::multimap<qint64, QByteArray> arrivals;
