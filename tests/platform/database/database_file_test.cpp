@@ -181,7 +181,13 @@ TEST_F(DatabaseFileTest, AFileThatIsDamagedInTheMiddleFailsWhereItIsRead)
     write(bytes);
 
     database = workspace.openDatabase(path);
-    EXPECT_EQ(failureIn([&] { rows("select * from DataMeasure"); }), "3049: database disk image is malformed");
+    const auto record = database.openRecordset("select * from DataMeasure");
+    const auto walk = [&] {
+        while (!record->isEof())
+            record->moveNext();
+    };
+    EXPECT_EQ(failureIn(walk), "3049: database disk image is malformed");
+    EXPECT_TRUE(record->isEof());
 }
 
 } // namespace

@@ -180,6 +180,15 @@ TEST_F(DatabaseTest, ADatabaseThatWasOpenedTwiceStaysOpenForTheOther)
     EXPECT_TRUE(second.isOpen());
 }
 
+TEST_F(DatabaseTest, AnotherPathIsAnotherDatabase)
+{
+    const QString copy = folder.filePath("copy.mdb");
+    OtherProgram(copy).run("create table x(y)");
+    const Database second = workspace.openDatabase(copy);
+    second.execute("insert into x values(1)");
+    EXPECT_EQ(failureIn([&] { database.execute("insert into x values(1)"); }), "3075: no such table: x");
+}
+
 TEST_F(DatabaseTest, EveryStatementIsWrittenThroughToTheDisk)
 {
     const auto setting = [&](const char* name) {
@@ -190,6 +199,8 @@ TEST_F(DatabaseTest, EveryStatementIsWrittenThroughToTheDisk)
     EXPECT_EQ(setting("journal_mode"), "wal");
     EXPECT_EQ(setting("synchronous"), "2"); // FULL
     EXPECT_EQ(setting("busy_timeout"), "500");
+    EXPECT_EQ(setting("journal_size_limit"), "16777216");
+    EXPECT_EQ(setting("secure_delete"), "0");
 }
 
 TEST_F(DatabaseTest, AValueLongerThanAMillionBytesIsRefused)

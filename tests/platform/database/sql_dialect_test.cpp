@@ -132,14 +132,14 @@ TEST(SqlDialectTest, NoSecondStatementIsEverLetThrough)
     sqlite3* database = nullptr;
     ASSERT_EQ(sqlite3_open(":memory:", &database), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(database, "create table t(a,b)", nullptr, nullptr, nullptr), SQLITE_OK);
-    const std::vector<std::string> words{"1.20", "-", "'", "\"",     "--",     "/*",    "*/", "\n",
-                                         "[",    "]", "`", "'x'",    "a",      "\"y\"", ".5", "e",
-                                         ",",    ";", ")", "delete", "from t", "*",     "("};
+    const std::vector<std::string> tokens{"1.20", "-", "'", "\"",     "--",     "/*",    "*/", "\n",
+                                          "[",    "]", "`", "'x'",    "a",      "\"y\"", ".5", "e",
+                                          ",",    ";", ")", "delete", "from t", "*",     "("};
     std::mt19937 random(8);
     const auto answer = [&] { // of a faulty instrument
         std::string text;
         for (auto length = 1 + random() % 3; length > 0; --length)
-            text += words[random() % words.size()] + (random() % 2 ? " " : "");
+            text += tokens[random() % tokens.size()] + (random() % 2 ? " " : "");
         return text;
     };
     int prepared = 0;

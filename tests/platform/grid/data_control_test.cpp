@@ -73,7 +73,7 @@ TEST_F(DataControlTest, ALogThatWasCopiedIntoAnEmptiedTableIsCountedOnce)
     database.execute("delete * from DataMeasure");
     addSamples(50'000);
 
-    EXPECT_EQ(rowsReadByRefresh(), 50'000); // SQLite's counters do not tell how many rows were there between
+    EXPECT_EQ(rowsReadByRefresh(), 50'000); // SQLite's counters leave open how many rows there are now
     EXPECT_EQ(rowsReadByRefresh(), 0);
 
     EXPECT_EQ(DataLog.rowCount(), 50'000);

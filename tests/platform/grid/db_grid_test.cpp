@@ -259,6 +259,37 @@ TEST_F(DBGridTest, ACopyIsThatOfTheCurrentRow)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "2\t2024/01/31 10:15:09\t2.50\t");
 }
 
+TEST_F(DBGridTest, ACopyWithoutACurrentRowLeavesTheClipboard)
+{
+    show(0);
+    QGuiApplication::clipboard()->setText("before");
+    press(Qt::Key_C, Qt::ControlModifier, QString(QChar(3)));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
+}
+
+TEST_F(DBGridTest, ARefreshRepaintsTheRowsInView)
+{
+    show(3);
+    int repainted = 0;
+    QObject::connect(DBGrid1.model(), &QAbstractItemModel::dataChanged,
+                     [&](const QModelIndex& first, const QModelIndex& last) {
+                         EXPECT_EQ(first, DBGrid1.model()->index(0, 0));
+                         EXPECT_EQ(last, DBGrid1.model()->index(2, 3));
+                         ++repainted;
+                     });
+    database.execute("update DataMeasure set PVal1='7'");
+    show(0);
+    EXPECT_EQ(repainted, 1);
+}
+
+TEST_F(DBGridTest, ARefreshBringsTheCurrentRowBackIntoView)
+{
+    show(1000);
+    DBGrid1.verticalScrollBar()->setValue(500);
+    show(0);
+    EXPECT_EQ(firstVisibleRow(), 0);
+}
+
 TEST_F(DBGridTest, TheGridAndTheDataControlMayBeDestroyedInEitherOrder)
 {
     DBGrid grid(&form);
