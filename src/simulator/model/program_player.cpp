@@ -102,14 +102,12 @@ void ProgramPlayer::switchOn(double seconds, Mainframe& mainframe)
     const bool shorts = current().shortSeconds > 0 && current().shortChannels != 0;
     if (shorts)
         shortEnds_ = std::min(seconds + current().shortSeconds, phaseEnds_);
-    for (int number = 1; number <= mainframe.channelCount(); ++number) {
-        if (!takesPart(number))
-            continue;
+    forEachChannel([&](int number) {
         LoadChannel& channel = mainframe.change(number);
         channel.switchOn();
         if (shorts && (current().shortChannels >> (number - 1) & 1U) != 0 && channel.inputOn())
             channel.setShort(true);
-    }
+    });
     dropChannelsThatWentOff(mainframe);
 }
 
@@ -117,19 +115,13 @@ void ProgramPlayer::switchOff(Mainframe& mainframe)
 {
     shortEnds_ = never;
     judgedAt_ = never;
-    for (int number = 1; number <= mainframe.channelCount(); ++number) {
-        if (takesPart(number))
-            mainframe.change(number).switchOff();
-    }
+    forEachChannel([&](int number) { mainframe.change(number).switchOff(); });
 }
 
 void ProgramPlayer::endShort(Mainframe& mainframe)
 {
     shortEnds_ = never;
-    for (int number = 1; number <= mainframe.channelCount(); ++number) {
-        if (takesPart(number))
-            mainframe.change(number).setShort(false);
-    }
+    forEachChannel([&](int number) { mainframe.change(number).setShort(false); });
 }
 
 void ProgramPlayer::endOnTime(double seconds, Mainframe& mainframe)
@@ -154,8 +146,7 @@ void ProgramPlayer::judge(Mainframe& mainframe)
     judgedAt_ = never;
     ++result_.judged;
     bool passes = !stepFailed_;
-    for (int number = 1; number <= mainframe.channelCount(); ++number)
-        passes = passes && (!takesPart(number) || mainframe.judge(number) != Verdict::Fail);
+    forEachChannel([&](int number) { passes = passes && mainframe.judge(number) != Verdict::Fail; });
     if (!passes)
         ++result_.failed;
 }
@@ -164,13 +155,13 @@ void ProgramPlayer::dropChannelsThatWentOff(Mainframe& mainframe)
 {
     if (phase_ != Phase::On)
         return;
-    for (int number = 1; number <= mainframe.channelCount(); ++number) {
+    forEachChannel([&](int number) {
         const LoadChannel& channel = mainframe.channel(number);
-        if (!takesPart(number) || channel.inputOn())
-            continue;
+        if (channel.inputOn())
+            return;
         stepFailed_ = stepFailed_ || channel.condition() != 0;
         channels_ &= ~(1U << (number - 1));
-    }
+    });
     if (channels_ == 0) {
         // The time of judging will not be reached, and the step has failed.
         if (stepFailed_ && judgedAt_ != never)

@@ -58,7 +58,14 @@ private:
     void endShort(Mainframe& mainframe);
     void judge(Mainframe& mainframe);
     void dropChannelsThatWentOff(Mainframe& mainframe);
-    bool takesPart(int channel) const { return (channels_ >> (channel - 1) & 1U) != 0; }
+    /// Calls `function` with the number of each channel of the run.
+    template <typename Function> void forEachChannel(Function function) const
+    {
+        for (int number = 1; channels_ >> (number - 1) != 0; ++number) {
+            if ((channels_ >> (number - 1) & 1U) != 0)
+                function(number);
+        }
+    }
 
     ProgramMemory programs_;
     Phase phase_ = Phase::Idle;

@@ -35,7 +35,6 @@ void SequencePlayer::start(const SequenceMemory& sequence, int channel, double s
     round_ = 1;
     began_ = seconds;
     beganCurrent_ = mainframe.channel(channel).settings().setValue();
-    running_ = true;
     mainframe.change(channel).play(beganCurrent_, sequence_.voltageRange);
 }
 
@@ -43,7 +42,6 @@ void SequencePlayer::stop(Mainframe& mainframe)
 {
     if (!runs(mainframe))
         return;
-    running_ = false;
     if (sequence_.loadOnAtEnd)
         mainframe.change(channel_).endPlay();
     else
@@ -52,7 +50,7 @@ void SequencePlayer::stop(Mainframe& mainframe)
 
 bool SequencePlayer::runs(const Mainframe& mainframe) const
 {
-    return running_ && mainframe.channel(channel_).isPlaying();
+    return mainframe.channel(channel_).isPlaying();
 }
 
 double SequencePlayer::currentAt(double seconds, const LoadChannel& channel) const

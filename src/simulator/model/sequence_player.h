@@ -44,7 +44,6 @@ private:
     void skipRounds(double seconds);
 
     SequenceMemory sequence_;
-    bool running_ = false;
     int channel_ = 1;
     int point_ = 1;
     std::int64_t round_ = 1;

@@ -46,7 +46,6 @@ void MessageFramer::append(char byte)
         // The rest of the line is dropped too, up to its first line feed, inside of a block or not.
         overrun_ = true;
         buffer_ = {};
-        blockEnd_ = 0;
         state_ = State::Plain;
         return;
     }

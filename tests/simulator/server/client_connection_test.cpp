@@ -61,6 +61,11 @@ TEST_F(ClientConnectionTest, EachAnswerIsSentInOneWrite)
     client->query("A");
     client->query("B");
     EXPECT_THAT(writes, testing::ElementsAre(20'001, 20'001));
+    answer = "answer";
+    client->send("C\nD\n");
+    client->line();
+    client->line();
+    EXPECT_THAT(writes, testing::ElementsAre(20'001, 20'001, 7, 7)) << "two messages in one";
 }
 
 TEST_F(ClientConnectionTest, EachPieceOfASplitAnswerIsSentInOneWrite)

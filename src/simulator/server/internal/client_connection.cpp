@@ -114,8 +114,8 @@ void ClientConnection::perform(const OutgoingStep& step)
 
 void ClientConnection::write(const std::string& bytes)
 {
-    // One byte array that is flushed at once reaches the system in one write.
-    socket_->write(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    socket_->write(bytes.data(), static_cast<qint64>(bytes.size()));
+    // In one write: not together with the next answer.
     socket_->flush();
 }
 
