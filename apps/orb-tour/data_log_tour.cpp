@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_tour.h"
 
+#include "channel_card.h"
 #include "device_control.h"
 #include "form_orb.h"
 #include "served_log_comparison.h"

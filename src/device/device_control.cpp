@@ -2,6 +2,7 @@
 #include "device_control.h"
 
 #include "bulk_transfer.h"
+#include "is_query.h"
 #include "text_bytes.h"
 
 #include <QHBoxLayout>
@@ -15,7 +16,6 @@ constexpr int designWidthTwips = 8115;
 constexpr int designHeightTwips = 6675;
 constexpr int connectTickMs = 20;
 constexpr int pageTickMs = 50;
-constexpr qint64 roundMs = 500; // between the beginnings of two rounds of the Control page
 constexpr int replyWaitMs = 50;
 
 const char* const allOffStyle =
@@ -25,21 +25,14 @@ const char* const allOffStyle =
     "QToolButton:pressed { background: #8e1414; }"
     "QToolButton:focus { border-color: #202020; }";
 
-/// The members of the control never throw: whatever goes wrong inside shows by the result.
-template <typename Result, typename Body> Result guarded(Result otherwise, const Body& body) noexcept
+/// Runs the body of a member. The members never throw: one that fails returns false, 0 or an empty text.
+template <typename Body> auto guarded(const Body& body) noexcept
 {
+    using Result = decltype(body());
     try {
         return body();
     } catch (...) {
-        return otherwise;
-    }
-}
-
-template <typename Body> void guarded(const Body& body) noexcept
-{
-    try {
-        body();
-    } catch (...) {
+        return Result();
     }
 }
 
@@ -52,24 +45,20 @@ DeviceControl::DeviceControl(Clock& clock, QWidget* parent)
 DeviceControl::DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QString& settingsFile,
                              ConnectLimits limits, QWidget* parent)
     : ORBCtrl(parent),
-      clock_(clock),
       kinds_(std::move(kinds)),
       settings_(settingsFile),
       connectPage(kinds_, settings_),
-      connection_(clock, limits),
+      link_(clock, limits),
+      poll_(clock),
       timerConnect_(clock),
       timerPage_(clock)
 {
     createLayout();
     cmdAllOff.onClick = [this] { cmdAllOffClick(); };
     controlPage.onLoad = [this](int channel, bool on) { switchLoad(channel, on); };
-    controlPage.onGoToConnect = [this] { ShowConnectPage(); };
+    controlPage.cmdGoToConnect.onClick = [this] { ShowConnectPage(); };
     connectPage.onConnect = [this](const QString& resourceName) { connectTo(resourceName); };
-    connectPage.onCancel = connectPage.onDisconnect = [this] {
-        connection_.drop();
-        timerConnect_.setEnabled(false);
-        display();
-    };
+    connectPage.cmdCancel.onClick = connectPage.cmdDisconnect.onClick = [this] { cmdDisconnectClick(); };
     timerConnect_.setInterval(connectTickMs);
     timerConnect_.onTick = [this] { connectTick(); };
     timerPage_.setInterval(pageTickMs);
@@ -103,24 +92,24 @@ void DeviceControl::createLayout()
     resizeTwips(designWidthTwips, designHeightTwips);
 }
 
-// The conversation of the application.
+// Lines and replies.
 
+/// A text with line ends is several lines, the empty ones among them left out. The empty text is a line of its own.
 void DeviceControl::SendCommand(const QString& command)
 {
     guarded([&] {
-        const QByteArray text = bytesOf(command);
-        if (!text.contains('\n') && !text.contains('\r'))
+        QByteArray text = bytesOf(command);
+        if (text.isEmpty())
             return sendLine(text);
-        for (const QByteArray& line : QByteArray(text).replace('\r', '\n').split('\n'))
-            sendLine(line);
+        for (const QByteArray& line : text.replace('\r', '\n').split('\n'))
+            if (!line.isEmpty())
+                sendLine(line);
     });
 }
 
 void DeviceControl::sendLine(const QByteArray& line)
 {
-    if (line.isEmpty())
-        return;
-    Session* session = connection_.session();
+    Session* session = link_.session();
     const bool isSent = session != nullptr && session->send(Requester::Application, line);
     if (isQuery(line))
         unanswerable_ = !isSent;
@@ -128,25 +117,24 @@ void DeviceControl::sendLine(const QByteArray& line)
 
 QString DeviceControl::Reply()
 {
-    return guarded(QString(), [&] {
-        Session* session = connection_.lastSession();
+    return guarded([&] {
+        Session* session = link_.lastSession();
         if (session == nullptr || unanswerable_)
             return QString();
-        const bool up = connection_.stage() == InstrumentLink::Stage::Up;
-        const auto& answer =
-            up ? session->awaitAnswer(Requester::Application, replyWaitMs) : session->answer(Requester::Application);
+        const auto& answer = link_.session() != nullptr ? session->awaitAnswer(Requester::Application, replyWaitMs)
+                                                        : session->answer(Requester::Application);
         return answer ? answerText(*answer) : QString();
     });
 }
 
 bool DeviceControl::IsConnected()
 {
-    return guarded(false, [&] { return connection_.isUp(); });
+    return guarded([&] { return link_.isUp(); });
 }
 
 std::int16_t DeviceControl::LinkType()
 {
-    return guarded(std::int16_t{0}, [&] {
+    return guarded([&] {
         const LinkKind* kind = kindOf(kinds_, resourceName_);
         return kind != nullptr ? kind->linkType : std::int16_t{0};
     });
@@ -154,7 +142,7 @@ std::int16_t DeviceControl::LinkType()
 
 std::int16_t DeviceControl::ChannelCount()
 {
-    return static_cast<std::int16_t>(connection_.channelCount());
+    return static_cast<std::int16_t>(link_.channelCount());
 }
 
 // The link.
@@ -172,28 +160,26 @@ void DeviceControl::connectTo(const QString& resourceName)
     if (!transport)
         return;
     becomeActive(); // the operator pressed a button of the control, so it is on the screen
-    connection_.start(std::move(transport));
+    link_.start(std::move(transport));
     timerConnect_.setEnabled(true);
     connectTick();
 }
 
 void DeviceControl::connectTick()
 {
-    connection_.step(active_ && isVisible());
-    if (!connection_.isConnecting())
+    link_.step(active_ && isOnScreen());
+    if (!link_.isConnecting())
         timerConnect_.setEnabled(false);
-    if (connection_.stage() == InstrumentLink::Stage::Up)
-        wentUp();
+    if (link_.stage() == InstrumentLink::Stage::Up)
+        linkWentUp();
     display();
 }
 
-void DeviceControl::wentUp()
+void DeviceControl::linkWentUp()
 {
     settings_.use(resourceName_);
     connectPage.showRecent();
-    poll_.restart(connection_.channelCount());
-    polledAt_.reset();
-    roundAt_.reset();
+    poll_.restart(link_.channelCount());
     unanswerable_ = false;
 }
 
@@ -206,8 +192,8 @@ void DeviceControl::Reconnect()
         timerConnect_.setEnabled(false);
         lblLink.display({QStringLiteral("Reconnecting..."), Tone::Busy});
         lblLink.repaint(); // no event runs before the link is up or failed
-        if (connection_.startAndWait(std::move(transport)))
-            wentUp();
+        if (link_.startAndWait(std::move(transport)))
+            linkWentUp();
         display();
     });
 }
@@ -234,7 +220,7 @@ void DeviceControl::ShowConnectPage()
 
 void DeviceControl::showPage(QWidget& page)
 {
-    // A control that is hidden would hand the focus on to ALL OFF, and a stray key would press it.
+    // Qt passes the focus of a control that gets hidden to ALL OFF, where the next key would press it.
     if (isAncestorOf(window()->focusWidget()))
         setFocus();
     controlPage.setVisible(&page == &controlPage);
@@ -254,19 +240,18 @@ void DeviceControl::PanelActive(bool active)
         if (active)
             becomeActive();
         else if (active_)
-            leaveLinkToApplication();
+            becomeInactive();
     });
 }
 
-/// An answer to the Control page that is still under way is awaited, so that the application meets an idle line.
-void DeviceControl::leaveLinkToApplication()
+/// Waits for the answer to the control's own query, so that the application's next one meets an idle link.
+void DeviceControl::becomeInactive()
 {
     active_ = false;
     timerPage_.setEnabled(false);
-    if (Session* session = connection_.session(); session != nullptr && polledAt_)
+    if (Session* session = link_.session(); session != nullptr && poll_.isAwaiting())
         session->awaitAnswer(Requester::Control, replyWaitMs);
-    polledAt_.reset();
-    poll_.beginRound();
+    poll_.abandon();
 }
 
 bool DeviceControl::isOnScreen() const
@@ -274,119 +259,82 @@ bool DeviceControl::isOnScreen() const
     return isVisible() && !window()->isMinimized();
 }
 
+/// Reads the link once and sends one query at most, so that a tick ends however much an instrument sends.
 void DeviceControl::pageTick()
 {
     if (!isOnScreen())
         return;
-    connection_.isUp();
-    if (controlPage.isVisible())
-        pollChannels();
-    display();
-}
-
-void DeviceControl::pollChannels()
-{
-    constexpr int queriesOfARound = 4;
-    for (int i = 0; i < queriesOfARound; ++i) {
-        Session* session = connection_.session();
-        if (session == nullptr || !pollOnce(*session))
-            return;
-    }
-}
-
-/// Takes the answer that is due and sends the query that is next, one at a time. True when it got on.
-bool DeviceControl::pollOnce(Session& session)
-{
-    const qint64 now = clock_.elapsed();
-    session.poll();
-    if (polledAt_) {
-        const auto& answer = session.answer(Requester::Control);
-        if (!answer && now - *polledAt_ < Session::patienceMs)
-            return false;
-        polledAt_.reset();
-        poll_.take(answer.value_or(QByteArray()));
+    if (link_.isUp() && controlPage.isVisible() && poll_.poll(*link_.session()))
         controlPage.display(poll_.readouts(), {});
-        return true;
-    }
-    const bool isRoundDue = !roundAt_ || now - *roundAt_ >= roundMs;
-    if ((poll_.isAtRoundBegin() && !isRoundDue) || !session.isQuiet())
-        return false;
-    if (poll_.isAtRoundBegin())
-        roundAt_ = now;
-    polledAt_ = now;
-    session.send(Requester::Control, poll_.query());
-    return true;
+    display();
 }
 
 void DeviceControl::switchLoad(int channel, bool on)
 {
-    if (Session* session = connection_.session())
+    if (Session* session = link_.session())
         session->send(Requester::Control, loadCommand(channel, on));
-    roundAt_.reset(); // its effect is looked for at once
+    poll_.hurry();
 }
 
 void DeviceControl::cmdAllOffClick()
 {
-    Session* session = connection_.session();
-    if (session != nullptr && session->send(Requester::Control, allOffCommand())) {
-        roundAt_.reset();
-        return;
-    }
-    lblLink.display({QStringLiteral("Not connected: nothing could be switched off from here."), Tone::Bad});
+    Session* session = link_.session();
+    if (session != nullptr && session->send(Requester::Control, allOffCommand()))
+        poll_.hurry();
+    else
+        lblLink.display({QStringLiteral("Not connected: nothing could be switched off from here."), Tone::Bad});
 }
 
-/// Shows how the link stands, where that is another than what is shown.
+/// Ends the link, or the connecting.
+void DeviceControl::cmdDisconnectClick()
+{
+    link_.drop();
+    timerConnect_.setEnabled(false);
+    display();
+}
+
+/// Shows the state of the link where it has changed.
 void DeviceControl::display()
 {
-    if (displayed_ == connection_.changes())
+    if (displayed_ == link_.changes())
         return;
-    displayed_ = connection_.changes();
-    lblLink.display(shortStatus(connection_));
-    connectPage.display(connection_, resourceName_);
-    if (connection_.stage() != InstrumentLink::Stage::Up)
+    displayed_ = link_.changes();
+    lblLink.display(shortStatus(link_));
+    connectPage.display(link_, resourceName_);
+    if (link_.stage() != InstrumentLink::Stage::Up)
         poll_.restart(0);
     controlPage.display(poll_.readouts(), connectPage.lblStatus.caption());
 }
 
 // The bulk transfers.
 
-/// The conversation for a transfer, null without a link. An answer to the Control page that is under way is given up.
-Session* DeviceControl::sessionForTransfer()
+/// Runs `body` while the link stands. A transfer takes the place of the control's own query.
+bool DeviceControl::transfer(bool (*body)(Session& session))
 {
-    polledAt_.reset();
-    return connection_.isUp() ? connection_.session() : nullptr;
+    return guarded([&] {
+        poll_.abandon();
+        return link_.isUp() && body(*link_.session());
+    });
 }
 
 bool DeviceControl::GrabScreen()
 {
-    return guarded(false, [&] {
-        Session* session = sessionForTransfer();
-        return session != nullptr && fetchScreen(*session);
-    });
+    return transfer(fetchScreen);
 }
 
 void DeviceControl::FetchSequenceFile()
 {
-    guarded([&] {
-        if (Session* session = sessionForTransfer())
-            fetchSequenceFile(*session);
-    });
+    transfer(fetchSequenceFile);
 }
 
 void DeviceControl::FetchProgramFile()
 {
-    guarded([&] {
-        if (Session* session = sessionForTransfer())
-            fetchProgramFile(*session);
-    });
+    transfer(fetchProgramFile);
 }
 
 void DeviceControl::SendProgramFile()
 {
-    guarded([&] {
-        if (Session* session = sessionForTransfer())
-            sendProgramFile(*session);
-    });
+    transfer(sendProgramFile);
 }
 
 } // namespace orb

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "channel_poll.h"
 #include "connect_page.h"
 #include "control_page.h"
 #include "orb_ctrl.h"
@@ -20,8 +21,7 @@ public:
                   QWidget* parent = nullptr);
 
 private:
-    // In front of the pages, which refer to them.
-    Clock& clock_;
+    // Declared before the pages, which refer to them.
     std::vector<LinkKind> kinds_;
     LinkSettings settings_;
 
@@ -50,6 +50,7 @@ public:
     void SendProgramFile() override;
 
     void cmdAllOffClick();
+    void cmdDisconnectClick();
 
 private:
     void createLayout();
@@ -57,28 +58,24 @@ private:
     void connectTo(const QString& resourceName);
     std::unique_ptr<Transport> makeTransport() const;
     void connectTick();
-    void wentUp();
+    void linkWentUp();
     void pageTick();
     bool isOnScreen() const;
-    void pollChannels();
-    bool pollOnce(Session& session);
     void switchLoad(int channel, bool on);
     void display();
     void showPage(QWidget& page);
     void becomeActive();
-    void leaveLinkToApplication();
-    Session* sessionForTransfer();
+    void becomeInactive();
+    bool transfer(bool (*body)(Session& session));
 
-    InstrumentLink connection_;
+    InstrumentLink link_;
     QString resourceName_; // of the link that was tried last
     ChannelPoll poll_;
     Timer timerConnect_;
     Timer timerPage_;
     bool active_ = false;
-    bool unanswerable_ = false;      // the last query met no link
-    std::optional<qint64> polledAt_; // when the query of the Control page went out that is under way
-    std::optional<qint64> roundAt_;  // when its last round began
-    int displayed_ = -1;             // the change of the link that is shown
+    bool unanswerable_ = false; // the application's last query was not sent
+    int displayed_ = -1;        // `InstrumentLink::changes` as it is shown
 };
 
 } // namespace orb

@@ -63,7 +63,7 @@ TEST_F(ConsoleOverTcpTest, TheLogOfARunHoldsTheAnswersOfTheInstrument)
         << page.txtExecLog.text().toStdString();
 }
 
-TEST_F(ConsoleOverTcpTest, AnInstrumentThatIsSlowLeavesAnEmptyAnswerAndALaterQueryGetsItsOwn)
+TEST_F(ConsoleOverTcpTest, ASlowAnswerIsLoggedAsEmptyAndALaterQueryGetsItsOwn)
 {
     const ServedInstrument instrument("1 :CURR? late 2s\n");
     connectPageTo(instrument);

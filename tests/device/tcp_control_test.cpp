@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The instrument control over real sockets, its timers running on real time.
+#include "channel_card.h"
 #include "tcp_control.h"
 #include "test_servers.h"
 #include "text_bytes.h"

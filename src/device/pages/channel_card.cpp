@@ -16,7 +16,7 @@ namespace {
 constexpr int sideMargin = 7;
 const QString unknown = QStringLiteral("\u2014");
 
-/// Seven characters at most for all that a load module measures.
+/// Seven characters at most for every value that a load module measures.
 QString readingText(const std::optional<double>& reading)
 {
     if (!reading)
@@ -31,12 +31,26 @@ QString orUnknown(const QString& text)
     return text.isEmpty() ? unknown : text;
 }
 
+/// "CC High" for "CCH"; CV has no ranges.
+QString modeText(const QString& mode)
+{
+    return mode.left(2) + (mode.endsWith(QLatin1Char('H'))   ? QStringLiteral(" High")
+                           : mode.endsWith(QLatin1Char('L')) ? QStringLiteral(" Low")
+                                                             : QString());
+}
+
 void setPixelSize(QWidget& widget, int size, bool bold = false)
 {
     QFont font = widget.font();
     font.setPixelSize(size);
     font.setBold(bold);
     widget.setFont(font);
+}
+
+/// The readings of an input that is on, for a light and for a dark card.
+QColor loadedColor(const QPalette& palette)
+{
+    return palette.color(QPalette::Base).lightness() < 128 ? QColor(0x5f, 0xd3, 0x86) : toneColor(Tone::Good);
 }
 
 void setTextColor(QWidget& widget, const QColor& color)
@@ -57,8 +71,7 @@ ChannelCard::ChannelCard(int channel, QWidget* parent)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     cmdLoad.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    cmdLoad.setFocusPolicy(Qt::TabFocus); // so that no key switches a load that a click left the focus on
-    cmdLoad.setAccessibleName(QStringLiteral("Load of channel %1").arg(channel));
+    cmdLoad.setFocusPolicy(Qt::TabFocus); // after a click the focus is elsewhere, so that no key switches a load
     cmdLoad.onClick = [this] {
         if (onLoad)
             onLoad(offersOn_);
@@ -78,7 +91,7 @@ void ChannelCard::createLayout()
     auto* title = new QHBoxLayout;
     title->setSpacing(5);
     lblModule.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    // A card is white, and what stands on it would fill itself and write as the card does.
+    // Without roles of its own the label takes those of the card.
     lblState.setBackgroundRole(QPalette::Window);
     lblState.setForegroundRole(QPalette::WindowText);
     lblState.setAlignment(Qt::AlignCenter);
@@ -111,11 +124,8 @@ void ChannelCard::display(const ChannelReadout& readout)
     lblVolts.setCaption(readingText(readout.volts));
     lblAmperes.setCaption(readingText(readout.amperes));
     lblWatts.setCaption(readingText(readout.watts));
-    const QString range = rangeWord(readout.mode);
-    lblMode.setCaption(
-        QStringLiteral("Mode %1%2")
-            .arg(orUnknown(modeWord(readout.mode)), range.isEmpty() ? QString() : QLatin1Char(' ') + range));
-    lblSetValue.setCaption(QStringLiteral("Set %1").arg(orUnknown(readout.setValue)));
+    lblMode.setCaption(QStringLiteral("Mode ") + orUnknown(modeText(readout.mode)));
+    lblSetValue.setCaption(QStringLiteral("Set ") + orUnknown(readout.setValue));
     displayState(readout);
 }
 
@@ -124,6 +134,7 @@ void ChannelCard::displayState(const ChannelReadout& readout)
     const bool on = readout.loadOn.value_or(false);
     offersOn_ = readout.loadOn.has_value() && !on;
     cmdLoad.setCaption(offersOn_ ? QStringLiteral("LOAD ON") : QStringLiteral("LOAD OFF"));
+    cmdLoad.setAccessibleName(QStringLiteral("%1, channel %2").arg(cmdLoad.caption(), lblNumber.caption()));
     lblState.setCaption(!readout.tripped.isEmpty() ? readout.tripped
                         : !readout.loadOn          ? unknown
                         : on                       ? QStringLiteral("ON")
@@ -135,10 +146,10 @@ void ChannelCard::displayState(const ChannelReadout& readout)
     colors.setColor(QPalette::WindowText, Qt::white);
     lblState.setPalette(colors);
     for (Label* reading : {&lblVolts, &lblAmperes, &lblWatts})
-        setTextColor(*reading, on ? toneColor(Tone::Good) : palette().color(QPalette::WindowText));
+        setTextColor(*reading, on ? loadedColor(palette()) : palette().color(QPalette::WindowText));
 }
 
-/// The readings take what room there is; everything else stays of a size to be read.
+/// The readings grow with the card; the other texts keep a readable size.
 void ChannelCard::resizeEvent(QResizeEvent* event)
 {
     Control<QFrame>::resizeEvent(event);
@@ -152,6 +163,7 @@ void ChannelCard::resizeEvent(QResizeEvent* event)
     const int reading = readingSize(small);
     for (Label* label : {&lblVolts, &lblAmperes, &lblWatts})
         setPixelSize(*label, reading, true);
+    layout()->activate(); // the new sizes show with the next painting and not with the one after it
 }
 
 /// The largest size at which the longest reading fits beside its unit, and three of them below each other.

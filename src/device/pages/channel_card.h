@@ -9,7 +9,7 @@
 
 namespace orb {
 
-/// One load channel on the Control page: its readings, how it is set, and the button of its input.
+/// One load channel on the Control page: its readings, its settings, and the button of its input.
 class ChannelCard final : public Control<QFrame> {
 public:
     Label lblNumber;
@@ -20,10 +20,10 @@ public:
     Label lblWatts;
     Label lblMode;
     Label lblSetValue;
-    /// Says what a press does. It switches on only an input that is known to be off.
+    /// Its caption is what a press does. It switches on only an input that is known to be off.
     PictureButton cmdLoad;
 
-    /// The operator wants the input on, or off.
+    /// The button was pressed to switch the input on or off.
     std::function<void(bool on)> onLoad;
 
     explicit ChannelCard(int channel, QWidget* parent = nullptr);

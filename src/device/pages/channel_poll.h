@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
+#include "clock.h"
+#include "session.h"
+
 #include <QString>
 
 #include <optional>
@@ -9,62 +11,57 @@
 
 namespace orb {
 
-/// What is known of one load channel. An empty text, and nothing, stand for what the instrument has not told.
+/// What is known of one load channel. An empty text or an empty optional is unknown.
 struct ChannelReadout {
     QString module;
     std::optional<double> volts;
     std::optional<double> amperes;
     std::optional<double> watts;
-    QString mode;     ///< "CCL", "CCH", "CRL", "CRH" or "CV"
-    QString setValue; ///< with its unit
-    QString tripped;  ///< "OV", "OP" or "OC" where protection has tripped or is limiting
     std::optional<bool> loadOn;
-
-    bool operator==(const ChannelReadout&) const = default;
+    QString mode;     ///< "CCL", "CCH", "CRL", "CRH" or "CV"
+    int level = 1;    ///< 1 or 2, the level whose set value is in force
+    QString tripped;  ///< "OV", "OP" or "OC" where protection has tripped or is limiting
+    QString setValue; ///< with its unit
 };
 
-/// The queries by which the Control page learns the state of all channels, one after the other, and the reading of
-/// their answers. A round is: the readings and loads of all channels, their modes, their set values; the names of the
-/// modules come in front of the first round. An answer that is not what was asked for leaves unknown what it should
-/// have told.
+using ChannelReadouts = std::vector<ChannelReadout>;
+
+/// Keeps the readouts of all channels current: one query at a time, and a round of queries every 500 ms.
 class ChannelPoll {
 public:
-    /// Forgets everything and expects `channels` channels (0 without a link).
+    /// `clock` must outlive the poll.
+    explicit ChannelPoll(Clock& clock) : clock_(clock) {}
+
+    /// Forgets everything and expects `channels` channels, 0 without a link.
     void restart(int channels);
+    /// Evaluates the answer that `session` has received and sends the next query when that is due and no other answer
+    /// is. Reads nothing from the link. True when the readouts are new.
+    bool poll(Session& session);
+    /// The next round begins at once and not when it is due.
+    void hurry() { roundAt_.reset(); }
+    /// Ignores the answer that is due. The next query begins a round.
+    void abandon();
 
-    const std::vector<ChannelReadout>& readouts() const { return readouts_; }
-
-    /// The query that is next, for the place in the round where the poll stands.
-    QByteArray query() const;
-    /// Reads the answer to `query()`, and goes on to the next place in the round.
-    void take(const QByteArray& answer);
-    /// No answer came to `query()`: what it should have told is unknown now. Goes on to the next place.
-    void takeNothing() { take({}); }
-    /// True when the next query begins a round.
-    bool isAtRoundBegin() const { return step_ == Step::Readings; }
-    /// The next query begins a round, wherever the poll stands.
-    void beginRound();
+    /// True when a query was sent and its answer is still to be evaluated.
+    bool isAwaiting() const { return sentAt_.has_value(); }
+    const ChannelReadouts& readouts() const { return readouts_; }
 
 private:
-    enum class Step { Modules, Readings, Modes, SetValues };
+    bool receive(const Session& session);
+    void sendNext(Session& session);
+    void stepOn();
 
-    void readModules(const QByteArray& answer);
-    void readReadings(const QByteArray& answer);
-    void readModes(const QByteArray& answer);
-    void readSetValues(const QByteArray& answer);
-    QByteArray setValueQuery(std::size_t index) const;
-
-    std::vector<ChannelReadout> readouts_;
-    std::vector<QByteArray> levels_; // "1" or "2", the level in force
-    Step step_ = Step::Modules;
+    Clock& clock_;
+    ChannelReadouts readouts_;
+    std::size_t step_ = 0;          // in `channelQueries`
+    std::optional<qint64> sentAt_;  // the query that is not answered yet
+    std::optional<qint64> roundAt_; // the beginning of the last round
 };
 
-/// The mode without its range, "CC", and the word for its range, "High", empty for a mode without one.
-QString modeWord(const QString& mode);
-QString rangeWord(const QString& mode);
-
-/// The command that switches the input of one channel, counted from 1, or of all.
+/// The command that switches the input of one channel, counted from 1.
 QByteArray loadCommand(int channel, bool on);
+
+/// The command that switches the inputs of all channels off.
 QByteArray allOffCommand();
 
 } // namespace orb

@@ -25,19 +25,11 @@ ConnectPage::ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings&
     createLayout();
     for (const LinkKind& each : kinds_)
         cmbKind.addItem(each.title);
-    chooseLast();
+    selectLast();
 
     cmbKind.onClick = [this] { cmbKindClick(); };
-    cmbAddress.onChange = [this] { complain({}); };
+    cmbAddress.onChange = [this] { showInputError({}); };
     cmdConnect.onClick = [this] { cmdConnectClick(); };
-    cmdCancel.onClick = [this] {
-        if (onCancel)
-            onCancel();
-    };
-    cmdDisconnect.onClick = [this] {
-        if (onDisconnect)
-            onDisconnect();
-    };
     QObject::connect(cmbAddress.lineEdit(), &QLineEdit::returnPressed, this,
                      [this] { enter([this] { cmdConnectClick(); }); });
 }
@@ -63,16 +55,27 @@ void ConnectPage::createLayout()
     form->addRow(nullptr, &lblHint);
     page->addLayout(form);
 
+    page->addLayout(createButtonRow());
+    lblStatus.setMinimumHeight(52);
+    page->addWidget(&lblStatus);
+    createInstrumentFrame();
+    page->addWidget(&fraInstrument_);
+    page->addStretch();
+}
+
+QLayout* ConnectPage::createButtonRow()
+{
     auto* buttons = new QHBoxLayout;
     for (PictureButton* button : {&cmdConnect, &cmdCancel, &cmdDisconnect}) {
         button->setFixedSize(buttonWidth, buttonHeight);
         buttons->addWidget(button);
     }
     buttons->addStretch();
-    page->addLayout(buttons);
-    lblStatus.setMinimumHeight(52);
-    page->addWidget(&lblStatus);
+    return buttons;
+}
 
+void ConnectPage::createInstrumentFrame()
+{
     auto* facts = new QFormLayout(&fraInstrument_);
     facts->setHorizontalSpacing(16);
     facts->setVerticalSpacing(4);
@@ -82,11 +85,9 @@ void ConnectPage::createLayout()
         values[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         facts->addRow(&captions_[i], values[i]);
     }
-    page->addWidget(&fraInstrument_);
-    page->addStretch();
 }
 
-void ConnectPage::chooseLast()
+void ConnectPage::selectLast()
 {
     const LinkKind* last = kindOf(kinds_, settings_.last());
     cmbKind.setListIndex(last == nullptr ? 0 : static_cast<int>(last - kinds_.data()));
@@ -95,7 +96,7 @@ void ConnectPage::chooseLast()
         cmbAddress.setText(last->typed(settings_.last()));
 }
 
-/// Another kind: its own recent addresses, the latest of them chosen.
+/// Offers the recent addresses of the selected kind and selects the latest.
 void ConnectPage::cmbKindClick()
 {
     cmbAddress.setText({});
@@ -107,7 +108,7 @@ void ConnectPage::cmbKindClick()
     cmbAddress.lineEdit()->setPlaceholderText(hasAddress ? QString() : QStringLiteral("needs no address"));
     lblHint.setCaption(hasAddress ? QStringLiteral("For example ") + kind().example
                                   : QStringLiteral("Runs inside this program: nothing to plug in."));
-    complain({});
+    showInputError({});
 }
 
 void ConnectPage::showRecent()
@@ -125,48 +126,48 @@ void ConnectPage::cmdConnectClick()
 {
     if (!cmdConnect.enabled())
         return;
-    complain({});
+    showInputError({});
     const QString typed = cmbAddress.text().trimmed();
     const auto resourceName = kind().resourceName(typed);
     if (!resourceName)
-        complain(typed.isEmpty() ? QStringLiteral("An address is missing. Type where the instrument is.")
-                                 : QStringLiteral("\"%1\" is no address of this kind of link.").arg(typed));
+        showInputError(
+            typed.isEmpty()
+                ? QStringLiteral("An address is missing. Type where the instrument is.")
+                : QStringLiteral("\"%1\" is not an address of this kind of link.").arg(shownText(typed.toUtf8())));
     else if (onConnect)
         onConnect(*resourceName);
 }
 
-/// Words of the page's own, which stand until the operator changes something.
-void ConnectPage::complain(const QString& words)
+/// The error takes the place of the link's state until the kind or the address is changed.
+void ConnectPage::showInputError(const QString& text)
 {
-    complaint_ = words;
-    if (!words.isEmpty())
-        lblStatus.display({words, Tone::Bad});
+    inputError_ = text;
+    lblStatus.display(text.isEmpty() ? linkStatus_ : StatusLine{text, Tone::Bad});
 }
 
-void ConnectPage::display(const InstrumentLink& connection, const QString& resourceName)
+void ConnectPage::display(const InstrumentLink& link, const QString& resourceName)
 {
-    const bool down = connection.stage() == InstrumentLink::Stage::Down;
+    const bool down = link.stage() == InstrumentLink::Stage::Down;
     const LinkKind* kind = kindOf(kinds_, resourceName);
-    if (!down)
-        complaint_.clear();
-    if (complaint_.isEmpty())
-        lblStatus.display(linkStatus(connection, kind != nullptr ? kind->remoteName(resourceName) : QString()));
+    const QString name = kind != nullptr ? kind->remoteName(resourceName) : QString();
+    linkStatus_ = linkStatus(link, shownText(name.toUtf8()));
+    showInputError(down ? inputError_ : QString());
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     if (hadFocus && !down && cmdConnect.enabled())
         focusWhenDown_ = window()->focusWidget();
     cmbKind.setEnabled(down);
     cmbAddress.setEnabled(down && !this->kind().example.isEmpty());
     cmdConnect.setEnabled(down);
-    cmdCancel.setEnabled(connection.isConnecting());
-    cmdDisconnect.setEnabled(connection.stage() == InstrumentLink::Stage::Up);
+    cmdCancel.setEnabled(link.isConnecting());
+    cmdDisconnect.setEnabled(link.stage() == InstrumentLink::Stage::Up);
     if (hadFocus)
-        moveFocus(connection.stage());
-    displayInstrument(connection, resourceName);
+        keepFocus(link.stage());
+    displayInstrument(link, resourceName);
 }
 
-/// A control that goes out of use would hand the focus on to its neighbour, and a second press of Enter would then
-/// cancel or end what the first one began.
-void ConnectPage::moveFocus(InstrumentLink::Stage stage)
+/// Qt passes the focus of a control that gets disabled to the next one: a second press of Enter would then cancel the
+/// connecting or disconnect.
+void ConnectPage::keepFocus(InstrumentLink::Stage stage)
 {
     if (stage != InstrumentLink::Stage::Down)
         setFocus();
@@ -174,15 +175,15 @@ void ConnectPage::moveFocus(InstrumentLink::Stage stage)
         (focusWhenDown_ != nullptr ? focusWhenDown_ : &cmdConnect)->setFocus();
 }
 
-void ConnectPage::displayInstrument(const InstrumentLink& connection, const QString& resourceName)
+void ConnectPage::displayInstrument(const InstrumentLink& link, const QString& resourceName)
 {
-    const bool up = connection.stage() == InstrumentLink::Stage::Up;
-    const Identity& identity = connection.identity();
+    const bool up = link.stage() == InstrumentLink::Stage::Up;
+    const Identity& identity = link.identity();
     lblMaker.setCaption(identity.maker);
     lblModel.setCaption(identity.model);
     lblSerialNumber.setCaption(identity.serialNumber);
     lblFirmware.setCaption(identity.firmware);
-    lblChannels.setCaption(up ? QString::number(connection.channelCount()) : QString());
+    lblChannels.setCaption(up ? QString::number(link.channelCount()) : QString());
     lblResource.setCaption(up ? resourceName : QString());
     fraInstrument_.setEnabled(up);
 }

@@ -9,9 +9,9 @@
 
 namespace orb {
 
-/// The connection page: which link, to where, how it stands, and which instrument is at its other end.
+/// The connection page: the kind and address of the link, its state, and the connected instrument.
 class ConnectPage final : public Control<QWidget> {
-    Frame fraInstrument_{QStringLiteral("Instrument")}; // a container stands before what it contains
+    Frame fraInstrument_{QStringLiteral("Instrument")}; // a container is declared before its contents
 
 public:
     ComboBox cmbKind{ComboBox::Kind::DropDownList};
@@ -29,17 +29,15 @@ public:
     Label lblChannels;
     Label lblResource;
 
-    /// The operator wants the link of this resource name.
+    /// Connect was pressed with a valid address.
     std::function<void(const QString& resourceName)> onConnect;
-    std::function<void()> onCancel;
-    std::function<void()> onDisconnect;
 
-    /// Both must outlive the page. Chosen is the link used last; on a first start the first kind.
+    /// Both must outlive the page. The link used last is selected, on a first start the first kind.
     ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings& settings, QWidget* parent = nullptr);
 
-    /// Shows how the link stands. `resourceName` is that of the link that was tried last, empty before the first.
-    void display(const InstrumentLink& connection, const QString& resourceName);
-    /// Fills the list of recent addresses again; what is typed stays.
+    /// Shows the state of the link. `resourceName` is that of the link tried last, empty before the first.
+    void display(const InstrumentLink& link, const QString& resourceName);
+    /// Fills the list of recent addresses again and keeps the typed text.
     void showRecent();
 
     void cmbKindClick();
@@ -47,16 +45,19 @@ public:
 
 private:
     void createLayout();
+    QLayout* createButtonRow();
+    void createInstrumentFrame();
     const LinkKind& kind() const { return kinds_[static_cast<std::size_t>(cmbKind.listIndex())]; }
-    void chooseLast();
-    void displayInstrument(const InstrumentLink& connection, const QString& resourceName);
-    void moveFocus(InstrumentLink::Stage stage);
-    void complain(const QString& words);
+    void selectLast();
+    void displayInstrument(const InstrumentLink& link, const QString& resourceName);
+    void keepFocus(InstrumentLink::Stage stage);
+    void showInputError(const QString& text);
 
     const std::vector<LinkKind>& kinds_;
     const LinkSettings& settings_;
-    QString complaint_;
-    QWidget* focusWhenDown_ = nullptr; // where the operator was when the connecting began
+    StatusLine linkStatus_;
+    QString inputError_;
+    QWidget* focusWhenDown_ = nullptr; // the control that had the focus when the connecting began
     std::array<Label, 6> captions_;
     Label lblKind_{QStringLiteral("Kind of &link")};
     Label lblAddress_{QStringLiteral("&Address")};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "control_page.h"
 
+#include "channel_card.h"
+
 #include <QVBoxLayout>
 
 namespace orb {
@@ -9,7 +11,7 @@ namespace {
 
 constexpr int mostColumns = 4;
 
-/// Cards side by side: few stand in one row or a square, so that they are large.
+/// Up to three cards stand in one row and four in a square, so that they are large.
 int columnsFor(std::size_t count)
 {
     if (count <= 3)
@@ -39,12 +41,10 @@ ControlPage::ControlPage(QWidget* parent) : Control<QWidget>(parent), cardGrid_(
     empty->addWidget(&cmdGoToConnect, 0, Qt::AlignHCenter);
     empty->addStretch(3);
     cmdGoToConnect.setMinimumSize(180, 36);
-    cmdGoToConnect.onClick = [this] {
-        if (onGoToConnect)
-            onGoToConnect();
-    };
     display({}, {});
 }
+
+ControlPage::~ControlPage() = default;
 
 void ControlPage::setCardCount(std::size_t count)
 {
@@ -66,12 +66,12 @@ void ControlPage::setCardCount(std::size_t count)
     }
 }
 
-void ControlPage::display(const std::vector<ChannelReadout>& readouts, const QString& words)
+void ControlPage::display(const ChannelReadouts& readouts, const QString& noLinkText)
 {
     setCardCount(readouts.size());
     cardArea_.setVisible(!readouts.empty());
     emptyArea_.setVisible(readouts.empty());
-    lblNoLink.setCaption(words);
+    lblNoLink.setCaption(noLinkText);
     for (std::size_t i = 0; i < cards.size(); ++i)
         cards[i]->display(readouts[i]);
 }

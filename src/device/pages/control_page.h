@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "channel_card.h"
+#include "channel_poll.h"
+#include "label.h"
+#include "picture_button.h"
 
 #include <QGridLayout>
 
@@ -9,10 +11,12 @@
 
 namespace orb {
 
-/// The instrument page: a card for each channel, or, without a link, the way to the Connect page.
+class ChannelCard;
+
+/// The instrument page: a card for each channel, or, without a link, a button that leads to the Connect page.
 class ControlPage final : public Control<QWidget> {
 private:
-    QWidget cardArea_; // containers stand before what they contain
+    QWidget cardArea_; // containers are declared before their contents
     QWidget emptyArea_;
 
 public:
@@ -21,14 +25,14 @@ public:
     /// One for each channel of the connected instrument.
     std::vector<std::unique_ptr<ChannelCard>> cards;
 
-    std::function<void()> onGoToConnect;
-    /// The operator wants the input of a channel, counted from 1, on or off.
+    /// The button of a channel, counted from 1, was pressed to switch its input on or off.
     std::function<void(int channel, bool on)> onLoad;
 
     explicit ControlPage(QWidget* parent = nullptr);
+    ~ControlPage() override;
 
-    /// Shows `readouts`, a card for each; none, and `words` in their place, without a link.
-    void display(const std::vector<ChannelReadout>& readouts, const QString& words);
+    /// Shows a card for each of `readouts`; where there are none, `noLinkText` in their place.
+    void display(const ChannelReadouts& readouts, const QString& noLinkText);
 
 private:
     void setCardCount(std::size_t count);

@@ -9,7 +9,7 @@ namespace orb {
 
 namespace {
 
-constexpr qint64 longestFile = 64 * 1024; // a larger one is none of ours
+constexpr qint64 longestFile = 64 * 1024;
 
 const QString lastKey = QStringLiteral("link/last");
 const QString recentKey = QStringLiteral("link/recent");
@@ -18,7 +18,8 @@ const QString recentKey = QStringLiteral("link/recent");
 
 LinkSettings::LinkSettings(const QString& file) : file_(file)
 {
-    if (QFileInfo(file).size() > longestFile)
+    const QFileInfo info(file);
+    if (!info.isFile() || info.size() > longestFile)
         return;
     const QSettings settings(file, QSettings::IniFormat);
     last_ = settings.value(lastKey).toString().left(longestName);

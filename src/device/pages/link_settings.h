@@ -6,9 +6,8 @@
 
 namespace orb {
 
-/// What the control remembers from one run to the next: the link used last and the recent addresses, as resource names.
-/// It stands in a small file among the user's settings, docs/connecting.md. Whatever stands in the file is read as
-/// text of no authority; a file that can't be read is as good as none, and one that can't be written is done without.
+/// The link used last and the recent addresses, as resource names. They are kept in a small file among the user's
+/// settings, see docs/connecting.md. A file that can't be read counts as empty; one that can't be written is ignored.
 class LinkSettings {
 public:
     static constexpr qsizetype mostRecent = 8;
@@ -16,14 +15,14 @@ public:
 
     /// Reads `file`.
     explicit LinkSettings(const QString& file);
-    /// Where the settings stand in the running program.
+    /// The file of the running program.
     static QString userFile();
 
     /// The link used last; empty on a first start.
     const QString& last() const { return last_; }
     /// The links used lately, the latest first, none twice.
     const QStringList& recent() const { return recent_; }
-    /// `resourceName` was used now. Written at once.
+    /// `resourceName` was used now. Writes the file.
     void use(const QString& resourceName);
 
 private:

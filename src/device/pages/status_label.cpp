@@ -1,21 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "status_label.h"
 
+#include <array>
+
 namespace orb {
 
 QColor toneColor(Tone tone)
 {
-    switch (tone) {
-    case Tone::Neutral:
-        break;
-    case Tone::Busy:
-        return {0x8a, 0x5a, 0x00};
-    case Tone::Good:
-        return {0x1b, 0x6e, 0x37};
-    case Tone::Bad:
-        return {0xa8, 0x1f, 0x1f};
-    }
-    return {0x51, 0x5a, 0x66};
+    static constexpr std::array<QRgb, 4> colors{0xff515a66, 0xff8a5a00, 0xff1b6e37, 0xffa81f1f}; // as in `Tone`
+    return colors[static_cast<std::size_t>(tone)];
 }
 
 StatusLabel::StatusLabel(QWidget* parent) : Label({}, parent)

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "label.h"
-#include "link_words.h"
+#include "link_status_text.h"
 
 namespace orb {
 
-/// A line of words on a colored ground.
+/// White text on the color of its tone.
 class StatusLabel final : public Label {
 public:
     explicit StatusLabel(QWidget* parent = nullptr);
@@ -18,7 +18,7 @@ private:
     StatusLine status_;
 };
 
-/// The ground behind words in white.
+/// A background for white text.
 QColor toneColor(Tone tone);
 
 } // namespace orb

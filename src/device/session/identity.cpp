@@ -12,11 +12,11 @@ namespace {
 
 constexpr qsizetype longestIdentity = 256;
 constexpr qsizetype identityFields = 4;
-constexpr qsizetype longestShown = 4096; // bytes of an answer of which a line is made
+constexpr qsizetype longestShown = 4096; // characters of an answer, blanks among them, that are looked through
 
 bool isPrintable(const QString& text)
 {
-    return std::ranges::all_of(text, [](QChar c) { return c.isPrint(); });
+    return std::ranges::all_of(text.toUcs4(), [](uint c) { return QChar::isPrint(c); });
 }
 
 } // namespace
@@ -45,10 +45,9 @@ std::optional<Identity> readIdentity(const QByteArray& answer)
 
 QString shownText(const QByteArray& bytes, qsizetype longest)
 {
-    QString text = answerText(bytes.left(longestShown));
-    for (QChar& c : text)
-        if (!c.isPrint())
-            c = QLatin1Char(' ');
+    QString text;
+    for (const char32_t c : answerText(bytes).left(longestShown).toUcs4())
+        text += QChar::isPrint(c) ? QString::fromUcs4(&c, 1) : QStringLiteral(" ");
     text = text.simplified();
     if (text.size() <= longest)
         return text;

@@ -7,6 +7,10 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#ifndef Q_OS_WIN
+#include <unistd.h>
+#endif
+
 namespace orb {
 
 namespace {
@@ -70,6 +74,16 @@ bool fileExists(const QString& literal)
 bool folderExists(const QString& literal)
 {
     return QFileInfo(realPath(literal)).isDir();
+}
+
+bool belongsToUser(const QString& literal)
+{
+    const QFileInfo file(realPath(literal));
+#ifdef Q_OS_WIN
+    return file.exists();
+#else
+    return file.exists() && !file.isSymLink() && file.ownerId() == ::geteuid();
+#endif
 }
 
 void createFolder(const QString& literal)

@@ -16,6 +16,10 @@ bool fileExists(const QString& literal);
 /// True where a folder of that name exists.
 bool folderExists(const QString& literal);
 
+/// True for a file or folder that belongs to the user who runs the program, and for no link. On Windows, where files
+/// have no such owner, true for whatever exists.
+bool belongsToUser(const QString& literal);
+
 /// Creates the folder, readable by this user alone. Throws `RuntimeFailure` 75 where that fails.
 void createFolder(const QString& literal);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "device_test.h"
-#include "simulated_instrument.h"
+#include "device_control_fixture.h"
+#include "page_texts.h"
 
 #include <QApplication>
 #include <QFile>
@@ -27,7 +27,7 @@ void pressKey(QWidget& widget, Qt::Key key, const QString& text = {})
 
 } // namespace
 
-class ConnectPageTest : public DeviceTest {
+class ConnectPageTest : public DeviceControlTest {
 protected:
     ConnectPageTest() { control->ShowConnectPage(); }
 
@@ -43,7 +43,64 @@ protected:
     }
 };
 
-TEST_F(ConnectPageTest, ChoosesTheSimulatedInstrumentOnAFirstStart)
+TEST_F(ConnectPageTest, TheTextsOfThePageAreThoseOfThisTable)
+{
+    pick(page().cmbKind, QStringLiteral("Scripted"));
+    EXPECT_EQ(textsOf(page()), R"(
+Kind of &link
+[Simulated instrument,Scripted]
+&Address
+[]
+For example anything
+Connect
+Cancel
+Disconnect
+Not connected. Choose the link and press Connect.
+Instrument
+Maker
+Model
+Serial number
+Firmware
+Load channels
+Resource name
+)");
+    pick(page().cmbKind, QStringLiteral("Simulated instrument"));
+    EXPECT_EQ(textsOf(page()), R"(
+Kind of &link
+[Simulated instrument,Scripted]
+&Address
+[needs no address]
+Runs inside this program: nothing to plug in.
+Connect
+Cancel
+Disconnect
+Not connected. Choose the link and press Connect.
+Instrument
+Maker
+Model
+Serial number
+Firmware
+Load channels
+Resource name
+)");
+}
+
+TEST_F(ConnectPageTest, TheMessagesAboutAnAddressAreThoseOfThisTable)
+{
+    const std::pair<const char*, const char*> messages[] = {
+        {"", "An address is missing. Type where the instrument is."},
+        {"  ", "An address is missing. Type where the instrument is."},
+        {"two words", "\"two words\" is not an address of this kind of link."},
+        {" %1 %2 ", "\"%1 %2\" is not an address of this kind of link."}};
+    pick(page().cmbKind, QStringLiteral("Scripted"));
+    for (const auto& [address, message] : messages) {
+        page().cmbAddress.setText(QString::fromLatin1(address));
+        press(page().cmdConnect);
+        EXPECT_EQ(page().lblStatus.status(), (StatusLine{QString::fromLatin1(message), Tone::Bad}));
+    }
+}
+
+TEST_F(ConnectPageTest, AFirstStartSelectsTheSimulatedInstrument)
 {
     EXPECT_EQ(page().cmbKind.text(), "Simulated instrument");
     EXPECT_FALSE(page().cmbAddress.enabled());
@@ -51,7 +108,7 @@ TEST_F(ConnectPageTest, ChoosesTheSimulatedInstrumentOnAFirstStart)
     EXPECT_EQ(offered(), "Connect");
 }
 
-TEST_F(ConnectPageTest, ShowsTheInstrument)
+TEST_F(ConnectPageTest, TheConnectedInstrumentIsShown)
 {
     press(page().cmdConnect);
     EXPECT_EQ(status(), "Connected to the simulated instrument.");
@@ -72,7 +129,7 @@ TEST_F(ConnectPageTest, ShowsTheInstrument)
     EXPECT_EQ(offered(), "Connect");
 }
 
-TEST_F(ConnectPageTest, CanBeCancelledWhileItConnects)
+TEST_F(ConnectPageTest, ConnectingCanBeCancelledWhileTheLinkOpens)
 {
     line.opensAfter = std::nullopt;
     connectScripted();
@@ -88,7 +145,7 @@ TEST_F(ConnectPageTest, CanBeCancelledWhileItConnects)
     EXPECT_EQ(status(), "Connecting was cancelled.");
 }
 
-TEST_F(ConnectPageTest, CanBeCancelledWhileAPeerKeepsSilent)
+TEST_F(ConnectPageTest, ConnectingCanBeCancelledWhileTheIdentityIsAwaited)
 {
     connectScripted();
     clock.advance(1000);
@@ -99,7 +156,7 @@ TEST_F(ConnectPageTest, CanBeCancelledWhileAPeerKeepsSilent)
     EXPECT_EQ(offered(), "Connect");
 }
 
-TEST_F(ConnectPageTest, ConnectsAtEnterInTheAddressField)
+TEST_F(ConnectPageTest, EnterInTheAddressFieldConnects)
 {
     actAsInstrument(2);
     pick(page().cmbKind, QStringLiteral("Scripted"));
@@ -109,24 +166,28 @@ TEST_F(ConnectPageTest, ConnectsAtEnterInTheAddressField)
     EXPECT_TRUE(control->IsConnected());
 }
 
-TEST_F(ConnectPageTest, RefusesAnAddressThatIsNoneInWords)
+TEST_F(ConnectPageTest, AnInvalidAddressIsRefusedWithAMessage)
 {
     pick(page().cmbKind, QStringLiteral("Scripted"));
     press(page().cmdConnect);
     EXPECT_EQ(status(), "An address is missing. Type where the instrument is.");
     page().cmbAddress.setText(QStringLiteral("two words"));
     press(page().cmdConnect);
-    EXPECT_EQ(status(), "\"two words\" is no address of this kind of link.");
+    EXPECT_EQ(status(), "\"two words\" is not an address of this kind of link.");
     EXPECT_EQ(line.openings, 0);
+    page().cmbAddress.lineEdit()->setText(QStringLiteral("two word"));
+    EXPECT_EQ(status(), "Not connected. Choose the link and press Connect.");
+    page().cmbAddress.setText(QStringLiteral("two words"));
+    press(page().cmdConnect);
     clock.advance(1000);
-    EXPECT_EQ(status(), "\"two words\" is no address of this kind of link.");
+    EXPECT_EQ(status(), "\"two words\" is not an address of this kind of link.");
     line.openError = LinkError::HostNotFound;
     page().cmbAddress.setText(QStringLiteral("load"));
     press(page().cmdConnect);
     EXPECT_EQ(status(), "load was not found: no host has this name. Check it, or give the address in numbers.");
 }
 
-TEST_F(ConnectPageTest, RemembersTheLinksThatCameUp)
+TEST_F(ConnectPageTest, LinksThatCameUpAreRemembered)
 {
     actAsInstrument(2);
     for (const char* name : {"one", "two", "one", "three"}) {
@@ -149,7 +210,7 @@ TEST_F(ConnectPageTest, RemembersTheLinksThatCameUp)
     EXPECT_FALSE(control->IsConnected());
 }
 
-TEST_F(ConnectPageTest, OffersEachKindItsOwnAddresses)
+TEST_F(ConnectPageTest, EachKindOffersItsOwnAddresses)
 {
     actAsInstrument(2);
     connectScripted(QStringLiteral("one"));
@@ -162,7 +223,7 @@ TEST_F(ConnectPageTest, OffersEachKindItsOwnAddresses)
     EXPECT_EQ(page().cmbAddress.text(), "one");
 }
 
-TEST_F(ConnectPageTest, StartsAsOnAFirstDayWhereTheSettingsAreGarbage)
+TEST_F(ConnectPageTest, DamagedSettingsCountAsNone)
 {
     control.reset();
     QFile file(settings.filePath(QStringLiteral("link.ini")));
@@ -176,7 +237,7 @@ TEST_F(ConnectPageTest, StartsAsOnAFirstDayWhereTheSettingsAreGarbage)
     EXPECT_EQ(itemsOf(page().cmbAddress), "ok");
 }
 
-TEST_F(ConnectPageTest, DoesNotEndWithASecondEnterWhatTheFirstBegan)
+TEST_F(ConnectPageTest, ASecondEnterDoesNotEndTheLinkOfTheFirst)
 {
     page().cmdConnect.setFocus();
     pressKey(*form.focusWidget(), Qt::Key_Return);
@@ -186,7 +247,7 @@ TEST_F(ConnectPageTest, DoesNotEndWithASecondEnterWhatTheFirstBegan)
     EXPECT_TRUE(control->IsConnected());
 }
 
-TEST_F(ConnectPageTest, LeavesNoButtonInTheWayOfAStrayKeyWhenThePageChanges)
+TEST_F(ConnectPageTest, APageChangeLeavesTheFocusOnNoButton)
 {
     press(page().cmdConnect);
     page().cmdDisconnect.setFocus();
@@ -199,7 +260,7 @@ TEST_F(ConnectPageTest, LeavesNoButtonInTheWayOfAStrayKeyWhenThePageChanges)
     EXPECT_EQ(form.focusWidget(), &page().cmdConnect); // Enter connects
 }
 
-TEST_F(ConnectPageTest, IsWorkedThroughWithTheTabKeyFromTopToBottom)
+TEST_F(ConnectPageTest, TheTabKeyGoesFromTopToBottom)
 {
     pick(page().cmbKind, QStringLiteral("Scripted"));
     std::vector<QWidget*> visited;
@@ -214,136 +275,13 @@ TEST_F(ConnectPageTest, IsWorkedThroughWithTheTabKeyFromTopToBottom)
               (std::vector<QWidget*>{&page().cmbKind, &page().cmbAddress, &page().cmdConnect, &control->cmdAllOff}));
 }
 
-TEST_F(ConnectPageTest, KeepsAPeersWordsPlain)
+TEST_F(ConnectPageTest, AForeignAnswerIsShownAsPlainText)
 {
     line.onLine = [this](const QByteArray&) { line.say("<b>bold</b><img src=x>\n"); };
     connectScripted();
     clock.advance(2500);
     EXPECT_EQ(page().lblStatus.textFormat(), Qt::PlainText);
     EXPECT_EQ(status(), "load answered, but not as an instrument does. It said: \"<b>bold</b><img src=x>\"");
-}
-
-// The page of the instrument.
-
-class ControlPageTest : public DeviceTest {
-protected:
-    ControlPage& page() { return control->controlPage; }
-    /// A card in one line.
-    QString card(int index)
-    {
-        const ChannelCard& card = *page().cards.at(static_cast<std::size_t>(index));
-        QStringList texts;
-        for (const Label* label : {&card.lblNumber, &card.lblModule, &card.lblState, &card.lblVolts, &card.lblAmperes,
-                                   &card.lblWatts, &card.lblMode, &card.lblSetValue})
-            texts += label->caption();
-        return texts.join(QStringLiteral(" | ")) + QStringLiteral(" | ") + card.cmdLoad.caption();
-    }
-    QByteArray answerTo(const QByteArray& query) const
-    {
-        if (query == "*OPT?")
-            return "K11,K13,K14\n";
-        if (query.startsWith(":FETC"))
-            return "12.7193,499.95,5,;2.0000,-0.5,0,;25.4386,1924.1,12000,;1,0,0\n";
-        if (query.startsWith(":MODE"))
-            return "CCH;1;NONE;CV;1;OV;CRL;2;NONE\n";
-        return query == ":CURR1:L1?;:VOLT2:L1?;:RES3:L2?" ? "2.0000;48.0000;4.7000\n" : "wrong query\n";
-    }
-};
-
-TEST_F(ControlPageTest, LeadsToTheConnectPageWithoutALink)
-{
-    control->ShowControlPage();
-    EXPECT_TRUE(page().cards.empty());
-    EXPECT_TRUE(isReachable(page().cmdGoToConnect));
-    EXPECT_EQ(page().lblNoLink.caption(), "Not connected. Choose the link and press Connect.");
-    press(page().cmdGoToConnect);
-    EXPECT_TRUE(control->connectPage.isVisible());
-    EXPECT_FALSE(page().isVisible());
-}
-
-TEST_F(ControlPageTest, ShowsACardForEachChannel)
-{
-    actAsInstrument(3, [this](const QByteArray& query) { return answerTo(query); });
-    connectScripted();
-    clock.advance(100);
-    control->ShowControlPage();
-    clock.advance(1000);
-    ASSERT_EQ(page().cards.size(), 3u);
-    EXPECT_EQ(card(0), "1 | K11 | ON | 12.7193 | 2.0000 | 25.4386 | Mode CC High | Set 2 A | LOAD OFF");
-    EXPECT_EQ(card(1), "2 | K13 | OV | 499.950 | -0.5000 | 1924.10 | Mode CV | Set 48 V | LOAD ON");
-    EXPECT_EQ(card(2),
-              QString::fromUtf8("3 | K14 | OFF | 5.0000 | 0.0000 | 12000 | Mode CR Low | Set 4.7 \u03A9 | LOAD ON"));
-    EXPECT_FALSE(isReachable(page().cmdGoToConnect));
-}
-
-TEST_F(ControlPageTest, ShowsAllChannelsOfTheSimulatedInstrument)
-{
-    connectSimulated();
-    control->ShowControlPage();
-    clock.advance(1000);
-    ASSERT_EQ(page().cards.size(), 6u);
-    for (int i = 0; i < 6; ++i)
-        EXPECT_FALSE(card(i).contains(QChar(0x2014))) << card(i).toStdString(); // nothing is unknown
-}
-
-TEST_F(ControlPageTest, ShowsWhatItDoesNotKnowAsADash)
-{
-    actAsInstrument(2, [](const QByteArray&) { return QByteArray("1,2;nonsense;nan,inf\n"); });
-    connectScripted();
-    clock.advance(100);
-    control->ShowControlPage();
-    clock.advance(3000);
-    EXPECT_EQ(card(1),
-              QString::fromUtf8(
-                  "2 | 2;nonsense;n\u2026 | \u2014 | \u2014 | \u2014 | \u2014 | Mode \u2014 | Set \u2014 | LOAD OFF"));
-}
-
-TEST_F(ControlPageTest, ShowsTheReadingsAsUnknownWhenTheInstrumentFallsSilent)
-{
-    actAsInstrument(3, [this](const QByteArray& query) { return answerTo(query); });
-    connectScripted();
-    clock.advance(100);
-    control->ShowControlPage();
-    clock.advance(1000);
-    line.onLine = nullptr;
-    clock.advance(10'000);
-    EXPECT_TRUE(card(0).startsWith(QString::fromUtf8("1 | K11 | \u2014 | \u2014 | \u2014 | \u2014 |")))
-        << card(0).toStdString();
-}
-
-TEST_F(ControlPageTest, TakesTheCardsAwayWhenTheLinkIsLost)
-{
-    actAsInstrument(3, [this](const QByteArray& query) { return answerTo(query); });
-    connectScripted();
-    clock.advance(100);
-    control->ShowControlPage();
-    clock.advance(1000);
-    line.close();
-    clock.advance(100);
-    EXPECT_TRUE(page().cards.empty());
-    EXPECT_EQ(page().lblNoLink.caption(), "load closed the link.");
-    EXPECT_EQ(control->lblLink.caption(), "Not connected: the link was lost");
-}
-
-TEST_F(ControlPageTest, HoldsEightChannelsInItsDesignSize)
-{
-    SimulatedInstrument instrument(defaultConfiguration(8));
-    actAsInstrument(8, [&](const QByteArray& query) {
-        return QByteArray::fromStdString(instrument.execute(query.toStdString())) + '\n';
-    });
-    connectScripted();
-    control->ShowControlPage();
-    clock.advance(1000);
-    QApplication::processEvents();
-    ASSERT_EQ(page().cards.size(), 8u);
-    const QRect room = control->rect();
-    for (const auto& each : page().cards) {
-        EXPECT_TRUE(room.contains(QRect(each->mapTo(&*control, QPoint(0, 0)), each->size())));
-        for (const Label* reading : {&each->lblVolts, &each->lblAmperes, &each->lblWatts})
-            EXPECT_LE(reading->fontMetrics().horizontalAdvance(QStringLiteral("-00.0000")), reading->width());
-        EXPECT_LE(each->cmdLoad.sizeHint().width(), each->cmdLoad.width());
-        EXPECT_LE(each->lblMode.sizeHint().width(), each->lblMode.width());
-    }
 }
 
 } // namespace orb

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "instrument_link.h"
-#include "link_words.h"
+#include "link_status_text.h"
 #include "recorded_exit.h"
 #include "scripted_line.h"
 #include "virtual_clock.h"
@@ -199,7 +199,7 @@ TEST_F(InstrumentLinkTest, ACloseBeforeTheIdentityHasItsOwnText)
     line.onLine = [this](const QByteArray&) { line.close(10); };
     start();
     stepFor(10'000);
-    EXPECT_EQ(statusText(), "load:5025 closed the connection before it had said what it is.");
+    EXPECT_EQ(statusText(), "load:5025 closed the connection before it identified itself.");
 }
 
 TEST_F(InstrumentLinkTest, AnInstrumentThatClosesTheLinkIsNoticed)

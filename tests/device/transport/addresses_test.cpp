@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "identity.h"
 #include "link_kind.h"
-#include "link_settings.h"
 #include "recorded_exit.h"
 #include "tcp_address.h"
 #include "virtual_clock.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -15,20 +10,10 @@ namespace orb {
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 QString resourceOf(const char* typed)
 {
     const auto address = readTcpAddress(QString::fromUtf8(typed));
     return address ? address->resourceName() : QStringLiteral("none");
-}
-
-void writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
 }
 
 } // namespace
@@ -97,98 +82,6 @@ TEST(LinkKinds, ClaimTheirOwnResourceNamesAlone)
     EXPECT_EQ(titleOf("host"), "none"); // typed, not a resource name
     EXPECT_EQ(titleOf(""), "none");
     EXPECT_EQ(titleOf("ASRL/dev/ttyUSB0::INSTR"), "none");
-}
-
-TEST(Identity, IsReadFromFourFieldsOrMore)
-{
-    EXPECT_EQ(readIdentity("ZN,ORB3000, SIM0001 ,1.0"), (Identity{QStringLiteral("ZN"), QStringLiteral("ORB3000"),
-                                                                  QStringLiteral("SIM0001"), QStringLiteral("1.0")}));
-    EXPECT_EQ(readIdentity("ZN,ORB3000,,1.0,rev B")->firmware, "1.0,rev B");
-    EXPECT_EQ(readIdentity("ZN,ORB3000,0,"),
-              (Identity{QStringLiteral("ZN"), QStringLiteral("ORB3000"), QStringLiteral("0"), {}}));
-}
-
-TEST(Identity, IsNotReadFromAnythingElse)
-{
-    EXPECT_EQ(readIdentity(""), std::nullopt);
-    EXPECT_EQ(readIdentity("SSH-2.0-server_9"), std::nullopt);
-    EXPECT_EQ(readIdentity("a,b,c"), std::nullopt);
-    EXPECT_EQ(readIdentity(",,,"), std::nullopt);
-    EXPECT_EQ(readIdentity("a,b\x07,c,d"), std::nullopt);
-    EXPECT_EQ(readIdentity("a,b,c," + QByteArray(300, 'd')), std::nullopt);
-}
-
-TEST(ShownText, IsOneLineWithoutControlCharacters)
-{
-    EXPECT_EQ(shownText("HTTP/1.1 400\r\n\x1b[31mBad\x07 \tRequest"), "HTTP/1.1 400 [31mBad Request");
-    EXPECT_EQ(shownText("caf\xc3\xa9"), QString::fromUtf8("caf\xc3\xa9"));
-    EXPECT_EQ(shownText("caf\xe9"), QString::fromUtf8("caf\xc3\xa9"));
-    EXPECT_EQ(shownText("a\xe2\x80\xae"
-                        "b"),
-              "a b"); // text direction is no business of a peer's
-    EXPECT_EQ(shownText(QByteArray(1000, 'x'), 10), QString(10, QLatin1Char('x')) + QChar(0x2026));
-    EXPECT_EQ(shownText(""), "");
-}
-
-TEST(ListFields, AddNoneForAClosingComma)
-{
-    EXPECT_THAT(listFields("1,2,"), ElementsAre("1", "2"));
-    EXPECT_THAT(listFields("1,2"), ElementsAre("1", "2"));
-    EXPECT_THAT(listFields(""), IsEmpty());
-    EXPECT_THAT(listFields(",,"), ElementsAre("", ""));
-}
-
-class LinkSettingsTest : public testing::Test {
-protected:
-    QTemporaryDir folder;
-    QString file = folder.filePath(QStringLiteral("sub/link.ini"));
-};
-
-TEST_F(LinkSettingsTest, AreEmptyOnAFirstStart)
-{
-    const LinkSettings settings(file);
-    EXPECT_EQ(settings.last(), "");
-    EXPECT_THAT(settings.recent(), IsEmpty());
-}
-
-TEST_F(LinkSettingsTest, RememberTheLatestFirstAndNoneTwice)
-{
-    LinkSettings settings(file);
-    for (const char* name : {"a", "b", "a", "c"})
-        settings.use(QString::fromLatin1(name));
-    const LinkSettings again(file);
-    EXPECT_EQ(again.last(), "c");
-    EXPECT_THAT(again.recent(), ElementsAre("c", "a", "b"));
-}
-
-TEST_F(LinkSettingsTest, AreBounded)
-{
-    LinkSettings settings(file);
-    for (int i = 0; i < 20; ++i)
-        settings.use(QString::number(i));
-    EXPECT_EQ(LinkSettings(file).recent().size(), LinkSettings::mostRecent);
-    settings.use(QString(10'000, QLatin1Char('x')));
-    EXPECT_LE(LinkSettings(file).last().size(), LinkSettings::longestName);
-}
-
-TEST_F(LinkSettingsTest, TakeNoHarmFromGarbageAndOverwriteIt)
-{
-    file = folder.filePath(QStringLiteral("link.ini"));
-    for (const QByteArray& garbage :
-         {QByteArray("[link\nlast=\\x\n=\xff\x00"), QByteArray("[link]\nlast=@Variant(\\0\\0)\nrecent=@Invalid()\n"),
-          QByteArray(100'000, '['), QByteArray("[link]\nrecent=") + QByteArray(20'000, ',')}) {
-        writeFile(file, garbage);
-        LinkSettings settings(file);
-        settings.use(QStringLiteral("SIM::INSTR"));
-        EXPECT_EQ(LinkSettings(file).last(), "SIM::INSTR") << garbage.left(20).toStdString();
-    }
-}
-
-TEST_F(LinkSettingsTest, DoWithoutAFileThatCanNotBeWritten)
-{
-    LinkSettings settings(QStringLiteral("/proc/no/such/place.ini"));
-    settings.use(QStringLiteral("SIM::INSTR"));
-    EXPECT_EQ(settings.last(), "SIM::INSTR");
 }
 
 } // namespace orb

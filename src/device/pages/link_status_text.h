@@ -15,10 +15,10 @@ struct StatusLine {
     bool operator==(const StatusLine&) const = default;
 };
 
-/// What the Connect page says of a link to `peer`, which is what a message calls the other end.
-StatusLine linkStatus(const InstrumentLink& connection, const QString& peer);
+/// The state of a link in full, for the Connect page. `name` is what a message calls the other end.
+StatusLine linkStatus(const InstrumentLink& link, const QString& name);
 
-/// The same in a few words, for the bar above both pages.
-StatusLine shortStatus(const InstrumentLink& connection);
+/// The same in short, for the bar above both pages.
+StatusLine shortStatus(const InstrumentLink& link);
 
 } // namespace orb

@@ -16,10 +16,10 @@ const QByteArray sequenceFileQuery = QByteArrayLiteral(":MMEM:DATA? \"ORBSeq.a\"
 const QByteArray programFileQuery = QByteArrayLiteral(":MMEM:DATA? \"ORBProg.b\"");
 const QByteArray programFileCommand = QByteArrayLiteral(":MMEM:DATA \"ORBProg.b\",");
 
-void fetchInto(Session& session, const QString& stagingFile, const QByteArray& query)
+bool fetchInto(Session& session, const QString& stagingFile, const QByteArray& query)
 {
-    if (const auto content = session.fetchBlock(query, limitMs); content && !content->isEmpty())
-        writeStagingFile(stagingFile, *content);
+    const auto content = session.fetchBlock(query, limitMs);
+    return content && !content->isEmpty() && writeStagingFile(stagingFile, *content);
 }
 
 } // namespace
@@ -30,20 +30,20 @@ bool fetchScreen(Session& session)
     return picture && isBitmap(*picture) && writeStagingFile(staging::screen, *picture);
 }
 
-void fetchSequenceFile(Session& session)
+bool fetchSequenceFile(Session& session)
 {
-    fetchInto(session, staging::sequence, sequenceFileQuery);
+    return fetchInto(session, staging::sequence, sequenceFileQuery);
 }
 
-void fetchProgramFile(Session& session)
+bool fetchProgramFile(Session& session)
 {
-    fetchInto(session, staging::program, programFileQuery);
+    return fetchInto(session, staging::program, programFileQuery);
 }
 
-void sendProgramFile(Session& session)
+bool sendProgramFile(Session& session)
 {
-    if (const auto content = readStagingFile(staging::programUpload, longestUpload))
-        session.sendBlock(programFileCommand, *content, limitMs);
+    const auto content = readStagingFile(staging::programUpload, longestUpload);
+    return content && session.sendBlock(programFileCommand, *content, limitMs);
 }
 
 } // namespace orb

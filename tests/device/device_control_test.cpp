@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "control_fixture.h"
+#include "channel_card.h"
+#include "device_control_fixture.h"
 #include "paths.h"
 #include "staging_files.h"
 
@@ -12,13 +13,32 @@ using testing::IsEmpty;
 using testing::Not;
 } // namespace
 
-TEST_F(ControlTest, HasItsDesignSize)
+TEST_F(DeviceControlTest, TheControlHasItsDesignSize)
 {
     EXPECT_EQ(control->widthTwips(), 8115);
     EXPECT_EQ(control->heightTwips() / 15, 445);
 }
 
-TEST_F(ControlTest, IsQuietWithoutALink)
+TEST_F(DeviceControlTest, TheBarOfBothPagesHasItsTexts)
+{
+    const auto bar = [this] {
+        return QStringList{control->lblLink.caption(), control->cmdAllOff.caption(), control->cmdAllOff.toolTip()}
+            .join(QStringLiteral(" | "))
+            .toStdString();
+    };
+    EXPECT_EQ(bar(), "Not connected | ALL OFF | Switches the inputs of all channels off");
+    connectInstrument();
+    EXPECT_EQ(bar(), "ZN ORB3000, 3 channels | ALL OFF | Switches the inputs of all channels off");
+    std::string whileReconnecting;
+    line.onLine = [&](const QByteArray&) { whileReconnecting = bar(); };
+    control->Reconnect();
+    EXPECT_EQ(whileReconnecting, "Reconnecting... | ALL OFF | Switches the inputs of all channels off");
+    press(control->cmdAllOff);
+    EXPECT_EQ(control->lblLink.status(),
+              (StatusLine{QStringLiteral("Not connected: nothing could be switched off from here."), Tone::Bad}));
+}
+
+TEST_F(DeviceControlTest, WithoutALinkEveryMemberReturnsQuietly)
 {
     EXPECT_FALSE(control->IsConnected());
     EXPECT_EQ(control->ChannelCount(), 0);
@@ -40,7 +60,7 @@ TEST_F(ControlTest, IsQuietWithoutALink)
     EXPECT_THAT(clock.sleeps, IsEmpty());
 }
 
-TEST_F(ControlTest, ConnectsToTheSimulatedInstrumentAtTheFirstPress)
+TEST_F(DeviceControlTest, TheFirstPressOnConnectReachesTheSimulatedInstrument)
 {
     connectSimulated();
     EXPECT_TRUE(control->IsConnected());
@@ -51,7 +71,7 @@ TEST_F(ControlTest, ConnectsToTheSimulatedInstrumentAtTheFirstPress)
     EXPECT_TRUE(control->Reply().endsWith(QLatin1Char(',')));
 }
 
-TEST_F(ControlTest, LosesNothingBehindAQueryThatTheSimulatedInstrumentDoesNotKnow)
+TEST_F(DeviceControlTest, AQueryThatTheSimulatedInstrumentDoesNotKnowCostsNoLaterAnswer)
 {
     connectSimulated();
     for (int i = 0; i < 3; ++i) {
@@ -63,7 +83,7 @@ TEST_F(ControlTest, LosesNothingBehindAQueryThatTheSimulatedInstrumentDoesNotKno
     EXPECT_THAT(clock.sleeps, IsEmpty());
 }
 
-TEST_F(ControlTest, NeverConnectsByItself)
+TEST_F(DeviceControlTest, TheControlNeverConnectsByItself)
 {
     control->ShowControlPage();
     control->ShowConnectPage();
@@ -72,7 +92,7 @@ TEST_F(ControlTest, NeverConnectsByItself)
     EXPECT_EQ(line.openings, 0);
 }
 
-TEST_F(ControlTest, AnswersTheSameTextAgainAndAgain)
+TEST_F(DeviceControlTest, AReplyCanBeReadAgainAndAgain)
 {
     connectSimulated();
     control->SendCommand(QStringLiteral("*IDN?"));
@@ -81,7 +101,7 @@ TEST_F(ControlTest, AnswersTheSameTextAgainAndAgain)
     EXPECT_EQ(control->Reply(), "ZN,ORB3000,SIM0001,1.0");
 }
 
-TEST_F(ControlTest, IsEmptyUntilTheAnswerToTheLastQueryHasCome)
+TEST_F(DeviceControlTest, AReplyIsEmptyUntilTheAnswerToTheLastQueryHasCome)
 {
     connectInstrument([](const QByteArray&) { return QByteArray(); });
     control->SendCommand(QStringLiteral("a?"));
@@ -96,7 +116,7 @@ TEST_F(ControlTest, IsEmptyUntilTheAnswerToTheLastQueryHasCome)
     EXPECT_EQ(control->Reply(), "1");
 }
 
-TEST_F(ControlTest, HasTheReplyDirectlyBehindTheSendWhenItComesSoon)
+TEST_F(DeviceControlTest, AnAnswerWithinFiftyMillisecondsIsReadDirectlyAfterTheSend)
 {
     connectInstrument();
     line.onLine = [this](const QByteArray&) { line.say("1\n", 20); };
@@ -105,7 +125,7 @@ TEST_F(ControlTest, HasTheReplyDirectlyBehindTheSendWhenItComesSoon)
     EXPECT_THAT(clock.sleeps, ElementsAre(20));
 }
 
-TEST_F(ControlTest, KeepsTheReplyWhenTheLinkEndsAndClearsItAtAQueryThatMeetsNone)
+TEST_F(DeviceControlTest, AReplyOutlivesTheLinkUntilTheNextQuery)
 {
     connectInstrument([](const QByteArray&) { return QByteArray("1\n"); });
     control->SendCommand(QStringLiteral("a?"));
@@ -119,15 +139,53 @@ TEST_F(ControlTest, KeepsTheReplyWhenTheLinkEndsAndClearsItAtAQueryThatMeetsNone
     EXPECT_EQ(control->Reply(), "");
 }
 
-TEST_F(ControlTest, SendsEachLineOfATextWithLineEndsForItself)
+TEST_F(DeviceControlTest, ATextWithLineEndsIsSentLineByLine)
 {
     connectInstrument([](const QByteArray&) { return QByteArray("1\n"); });
     control->SendCommand(QStringLiteral(":CURR 1\r\n\n:CURR 2\n"));
-    control->SendCommand({});
     EXPECT_THAT(line.sent, ElementsAre(":CURR 1", ":CURR 2"));
 }
 
-TEST_F(ControlTest, NoticesAPeerThatClosedAtTheNextLook)
+TEST_F(DeviceControlTest, TheEmptyLineIsSentAsALineFeedAlone)
+{
+    connectInstrument([](const QByteArray&) { return QByteArray("1\n"); });
+    control->SendCommand(QStringLiteral("a?"));
+    EXPECT_EQ(control->Reply(), "1");
+    control->SendCommand({});
+    EXPECT_THAT(line.sent, ElementsAre("a?", ""));
+    EXPECT_EQ(control->Reply(), "1"); // it is no query
+}
+
+TEST_F(DeviceControlTest, ALineWithANulIsNotSent)
+{
+    connectInstrument([](const QByteArray&) { return QByteArray("1\n"); });
+    control->SendCommand(QStringLiteral("a?"));
+    EXPECT_EQ(control->Reply(), "1");
+    control->SendCommand(QString(QChar(0)));
+    control->SendCommand(QStringLiteral(":CURR 1") + QChar(0));
+    EXPECT_EQ(control->Reply(), "1");
+    control->SendCommand(QStringLiteral("b?") + QChar(0) + QStringLiteral("c\n:CURR 2"));
+    EXPECT_EQ(control->Reply(), "");
+    EXPECT_THAT(line.sent, ElementsAre("a?", ":CURR 2"));
+}
+
+TEST_F(DeviceControlTest, AQuestionMarkInQuotesMakesALineAQuery)
+{
+    connectInstrument([](const QByteArray& text) { return text == "a?" ? QByteArray("1\n") : QByteArray(); });
+    control->SendCommand(QStringLiteral("a?"));
+    EXPECT_EQ(control->Reply(), "1");
+    control->SendCommand(QStringLiteral(":DISP:TEXT \"why?\""));
+    EXPECT_EQ(control->Reply(), "");
+}
+
+TEST_F(DeviceControlTest, TextIsSentAsUtf8)
+{
+    connectInstrument();
+    control->SendCommand(QStringLiteral(":DISP:TEXT \"\u03A9\""));
+    EXPECT_THAT(line.sent, ElementsAre(":DISP:TEXT \"\xce\xa9\""));
+}
+
+TEST_F(DeviceControlTest, AClosedLinkIsNoticedAtTheNextRead)
 {
     connectInstrument();
     EXPECT_TRUE(control->IsConnected());
@@ -139,7 +197,7 @@ TEST_F(ControlTest, NoticesAPeerThatClosedAtTheNextLook)
     EXPECT_EQ(status(), "load closed the link.");
 }
 
-TEST_F(ControlTest, ReconnectsOnTheSpot)
+TEST_F(DeviceControlTest, AReconnectIsDoneWhenItReturns)
 {
     connectInstrument();
     line.opensAfter = 100;
@@ -150,7 +208,7 @@ TEST_F(ControlTest, ReconnectsOnTheSpot)
     EXPECT_EQ(control->ChannelCount(), 3);
 }
 
-TEST_F(ControlTest, IsDisconnectedWhenAReconnectFails)
+TEST_F(DeviceControlTest, AFailedReconnectLeavesTheControlDisconnected)
 {
     connectInstrument();
     line.openError = LinkError::Refused;
@@ -161,7 +219,7 @@ TEST_F(ControlTest, IsDisconnectedWhenAReconnectFails)
     EXPECT_TRUE(control->connectPage.cmdConnect.enabled());
 }
 
-TEST_F(ControlTest, BlocksInAReconnectNoLongerThanItsLimits)
+TEST_F(DeviceControlTest, AReconnectBlocksNoLongerThanItsLimits)
 {
     connectInstrument();
     line.onLine = nullptr;
@@ -171,14 +229,14 @@ TEST_F(ControlTest, BlocksInAReconnectNoLongerThanItsLimits)
     EXPECT_EQ(clock.elapsed() - begin, 2000);
 }
 
-TEST_F(ControlTest, SendsNothingOfItsOwnWhileInactive)
+TEST_F(DeviceControlTest, AnInactiveControlSendsNothingOfItsOwn)
 {
     connectInstrument();
     clock.advance(60'000);
     EXPECT_THAT(line.sent, IsEmpty());
 }
 
-TEST_F(ControlTest, TakesASecondPanelActiveFalseWithoutEffect)
+TEST_F(DeviceControlTest, ASecondPanelActiveFalseHasNoEffect)
 {
     connectInstrument();
     control->PanelActive(false);
@@ -190,7 +248,7 @@ TEST_F(ControlTest, TakesASecondPanelActiveFalseWithoutEffect)
     EXPECT_THAT(line.sent, Not(IsEmpty())) << "one ShowControlPage outweighs them all";
 }
 
-TEST_F(ControlTest, SendsNothingOfItsOwnOffTheScreen)
+TEST_F(DeviceControlTest, AControlOffTheScreenSendsNothingOfItsOwn)
 {
     connectInstrument();
     control->ShowControlPage();
@@ -202,9 +260,72 @@ TEST_F(ControlTest, SendsNothingOfItsOwnOffTheScreen)
     form.showMinimized();
     clock.advance(60'000);
     EXPECT_THAT(line.sent, IsEmpty());
+    form.showNormal();
+    clock.advance(1'000);
+    EXPECT_THAT(line.sent, Not(IsEmpty()));
 }
 
-TEST_F(ControlTest, GoesOnConnectingOnlyWhileItMaySend)
+TEST_F(DeviceControlTest, ConnectingWaitsWhileTheWindowIsMinimized)
+{
+    actAsInstrument(3);
+    line.opensAfter = 500;
+    connectScripted();
+    form.showMinimized();
+    clock.advance(30'000);
+    EXPECT_THAT(line.sent, IsEmpty());
+    form.showNormal();
+    clock.advance(100);
+    EXPECT_TRUE(control->IsConnected());
+}
+
+TEST_F(DeviceControlTest, AnInactiveControlSendsNothingWhicheverPageItShows)
+{
+    connectInstrument();
+    for (const bool isControlPage : {true, false}) {
+        isControlPage ? control->ShowControlPage() : control->ShowConnectPage();
+        clock.advance(1'000);
+        control->PanelActive(false); // while it is still on the screen
+        line.sent.clear();
+        clock.advance(60'000);
+        EXPECT_THAT(line.sent, IsEmpty());
+    }
+}
+
+TEST_F(DeviceControlTest, TheConnectPageDoesNotPollTheChannels)
+{
+    connectInstrument();
+    control->ShowConnectPage();
+    clock.advance(60'000);
+    EXPECT_THAT(line.sent, IsEmpty());
+}
+
+TEST_F(DeviceControlTest, NoFailureLeavesAMember)
+{
+    connectInstrument([](const QByteArray&) { return QByteArray("1\n"); });
+    control->SendCommand(QStringLiteral("a?"));
+    faults.throws = true;
+    const std::vector<std::function<bool()>> members{
+        [this] { return control->Reply().isEmpty(); },
+        [this] { return control->SendCommand(QStringLiteral("b?")), true; },
+        [this] { return !control->IsConnected(); },
+        [this] { return control->LinkType() == 7; },
+        [this] { return control->ChannelCount() == 3; },
+        [this] { return control->ShowControlPage(), true; },
+        [this] { return control->PanelActive(false), true; },
+        [this] { return control->PanelActive(true), true; },
+        [this] { return control->ShowConnectPage(), true; },
+        [this] { return !control->GrabScreen(); },
+        [this] { return control->FetchSequenceFile(), true; },
+        [this] { return control->FetchProgramFile(), true; },
+        [this] { return control->SendProgramFile(), true; },
+        [this] { return control->Reconnect(), true; },
+    };
+    for (std::size_t i = 0; i < members.size(); ++i)
+        EXPECT_NO_THROW(EXPECT_TRUE(members[i]()) << i) << i;
+    EXPECT_THAT(processExit.reports, IsEmpty());
+}
+
+TEST_F(DeviceControlTest, ConnectingGoesOnOnlyWhileTheControlIsActive)
 {
     actAsInstrument(3);
     line.opensAfter = 500;
@@ -218,25 +339,7 @@ TEST_F(ControlTest, GoesOnConnectingOnlyWhileItMaySend)
     EXPECT_TRUE(control->IsConnected());
 }
 
-TEST_F(ControlTest, RefreshesTheReadingsWithOneQueryInFlight)
-{
-    int open = 0;
-    connectInstrument();
-    line.onLine = [&](const QByteArray& text) {
-        if (!isQuery(text))
-            return;
-        EXPECT_EQ(open, 0) << text.toStdString();
-        ++open;
-        line.say(text == "*OPT?" ? "K11,K12B,K13\n" : "1,2,3,;4,5,6,;7,8,9,;1,0,0\n", 120);
-        clock.at(clock.elapsed() + 120, [&] { --open; });
-    };
-    control->ShowControlPage();
-    clock.advance(5000);
-    EXPECT_THAT(line.sent, Contains(":FETC:ALLV?;:FETC:ALLC?;:FETC:ALLP?;:LOAD:ALL?").Times(testing::Ge(5)));
-    EXPECT_EQ(control->controlPage.cards.at(1)->lblAmperes.caption(), "5.0000");
-}
-
-TEST_F(ControlTest, KeepsItsOwnAnswersFromTheApplication)
+TEST_F(DeviceControlTest, AnAnswerToTheControlPageIsNoReply)
 {
     connectInstrument([](const QByteArray&) { return QByteArray("own\n"); });
     control->SendCommand(QStringLiteral("a?"));
@@ -252,7 +355,7 @@ TEST_F(ControlTest, KeepsItsOwnAnswersFromTheApplication)
     EXPECT_NE(ownQuery, "b?");
 }
 
-TEST_F(ControlTest, AwaitsItsOwnAnswerBeforeItLeavesTheLinkToTheApplication)
+TEST_F(DeviceControlTest, TheAnswerToTheControlPageIsAwaitedBeforeTheControlBecomesInactive)
 {
     connectInstrument();
     line.onLine = [this](const QByteArray& text) { line.say(text + '\n', 40); };
@@ -265,7 +368,7 @@ TEST_F(ControlTest, AwaitsItsOwnAnswerBeforeItLeavesTheLinkToTheApplication)
     EXPECT_EQ(control->Reply(), "b?");
 }
 
-TEST_F(ControlTest, DoesNotRefreshWhileTheApplicationWaitsForAnAnswer)
+TEST_F(DeviceControlTest, TheControlPageDoesNotPollWhileAReplyIsDue)
 {
     connectInstrument();
     line.onLine = nullptr;
@@ -277,7 +380,7 @@ TEST_F(ControlTest, DoesNotRefreshWhileTheApplicationWaitsForAnAnswer)
     EXPECT_GT(line.sent.size(), 1);
 }
 
-TEST_F(ControlTest, SwitchesALoadOnlyAtAPress)
+TEST_F(DeviceControlTest, ALoadIsSwitchedOnlyByAPress)
 {
     connectSimulated();
     control->ShowControlPage();
@@ -296,7 +399,7 @@ TEST_F(ControlTest, SwitchesALoadOnlyAtAPress)
     EXPECT_EQ(loads(), "0,0,0,0,0,0");
 }
 
-TEST_F(ControlTest, OffersToSwitchOnOnlyWhatIsKnownToBeOff)
+TEST_F(DeviceControlTest, OnlyALoadThatIsKnownToBeOffCanBeSwitchedOn)
 {
     connectInstrument([](const QByteArray&) { return QByteArray("garbage\n"); });
     control->ShowControlPage();
@@ -308,7 +411,7 @@ TEST_F(ControlTest, OffersToSwitchOnOnlyWhatIsKnownToBeOff)
     EXPECT_THAT(line.sent, Not(Contains(":LOAD1 ON")));
 }
 
-TEST_F(ControlTest, SwitchesAllOffFromBothPagesWhateverIsUnderWay)
+TEST_F(DeviceControlTest, AllOffIsSentFromBothPagesWhateverIsUnderWay)
 {
     connectInstrument();
     line.onLine = nullptr; // nothing is answered any more
@@ -321,17 +424,11 @@ TEST_F(ControlTest, SwitchesAllOffFromBothPagesWhateverIsUnderWay)
     EXPECT_EQ(line.sent.back(), ":LOAD:ALL OFF");
 }
 
-TEST_F(ControlTest, SaysThatAllOffMetNoLink)
+TEST_F(DeviceControlTest, AllOffWithoutALinkSaysSo)
 {
     control->ShowControlPage();
     press(control->cmdAllOff);
     EXPECT_EQ(control->lblLink.caption(), "Not connected: nothing could be switched off from here.");
-}
-
-TEST_F(ControlTest, RunsNothingWhenTheFormIsNone)
-{
-    connectInstrument();
-    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 } // namespace orb

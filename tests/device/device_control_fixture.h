@@ -2,34 +2,35 @@
 #pragma once
 
 #include "device_control.h"
+#include "faulty_transport.h"
 #include "form_test.h"
 #include "press.h"
-#include "scripted_line.h"
 
 #include <QTemporaryDir>
 
 namespace orb {
 
 /// The real instrument control on a form, on virtual time. Its kinds of link are the simulated instrument and one
-/// whose far end the test writes down (`line`).
-class DeviceTest : public FormTest {
+/// whose far end the test scripts (`line`).
+class DeviceControlTest : public FormTest {
 protected:
-    DeviceTest()
+    DeviceControlTest()
     {
         kinds.push_back(standardLinkKinds(clock).front());
-        kinds.push_back({.title = QStringLiteral("Scripted"),
-                         .linkType = 7,
-                         .example = QStringLiteral("anything"),
-                         .resourceName = [](const QString& typed) -> std::optional<QString> {
-                             if (typed.startsWith(QStringLiteral("SCRIPT::")))
-                                 return typed;
-                             return typed.isEmpty() || typed.contains(QLatin1Char(' '))
-                                        ? std::nullopt
-                                        : std::optional(QStringLiteral("SCRIPT::") + typed);
-                         },
-                         .typed = [](const QString& name) { return name.mid(8); },
-                         .remoteName = [](const QString& name) { return name.mid(8); },
-                         .transport = [this](const QString&) { return std::make_unique<ScriptedTransport>(line); }});
+        kinds.push_back(
+            {.title = QStringLiteral("Scripted"),
+             .linkType = 7,
+             .example = QStringLiteral("anything"),
+             .resourceName = [](const QString& typed) -> std::optional<QString> {
+                 if (typed.startsWith(QStringLiteral("SCRIPT::")))
+                     return typed;
+                 return typed.isEmpty() || typed.contains(QLatin1Char(' '))
+                            ? std::nullopt
+                            : std::optional(QStringLiteral("SCRIPT::") + typed);
+             },
+             .typed = [](const QString& name) { return name.mid(8); },
+             .remoteName = [](const QString& name) { return name.mid(8); },
+             .transport = [this](const QString&) { return std::make_unique<FaultyTransport>(line, faults); }});
         start();
     }
 
@@ -43,7 +44,7 @@ protected:
         control->setVisible(true);
     }
 
-    /// The operator picks a kind of link and presses Connect.
+    /// Presses Connect for a kind of link.
     void connectSimulated()
     {
         control->ShowConnectPage();
@@ -56,7 +57,7 @@ protected:
         control->connectPage.cmbAddress.setText(address);
         press(control->connectPage.cmdConnect);
     }
-    /// The scripted end answers as an instrument of `channels` channels, everything else by `otherwise`.
+    /// The scripted end identifies itself as an instrument of `channels` channels and answers other queries by `otherwise`.
     void actAsInstrument(int channels, std::function<QByteArray(const QByteArray&)> otherwise = {})
     {
         line.onLine = [this, channels, otherwise](const QByteArray& text) {
@@ -69,10 +70,23 @@ protected:
         };
     }
 
+    /// Connects to an instrument of three channels, makes the control inactive and clears what was sent so far.
+    void connectInstrument(std::function<QByteArray(const QByteArray&)> otherwise = {})
+    {
+        actAsInstrument(3, std::move(otherwise));
+        connectScripted();
+        clock.advance(100);
+        ASSERT_TRUE(control->IsConnected());
+        control->PanelActive(false);
+        line.sent.clear();
+        clock.sleeps.clear();
+    }
+
     QString status() const { return control->connectPage.lblStatus.caption(); }
 
     QTemporaryDir settings;
     ScriptedLine line{clock};
+    TransportFaults faults;
     std::vector<LinkKind> kinds;
     std::optional<DeviceControl> control;
 };

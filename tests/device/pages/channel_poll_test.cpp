@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "channel_poll.h"
+#include "recorded_exit.h"
+#include "scripted_line.h"
+#include "virtual_clock.h"
+
+#include <gmock/gmock.h>
+
+namespace orb {
+
+namespace {
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const QByteArray modules = "*OPT?";
+const QByteArray readings = ":FETC:ALLV?;:FETC:ALLC?;:FETC:ALLP?;:LOAD:ALL?";
+const QByteArray modes = ":MODE1?;:LEV1?;:LOAD1:PROT?";
+const QByteArray setValues = ":CURR1:L2?";
+} // namespace
+
+/// The poll of one channel.
+class ChannelPollTest : public testing::Test {
+protected:
+    ChannelPollTest()
+    {
+        transport.open(100);
+        session.send(Requester::Control, "*IDN?");
+        line.say("ZN,ORB3000,0001,1.0\n");
+        session.poll();
+        line.sent.clear();
+        poll.restart(1);
+        line.onLine = [this](const QByteArray& query) {
+            line.say((query == modules    ? "K11\n"
+                      : query == readings ? "48,;2,;96,;1\n"
+                      : query == modes    ? "CCH;2;NONE\n"
+                                          : "2.5\n"),
+                     answerMs);
+        };
+    }
+
+    /// Polls once, `ms` after the last time.
+    bool pollAfter(int ms)
+    {
+        clock.advance(ms);
+        session.poll();
+        return poll.poll(session);
+    }
+    void pollTimes(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            pollAfter(10);
+    }
+
+    RecordedExit processExit;
+    orb::Run run{processExit};
+    VirtualClock clock{run};
+    ScriptedLine line{clock};
+    ScriptedTransport transport{line};
+    Session session{clock, transport};
+    ChannelPoll poll{clock};
+    int answerMs = 0;
+};
+
+TEST_F(ChannelPollTest, TheFirstRoundFollowsTheModules)
+{
+    pollTimes(20);
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings, modes, setValues));
+    const ChannelReadout& readout = poll.readouts().at(0);
+    EXPECT_EQ(readout.module, "K11");
+    EXPECT_EQ(readout.volts, 48.0);
+    EXPECT_EQ(readout.mode, "CCH");
+    EXPECT_EQ(readout.setValue, "2.5 A");
+}
+
+TEST_F(ChannelPollTest, ARoundBeginsFiveHundredMillisecondsAfterTheLast)
+{
+    pollTimes(10); // the first round begins at 20 ms
+    line.sent.clear();
+    pollAfter(519 - static_cast<int>(clock.elapsed()));
+    EXPECT_THAT(line.sent, IsEmpty());
+    pollAfter(1);
+    EXPECT_THAT(line.sent, ElementsAre(readings));
+    pollTimes(10);
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes, setValues));
+}
+
+TEST_F(ChannelPollTest, TheReadoutsAreNewAtAnAnswerAlone)
+{
+    answerMs = 15;
+    EXPECT_FALSE(pollAfter(0));
+    EXPECT_FALSE(pollAfter(10));
+    EXPECT_TRUE(pollAfter(10));
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings));
+    EXPECT_FALSE(pollAfter(10));
+}
+
+TEST_F(ChannelPollTest, APollReadsNothingFromTheLink)
+{
+    pollAfter(0);
+    clock.advance(10);
+    EXPECT_FALSE(poll.poll(session));
+    EXPECT_THAT(line.sent, ElementsAre(modules));
+    EXPECT_EQ(line.arrivals.size(), 1u);
+}
+
+TEST_F(ChannelPollTest, AnAnswerThatStaysAwayLeavesItsValuesUnknown)
+{
+    pollTimes(20);
+    line.onLine = nullptr;
+    poll.hurry();
+    pollAfter(0);
+    ASSERT_EQ(line.sent.back(), readings);
+    EXPECT_FALSE(pollAfter(static_cast<int>(Session::patienceMs) - 1));
+    EXPECT_EQ(poll.readouts().at(0).volts, 48.0);
+    EXPECT_TRUE(pollAfter(1));
+    EXPECT_EQ(poll.readouts().at(0).volts, std::nullopt);
+    EXPECT_EQ(poll.readouts().at(0).loadOn, std::nullopt);
+    EXPECT_EQ(poll.readouts().at(0).module, "K11");
+}
+
+TEST_F(ChannelPollTest, NothingIsSentWhileAReplyIsDue)
+{
+    line.onLine = nullptr;
+    session.send(Requester::Application, "a?");
+    pollTimes(20);
+    EXPECT_THAT(line.sent, ElementsAre("a?"));
+    EXPECT_FALSE(poll.isAwaiting());
+    line.say("1\n");
+    pollTimes(1);
+    EXPECT_THAT(line.sent, ElementsAre("a?", modules));
+    EXPECT_TRUE(poll.isAwaiting());
+}
+
+TEST_F(ChannelPollTest, AHurriedRoundBeginsAtTheNextPoll)
+{
+    pollTimes(10);
+    line.sent.clear();
+    poll.hurry();
+    pollAfter(1);
+    EXPECT_THAT(line.sent, ElementsAre(readings));
+}
+
+TEST_F(ChannelPollTest, AnAbandonedAnswerIsIgnoredAndARoundBeginsWhenItIsDue)
+{
+    pollTimes(3);
+    ASSERT_EQ(line.sent.back(), modes);
+    poll.abandon();
+    EXPECT_FALSE(poll.isAwaiting());
+    line.sent.clear();
+    pollTimes(40);
+    EXPECT_THAT(line.sent, IsEmpty());
+    EXPECT_EQ(poll.readouts().at(0).mode, "");
+    pollTimes(20);
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes, setValues));
+}
+
+TEST_F(ChannelPollTest, TheModulesAreAskedForAgainAfterTheirAnswerWasAbandoned)
+{
+    pollTimes(1);
+    poll.abandon();
+    pollTimes(2);
+    EXPECT_THAT(line.sent, ElementsAre(modules, modules, readings));
+}
+
+TEST_F(ChannelPollTest, ARoundWithoutAKnownModeEndsBeforeTheSetValues)
+{
+    line.onLine = [this](const QByteArray& query) {
+        line.say('x' + QByteArray(";x").repeated(query.count('?') - 1) + '\n');
+    };
+    pollTimes(20);
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings, modes));
+    line.sent.clear();
+    pollTimes(50);
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes));
+}
+
+TEST_F(ChannelPollTest, ARestartForgetsEverything)
+{
+    pollTimes(3);
+    poll.restart(2);
+    EXPECT_FALSE(poll.isAwaiting());
+    ASSERT_EQ(poll.readouts().size(), 2u);
+    EXPECT_EQ(poll.readouts().at(0).module, "");
+    line.sent.clear();
+    pollTimes(2); // the round begins at once
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings));
+}
+
+TEST(LoadCommandTest, ALoadCommandNamesItsChannelAndState)
+{
+    EXPECT_EQ(loadCommand(1, true), ":LOAD1 ON");
+    EXPECT_EQ(loadCommand(8, false), ":LOAD8 OFF");
+    EXPECT_EQ(allOffCommand(), ":LOAD:ALL OFF");
+}
+
+} // namespace orb
