@@ -382,6 +382,61 @@ TEST_F(AnswerBookTest, JoinedQueriesThatAreAnsweredInOneLineCostNoMarker)
     EXPECT_EQ(ask("c?", 1), "");
 }
 
+TEST_F(AnswerBookTest, AJoinedQueryThatIsAnsweredDoesNotMakeALaterAnswerDoubtful)
+{
+    ask("a?;b?");
+    ask("c?", 1);
+    come("1;2");
+    come("3");
+    EXPECT_EQ(seen(), "3");
+    EXPECT_EQ(ask("d?", 2), "");
+}
+
+TEST_F(AnswerBookTest, NothingIsGivenInADistrustWhileALaterMarkerIsOut)
+{
+    ask("lost?");
+    ask("b?", 2000);
+    book.distrust();
+    ask("b?", 4000);
+    come(identity);
+    come("excess");
+    EXPECT_EQ(seen(), "nothing");
+}
+
+TEST_F(AnswerBookTest, TheTextsThatAreRememberedAsUnansweredAreBounded)
+{
+    for (int i = 0; i <= 300; ++i) {
+        const QByteArray text = "lost" + QByteArray::number(i) + '?';
+        ask(text, 10'000 * i);
+        EXPECT_EQ(ask("b?", 10'000 * i + patience), "*IDN?");
+        come(identity);
+        come("b");
+    }
+    ask("lost0?", 4'000'000);
+    EXPECT_EQ(ask("b?", 4'000'001), "*IDN?");
+    come(identity);
+    come("b");
+    ask("lost300?", 5'000'000);
+    EXPECT_EQ(ask("b?", 5'000'001), "");
+}
+
+TEST_F(AnswerBookTest, TheAnswerToTheOtherRequesterIsNotGivenForAQueryThatIsOver)
+{
+    ask("a?");
+    book.markerBefore("b?", false, patience);
+    book.asked(Requester::Control, "b?", patience);
+    come(identity);
+    come("b");
+    book.asked(Requester::Control, "a?", 3000);
+    EXPECT_FALSE(book.awaits(Requester::Application));
+    come("a");
+    EXPECT_EQ(seen(), "nothing");
+    EXPECT_EQ(book.answer(Requester::Control), "a");
+    ask("screen?", 4000);
+    book.asked(Requester::Control, "screen?", 4001);
+    EXPECT_FALSE(book.isNext(Requester::Control));
+}
+
 TEST_F(AnswerBookTest, EverythingIsPassedOverUntilAMarkerEndsTheDistrust)
 {
     ask("a?");
