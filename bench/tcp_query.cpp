@@ -31,7 +31,7 @@ const std::string query = ":FETC:ALLC?";
 
 using Seconds = std::chrono::duration<double>;
 
-/// The simulated instrument behind its server, in a thread of its own.
+/// The simulated instrument and its server in a thread of their own.
 class ServerThread {
 public:
     ServerThread()

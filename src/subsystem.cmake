@@ -67,3 +67,16 @@ function(forbid_header_twins)
     endforeach()
 endfunction()
 forbid_header_twins()
+
+# An exported folder would give its internal one away to an include that names it.
+function(forbid_includes_by_folder)
+    file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.h ${CMAKE_SOURCE_DIR}/src/*.cpp
+        ${CMAKE_SOURCE_DIR}/apps/*.h ${CMAKE_SOURCE_DIR}/apps/*.cpp)
+    foreach(file IN LISTS files)
+        file(STRINGS ${file} includes REGEX "^#include \".*/")
+        if(includes)
+            message(FATAL_ERROR "${file} names a folder: ${includes}")
+        endif()
+    endforeach()
+endfunction()
+forbid_includes_by_folder()
