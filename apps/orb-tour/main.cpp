@@ -43,15 +43,19 @@ int runTour(const QDir& out)
     Run run(processExit);
     RealClock clock(run);
     const Paths paths(folder.path());
-    DeviceControl CORB(clock);
-    FormORB form(clock, dialogs, paths, CORB);
-    run.enter([&] { form.FormLoad(); });
-    form.show();
+    std::optional<DeviceControl> CORB;
+    std::optional<FormORB> form;
+    run.enter([&] {
+        CORB.emplace(clock);
+        form.emplace(clock, dialogs, paths, *CORB);
+        form->FormLoad();
+        form->show();
+    });
 
     Tour tour(out);
-    connectSteps(tour, form, CORB, simulator);
-    dataLogSteps(tour, form);
-    consoleSteps(tour, form);
+    connectSteps(tour, *form, *CORB, simulator);
+    dataLogSteps(tour, *form);
+    consoleSteps(tour, *form);
     return tour.run();
 }
 

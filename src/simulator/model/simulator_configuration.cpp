@@ -11,6 +11,7 @@ SimulatorClock steadyClock()
     };
 }
 
+// A table of data. NOLINTNEXTLINE(readability-function-size)
 SimulatorConfiguration defaultConfiguration(int channelCount)
 {
     SimulatorConfiguration configuration;
