@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page_test.h"
 
+#include <QLayout>
+
+#include <map>
+
 using namespace orb;
 using testing::ElementsAre;
 
