@@ -67,6 +67,7 @@ TEST_F(DataLogPagePrintTest, TheGraphLooksAfterAPrintAsItDidBefore)
     press(page.logPrint);
     EXPECT_EQ(colors(), before);
     EXPECT_EQ(dialogs.printerDialogs, 1);
+    EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
 TEST_F(DataLogPagePrintTest, ACancelOfThePrinterDialogStillPrints)
