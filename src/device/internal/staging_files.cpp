@@ -16,8 +16,7 @@ namespace {
 /// False where the folder is not the user's own. Throws where it can't be created.
 bool prepareFolder()
 {
-    const QFileInfo folder(realPath(staging::folder));
-    if ((folder.exists() || folder.isSymLink()) && !belongsToUser(staging::folder))
+    if (QFileInfo::exists(realPath(staging::folder)) && !belongsToUser(staging::folder))
         return false;
     createFolder(staging::folder); // gives an existing one its mode
     return true;

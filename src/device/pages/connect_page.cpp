@@ -151,7 +151,7 @@ void ConnectPage::display(const InstrumentLink& link, const QString& resourceNam
     const LinkKind* kind = kindOf(kinds_, resourceName);
     const QString name = kind != nullptr ? kind->remoteName(resourceName) : QString();
     linkStatus_ = linkStatus(link, shownText(name.toUtf8()));
-    showInputError(down ? inputError_ : QString());
+    showInputError(inputError_);
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     if (hadFocus && !down && cmdConnect.enabled())
         focusWhenDown_ = window()->focusWidget();

@@ -182,6 +182,34 @@ TEST_F(ControlPageTest, ThePagePollsWithOneQueryAtATime)
     EXPECT_EQ(page().cards.at(1)->lblAmperes.caption(), "5.0000");
 }
 
+TEST_F(ControlPageTest, TheReadingsStayWhenThePageComesBack)
+{
+    connectInstrument([this](const QByteArray& query) { return answerTo(query); });
+    control->ShowControlPage();
+    clock.advance(1000);
+    line.onLine = nullptr;
+    clock.advance(600);          // a query is sent that gets no answer
+    control->PanelActive(false); // while it is awaited
+    clock.advance(10'000);
+    control->ShowControlPage();
+    clock.advance(100);
+    EXPECT_EQ(page().cards.at(0)->lblVolts.caption(), "12.7193");
+}
+
+TEST_F(ControlPageTest, ASwitchedInputIsPolledAtOnce)
+{
+    connectInstrument([this](const QByteArray& query) { return answerTo(query); });
+    control->ShowControlPage();
+    clock.advance(1500);
+    for (PictureButton* button : {&page().cards.at(0)->cmdLoad, &control->cmdAllOff}) {
+        line.sent.clear();
+        press(*button);
+        clock.advance(50);
+        EXPECT_THAT(line.sent, Contains(":FETC:ALLV?;:FETC:ALLC?;:FETC:ALLP?;:LOAD:ALL?"));
+        clock.advance(250); // the round ends, and the next one is not due yet
+    }
+}
+
 TEST_F(ControlPageTest, ATickReadsTheLinkOnceHoweverMuchArrives)
 {
     connectInstrument([this](const QByteArray& query) { return answerTo(query); });
@@ -206,6 +234,9 @@ TEST_F(ControlPageTest, TheCardsFitTheDesignSizeFromTheirFirstPainting)
         });
         press(control->connectPage.cmdDisconnect);
         connectScripted();
+        clock.advance(200);
+        QApplication::processEvents();
+        control->grab(); // the other page was painted before
         control->ShowControlPage();
         clock.advance(1000);
         QApplication::processEvents();
