@@ -84,10 +84,12 @@ private:
 
 template <typename Control> void Journal::watch(Control& control, const QString& name)
 {
+    const QObject& object = control;
     const auto add = [&](auto read) {
-        // A control that is being destroyed is no longer of its own type, and is not read any more.
-        watchText(&control, [&control, name, read, type = &typeid(control)] {
-            return typeid(control) == *type ? read(control, name) : QString();
+        // A control that is being destroyed is no longer of its own type, and is not read any more. It is asked as an
+        // object, since the compiler knows the type of a final class beforehand.
+        watchText(&control, [&control, &object, name, read, type = &typeid(object)] {
+            return typeid(object) == *type ? read(control, name) : QString();
         });
     };
     add([](Control& c, const QString& n) { return (c.visible() ? "show " : "hide ") + n; });
