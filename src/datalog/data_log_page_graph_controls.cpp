@@ -115,7 +115,7 @@ void DataLogPage::graphLogCursorChange(double x, double y)
     const QTime time = QTime(0, 0).addSecs(seconds);
     XPosition.setText(time.toString(QStringLiteral("HH:mm:ss")));
     YPosition.setText(text(y));
-    // An hour counts 60 here, so that after the first hour the grid stays behind the cursor.
+    // An hour counts 60 here, so that after the first hour the grid lags the cursor.
     const int row = time.second() + 60 * time.minute() + 60 * time.hour();
     auto& rows = DataLog.recordset();
     if (row > 0 && row <= rows.recordCount())

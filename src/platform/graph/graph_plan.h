@@ -31,7 +31,7 @@ struct GraphPlotPlan {
     /// The number of the axis that its values use.
     int valueAxis = 2;
     QColor color = {};
-    /// Told apart from a solid plot of the same color.
+    /// Distinguishes it from a solid plot of the same color.
     bool dashed = false;
 };
 

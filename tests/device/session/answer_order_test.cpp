@@ -16,7 +16,7 @@ const QByteArray identity = "ZN,ORB3000,0001,1.0";
 constexpr int shortLatency = 20;
 constexpr qint64 recoveryMs = 3000; // after the latency has fallen
 
-/// A clock that only moves when it is told to, without timers.
+/// A clock without timers that only the test moves.
 class PlainClock final : public Clock {
 public:
     using Clock::Clock;
@@ -220,7 +220,7 @@ TEST_P(AnswerOrderTest, AQueryThatIsTheMarkerItselfAndJoinedQueriesGetTheirOwnAn
             ASSERT_NO_FATAL_FAILURE(expectRight(inOneLine));
             Case inTwoLines = inOneLine;
             inTwoLines.joint = "\n";
-            inTwoLines.recovery = 2 * recoveryMs; // markers are told apart by the lines that follow
+            inTwoLines.recovery = 2 * recoveryMs; // markers are recognized by the lines that follow
             ASSERT_NO_FATAL_FAILURE(expectRight(inTwoLines));
         }
 }
