@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "command_page_test.h"
 
+#include <QLayout>
+
 using namespace orb;
 
 namespace {

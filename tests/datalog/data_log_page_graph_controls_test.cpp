@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page_test.h"
 
+#include <QApplication>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "identity.h"
 
+#include <QList>
+
 #include <gmock/gmock.h>
 
 namespace orb {
