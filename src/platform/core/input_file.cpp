@@ -19,7 +19,7 @@ void require(bool holds, int number)
 
 } // namespace
 
-InputFile::InputFile(const QString& literal)
+QByteArray readBytes(const QString& literal, qint64 longest)
 {
     require(!literal.isEmpty(), failure::BadFileName);
     QFile file(realPath(literal));
@@ -27,8 +27,13 @@ InputFile::InputFile(const QString& literal)
     require(info.exists(), failure::FileNotFound);
     require(info.isFile(), failure::PathFileAccessError);
     require(file.open(QIODevice::ReadOnly), failure::PermissionDenied);
-    content_ = file.readAll();
+    QByteArray content = longest < info.size() ? file.read(longest) : file.readAll();
     require(file.error() == QFileDevice::NoError, failure::DeviceIOError);
+    return content;
+}
+
+InputFile::InputFile(const QString& literal) : content_(readBytes(literal))
+{
     if (content_.startsWith("\xEF\xBB\xBF"))
         at_ = 3; // a byte order mark is not part of the first line
 }
