@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "is_query.h"
 
+#include <QString>
+
 #include <gmock/gmock.h>
 
 #include <string>

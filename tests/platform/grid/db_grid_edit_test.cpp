@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "db_grid_fixture.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolTip>
