@@ -143,10 +143,8 @@ void SimulatorServer::Parts::accept(std::unique_ptr<QTcpSocket> socket)
     };
     clients.push_back(std::make_unique<ClientConnection>(std::move(socket), std::move(handler),
                                                          SimulatedInstrument::maxMessage, maxUnread));
-    ClientConnection& client = *clients.back();
     for (DeliveryStep& step : deliver(faults.onConnect(), {}))
-        client.send({{std::move(step), {}}});
-    client.read();
+        clients.back()->send({{std::move(step), {}}});
 }
 
 std::vector<OutgoingStep> SimulatorServer::Parts::respond(const MessageFramer::Message& message)

@@ -45,6 +45,17 @@ TEST_F(ComboBoxTest, TypedTextThatEqualsAnItemSelectsItAndAnyOtherLeavesNoSelect
     EXPECT_EQ(combo.text(), "p1");
 }
 
+TEST_F(ComboBoxTest, TypedTextIsNotCompletedToAnItem)
+{
+    ComboBox combo;
+    put(combo);
+    combo.addItem("P01");
+
+    type(*combo.lineEdit(), "P");
+
+    EXPECT_EQ(combo.text(), "P");
+}
+
 TEST_F(ComboBoxTest, AssigningAComboItsTextSelectsTheItemAndRunsTheHandler)
 {
     int clicks = 0;

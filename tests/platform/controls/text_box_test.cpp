@@ -85,6 +85,16 @@ TEST_F(TextBoxFocusTest, TheNextClickPlacesTheCaret)
     }
 }
 
+TEST_F(TextBoxFocusTest, AClickPlacesTheCaretInABoxThatGotTheFocusByTheKeyboard)
+{
+    box.setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(box.selectedText(), "12.5");
+
+    press();
+
+    EXPECT_EQ(box.selectedText(), "");
+}
+
 TEST_F(TextBoxFocusTest, ABoxWhoseHandlerSelectsNothingIsClickedAsUsual)
 {
     box.onGotFocus = nullptr;

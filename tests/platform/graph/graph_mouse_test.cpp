@@ -279,6 +279,17 @@ TEST_F(GraphCursorTest, ACursorComesIntoViewWhenItIsShown)
     EXPECT_EQ(cursor.xPosition(), 30);
 }
 
+TEST_F(GraphCursorTest, AShownCursorOutOfViewStaysThereWhenItIsShownAgain)
+{
+    GraphCursor& cursor = graph.cursor(1);
+    cursor.setVisible(true);
+    cursor.setXPosition(300);
+
+    cursor.setVisible(true);
+
+    EXPECT_EQ(cursor.xPosition(), 300);
+}
+
 TEST_F(GraphCursorTest, ACursorStaysWhereItIsInTheOtherModes)
 {
     graph.cursor(1).setPlot(graph.plot(1));

@@ -43,7 +43,7 @@ public:
     bool isOpen() const { return open_; }
     /// Appends steps to the queue.
     void send(std::vector<OutgoingStep> steps);
-    /// Reads what has been received. Called by the server for a new client, by the socket afterwards.
+    /// Reads what has been received.
     void read();
     /// Handles at once what the event loop has not handled yet: received bytes and the end of the connection.
     void poll();
