@@ -3,6 +3,10 @@
 
 #include "attempt.h"
 #include "run_picture.h"
+#include "screen_picture.h"
+#include "text_file.h"
+
+#include <QBuffer>
 
 namespace orb {
 
@@ -11,15 +15,41 @@ constexpr int firstPeriodMs = 200;
 constexpr int periodMs = 500;
 constexpr int slowLinkPeriodMs = 2000;
 constexpr int slowLink = 1;
+constexpr QSize screenSize(320, 240);
+
+QByteArray asBitmap(const QPixmap& picture)
+{
+    if (picture.isNull())
+        throw RuntimeFailure(failure::InvalidPropertyValue);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.toImage().convertToFormat(QImage::Format_RGB32).save(&buffer, "BMP");
+    return bytes;
+}
+
+void describe(PictureButton& button, const QString& name)
+{
+    button.setAccessibleName(name);
+    button.setToolTip(name);
+}
 } // namespace
 
-DisplayPage::DisplayPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB)
-    : Frame(QStringLiteral("DISPLAY")), TimerDisplay(clock), dialogs_(dialogs), paths_(paths), CORB_(CORB)
+DisplayPage::DisplayPage(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, bool& bFullScrMode)
+    : Frame(QStringLiteral("DISPLAY")),
+      TimerDisplay(clock),
+      run_(clock.run()),
+      dialogs_(dialogs),
+      paths_(paths),
+      CORB_(CORB),
+      bFullScrMode_(bFullScrMode)
 {
     createLayout();
     dispPlay.onClick = [this] { dispPlayClick(); };
     dispStop.onClick = [this] { dispStopClick(); };
     dispPause.onClick = [this] { dispPauseClick(); };
+    dispSave.onClick = [this] { dispSaveClick(); };
+    dispEnlarge.onClick = [this] { dispEnlargeClick(); };
     TimerDisplay.onTick = [this] { TimerDisplayTimer(); };
     TimerDisplay.setInterval(firstPeriodMs);
     TimerDisplay.setEnabled(true);
@@ -36,9 +66,25 @@ void DisplayPage::createLayout()
     Image2.resizeTwips(5700, 9180);
     Picture1.moveTwips(540, 840);
     Picture1.resizeTwips(4815, 3615);
+    QPixmap blank(screenSize);
+    blank.fill(Qt::black);
+    Picture1.setPixmap(blank);
     Image1.setParent(&Picture1);
     Image1.moveTwips(0, 0);
     Image1.resizeTwips(4815, 3615);
+    Image3.moveTwips(6270, 8700);
+    Image3.resizeTwips(720, 720);
+    Image3.setPicture(icon(QStringLiteral("\\ICON\\orb.png")));
+    layoutButtons();
+    barRec.setVisible(false);
+    optDispDev.setValue(true);
+    optDispDev.setVisible(false);
+    optDispFull.setVisible(false);
+    optDispFull.setEnabled(false);
+}
+
+void DisplayPage::layoutButtons()
+{
     int top = 300;
     for (PictureButton* button : {&dispPlay, &dispStop, &dispPause, &dispRec, &dispSave, &dispEnlarge}) {
         button->setIconSize({32, 32});
@@ -46,15 +92,20 @@ void DisplayPage::createLayout()
         button->resizeTwips(1335, 975);
         top += 1095;
     }
+    describe(dispPlay, QStringLiteral("Start the mirror"));
+    describe(dispStop, QStringLiteral("Stop the mirror"));
+    describe(dispPause, QStringLiteral("Pause or resume the mirror"));
+    describe(dispRec, QStringLiteral("Record"));
+    describe(dispSave, QStringLiteral("Save the picture"));
+    describe(dispEnlarge, QStringLiteral("Full screen"));
+    dispPause.setPicture(icon(QStringLiteral("\\ICON\\B2PAUSE.JPG")));
+    dispRec.setPicture(icon(QStringLiteral("\\ICON\\Record.png")));
+    dispSave.setPicture(icon(QStringLiteral("\\ICON\\Save.png")));
+    dispEnlarge.setPicture(icon(QStringLiteral("\\ICON\\Enlarge.png")));
     dispPause.setVisible(false);
     dispRec.setVisible(false);
     dispRec.setEnabled(false);
-    barRec.setVisible(false);
     dispEnlarge.setEnabled(false);
-    optDispDev.setValue(true);
-    optDispDev.setVisible(false);
-    optDispFull.setVisible(false);
-    optDispFull.setEnabled(false);
 }
 
 void DisplayPage::RefreshDisplayPage()
@@ -110,9 +161,39 @@ void DisplayPage::TimerDisplayTimer()
     }
     if (!CORB_.GrabScreen())
         return;
-    Picture1.setPicture(staging::screen);
-    Picture1.setTag(staging::screen);
-    Image1.setPixmap(Picture1.pixmap());
+    loadScreen(Picture1);
+    (bFullScrMode_ ? fullScreen().Image1 : Image1).setPixmap(Picture1.pixmap());
+}
+
+FormFullScreen& DisplayPage::fullScreen()
+{
+    if (!oFullScreen)
+        oFullScreen.emplace(run_);
+    return *oFullScreen;
+}
+
+void DisplayPage::dispEnlargeClick()
+{
+    bFullScrMode_ = true;
+    fullScreen().show();
+    fullScreen().raise();
+    fullScreen().activateWindow();
+}
+
+void DisplayPage::dispSaveClick()
+{
+    if (Picture1.tag().isEmpty() || !optDispDev.value())
+        return;
+    CommonDialog& dialog = dialogs_.CommonDialog1;
+    dialog.filter = QStringLiteral("圖檔 (*.bmp;*.gif)|*.bmp;*.gif");
+    dialogs_.showSave();
+    dialog.initialDirectory = paths_.applicationDirectory(); // in force only for the next use
+    if (dialog.fileName.isEmpty())
+        return;
+    const QByteArray bitmap = asBitmap(Image1.pixmap());
+    OutputFile file(dialog.fileName);
+    file.write({bitmap.constData(), static_cast<std::size_t>(bitmap.size())});
+    file.close();
 }
 
 } // namespace orb

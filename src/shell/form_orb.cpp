@@ -15,9 +15,12 @@ constexpr QSize usualGroupSize(619, 489);
 FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB)
     : Form(clock.run()),
       wsMain([&clock] { return clock.now(); }),
-      fraDisplay(clock, dialogs, paths, CORB),
+      fraDisplay(clock, dialogs, paths, CORB, bFullScrMode),
       fraCommand(clock, dialogs, paths, CORB, fraDisplay.optDispDev),
       frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
+      Frame1(paths, fraCommand.lstCommand),
+      panel(paths, CORB, *this, fraDisplay.Image2, fraDisplay.Picture1, fraDisplay.Image1, fraDisplay.TimerDisplay,
+            Frame1),
       supervisor(clock, paths, CORB, *this, pageControl, pageDisplay, pageCommand),
       dialogs_(dialogs),
       paths_(paths),
@@ -60,7 +63,7 @@ void FormORB::layoutPageButtons()
 
 void FormORB::layoutGroups()
 {
-    for (Frame* empty : {&fraSequence, &fraProgram, &Frame1})
+    for (Frame* empty : {&fraSequence, &fraProgram})
         empty->resize(usualGroupSize);
     for (QWidget* group : std::initializer_list<QWidget*>{&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence,
                                                           &fraProgram, &Frame1}) {
@@ -93,6 +96,7 @@ void FormORB::FormLoad()
     dbMain = wsMain.openDatabase(paths_.inApplication(QStringLiteral("\\orb.mdb")));
     sPendingSeqFile.clear();
     bFullScrMode = false;
+    panel.InitDevButton();
     fraCommand.InitListCommand();
     frmDatalog.InitDataLog();
     pageControlClick();

@@ -5,6 +5,7 @@
 #include "connection_supervisor.h"
 #include "data_log_page.h"
 #include "display_page.h"
+#include "panel_input.h"
 
 namespace orb {
 
@@ -41,7 +42,8 @@ public:
     DataLogPage frmDatalog;
     Frame fraSequence{QStringLiteral("Sequence")};
     Frame fraProgram{QStringLiteral("Program")};
-    Frame Frame1;
+    CaptureTool Frame1; ///< nothing shows it
+    PanelInput panel;
 
     ConnectionSupervisor supervisor;
 

@@ -132,6 +132,71 @@ TEST_F(FormORBTest, ActivatingTheFormLeavesTheFullScreenMode)
     EXPECT_FALSE(form.bFullScrMode);
 }
 
+TEST_F(FormORBTest, TheStartReadsThePanelMapBeforeTheCatalogue)
+{
+    QFile::remove(application.filePath("orbCommands.dat"));
+    QFile::remove(application.filePath("ORBScrBtn.dat"));
+    load();
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '53':\n\nFile not found"));
+    EXPECT_THAT(journal.linesOf({"message", "call"}), IsEmpty()) << "the catalogue's failure is a message box";
+}
+
+TEST_F(FormORBTest, TheStartResetsTheSharedStateBeforeItReadsThePanelMap)
+{
+    QFile::remove(application.filePath("ORBScrBtn.dat"));
+    form.sPendingSeqFile = "left.a";
+    form.bFullScrMode = true;
+    load();
+    EXPECT_EQ(form.sPendingSeqFile, "");
+    EXPECT_FALSE(form.bFullScrMode);
+}
+
+TEST_F(FormORBTest, TheStartReadsAllKeysOfThePanel)
+{
+    load();
+    EXPECT_EQ(form.panel.map.nDevButton, 28);
+}
+
+TEST_F(FormORBTest, ActivatingTheFormInFullScreenSendsTheNextPictureToTheMainForm)
+{
+    createFolder(staging::folder);
+    QPixmap screen(320, 240);
+    screen.fill(Qt::green);
+    ASSERT_TRUE(screen.save(realPath(staging::screen)));
+    instrument.connected = true;
+    instrument.screenGrabbed = true;
+    load();
+    click(&FormORB::pageDisplayClick);
+    press(form.fraDisplay.dispPlay);
+    press(form.fraDisplay.dispEnlarge);
+    clock.advance(500);
+    EXPECT_EQ(form.fraDisplay.Image1.picture(), paths.inApplication("\\OrbEmpty.jpg")) << "still blank";
+
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&form, &activate);
+    clock.advance(500);
+
+    EXPECT_EQ(form.fraDisplay.Image1.pixmap().toImage().pixelColor(5, 5), QColor(Qt::green));
+    EXPECT_TRUE(form.fraDisplay.oFullScreen->isVisible());
+}
+
+TEST_F(FormORBTest, AClickOnThePanelRunsAStoppedMirrorAndTheButtonsStayUntilTheLinkIsFoundDown)
+{
+    load();
+    click(&FormORB::pageDisplayClick);
+    QMouseEvent down(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(&form.fraDisplay.Image2, &down);
+
+    EXPECT_TRUE(form.fraDisplay.TimerDisplay.enabled());
+    EXPECT_EQ(form.fraDisplay.TimerDisplay.interval(), 200);
+    EXPECT_FALSE(form.fraDisplay.dispStop.enabled());
+    press(form.pageSequence); // stops only what its stop button says is running
+    EXPECT_TRUE(form.fraDisplay.TimerDisplay.enabled());
+    clock.advance(200); // the instrument is not connected
+    EXPECT_FALSE(form.fraDisplay.TimerDisplay.enabled());
+}
+
 TEST_F(FormORBTest, AMouseMoveOverTheDisplayPageSetsTheArrowPointer)
 {
     form.setCursor(Qt::PointingHandCursor);

@@ -42,6 +42,8 @@ bool ScriptedDialogs::showFile(const QString& mode)
     write(QStringLiteral("%1 directory \"%2\" filter \"%3\" title \"%4\" name \"%5\"")
               .arg(mode, CommonDialog1.initialDirectory, CommonDialog1.filter, CommonDialog1.title,
                    CommonDialog1.fileName));
+    if (onFileDialog)
+        onFileDialog();
     if (files.empty())
         return false;
     const auto file = files.front();

@@ -51,6 +51,8 @@ public:
     RecordedPrinter recordedPrinter;
     /// Called while the printer dialog is up.
     std::function<void()> onPrinterDialog;
+    /// Called while a file dialog is up, before it is answered.
+    std::function<void()> onFileDialog;
     /// Called while a message box is up, before it is answered.
     std::function<void(const Shown&)> onMessage;
 

@@ -23,12 +23,12 @@ public:
     void writeLine(const QString& text);
     /// Appends `text` as it is. Fails as `writeLine` does.
     void write(std::string_view text);
+    /// Passes what was written to the system. Fails as `writeLine` does.
+    void flush();
     /// Throws as `writeLine` does where the rest can't be written. Closing twice does nothing.
     void close();
 
 private:
-    void flush();
-
     QFile file_;
     std::string buffer_;
 };
