@@ -91,18 +91,24 @@ TEST_F(BulkTransferTest, TheProgramFileIsSentAsABlock)
     EXPECT_THAT(line.sent, ElementsAre(":MMEM:DATA \"ORBProg.b\",#14a?\nb"));
 }
 
-TEST_F(BulkTransferTest, TransfersWithAnInstrumentThatHasNoBlocksFailQuietly)
+TEST_F(BulkTransferTest, TheSimulatedInstrumentHasBothFiles)
+{
+    connectSimulated();
+    control->PanelActive(false);
+    control->FetchProgramFile();
+    control->FetchSequenceFile();
+    EXPECT_EQ(contentOf(staging::program).size(), 5580);
+    EXPECT_EQ(contentOf(staging::sequence).size(), 4380);
+}
+
+TEST_F(BulkTransferTest, ATransferThatTheInstrumentDoesNotHaveFailsQuietly)
 {
     connectSimulated();
     control->PanelActive(false);
     ASSERT_TRUE(writeStagingFile(staging::programUpload, "a?\n:LOAD:ALL ON\n"));
     EXPECT_FALSE(control->GrabScreen());
-    control->FetchProgramFile();
-    control->FetchSequenceFile();
     control->SendProgramFile();
     EXPECT_FALSE(fileExists(staging::screen));
-    EXPECT_FALSE(fileExists(staging::program));
-    EXPECT_FALSE(fileExists(staging::sequence));
     EXPECT_TRUE(control->IsConnected());
     EXPECT_THAT(clock.sleeps, testing::IsEmpty());
     control->SendCommand(QStringLiteral(":LOAD:ALL?"));

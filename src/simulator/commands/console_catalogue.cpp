@@ -51,6 +51,8 @@ std::vector<CatalogueEntry> catalogueEntries(const Command& command)
         for (const char level : {'1', '2'})
             entries.push_back(levelEntry(command, header, level, mark));
     }
+    if (!command.queryExample.empty())
+        entries.push_back({header + "? " + std::string(command.queryExample), std::string(command.summary), "query"});
     if (command.query != nullptr && command.queryParameters.find("MINimum|MAXimum") != std::string_view::npos) {
         entries.push_back({header + "? MIN", "The least that " + header + " can be set to.", "query"});
         entries.push_back({header + "? MAX", "The most that " + header + " can be set to.", "query"});

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "prog_file_record.h"
+
 #include <array>
 #include <cstddef>
 
@@ -62,13 +64,22 @@ public:
     int program = 1;
     int step = 1;
 
+    ProgramStore();
+
     ProgramMemory::Step& editedStep() { return programs.step(program, step); }
-    void save() { saved_ = programs; }
+    void save();
     /// Returns to what was saved, and to step 1 of program 1.
     void revert();
 
+    /// The edited programs as a file, see `programFile`.
+    ProgFileRecord file() const;
+    /// Replaces the programs, edited and saved, and all other bytes of the file. False where the instrument can't hold
+    /// them; nothing has changed then.
+    bool takeFile(const ProgFileRecord& file);
+
 private:
     ProgramMemory saved_;
+    ProgFileRecord rest_; // the bytes of the file that hold no programs
 };
 
 } // namespace orb

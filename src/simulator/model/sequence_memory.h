@@ -16,6 +16,8 @@ struct SequenceMemory {
     static constexpr double maxSeconds = 100'000;
     static constexpr double maxSlewRate = 5;
     static constexpr int maxRepeatCount = 32767;
+    static constexpr int minEndValue = -32768;
+    static constexpr int maxEndValue = 32767;
 
     struct Point {
         double current = 0;
@@ -29,8 +31,8 @@ struct SequenceMemory {
     std::array<Point, pointCount> points{};
     /// The range of the voltage meter while the sequence plays.
     LoadRange voltageRange = LoadRange::High;
-    /// Whether the input stays on after the last point.
-    bool loadOnAtEnd = false;
+    /// 0 where the input goes off after the last point; with any other number it stays on.
+    int endValue = 0;
     /// How often the loop is played; 0 for ever.
     int repeatCount = 1;
     /// The first and the last point of the loop, counted from 1. A sequence whose first point is after the last can't be

@@ -42,7 +42,7 @@ void SequencePlayer::stop(Mainframe& mainframe)
 {
     if (!runs(mainframe))
         return;
-    if (sequence_.loadOnAtEnd)
+    if (sequence_.endValue != 0)
         mainframe.change(channel_).endPlay();
     else
         mainframe.change(channel_).switchOff();

@@ -108,6 +108,13 @@ double CommandCall::limitOr(double value, const NumberLimits& limits) const
     return namedNumber(parameters_[0].text, limits);
 }
 
+std::string_view CommandCall::textOf(std::size_t index, Parameter::Kind kind) const
+{
+    if (parameters_[index].kind != kind)
+        fail(ErrorNumber::DataTypeError);
+    return parameters_[index].text;
+}
+
 bool CommandCall::isWord(std::size_t index, std::span<const std::string_view> mnemonics) const
 {
     const Parameter& parameter = parameters_[index];

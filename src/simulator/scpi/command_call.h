@@ -36,6 +36,9 @@ public:
     /// The answer to a query for a number: what MINimum, MAXimum or DEFault stands for, or `value` where the query
     /// has no parameter.
     double limitOr(double value, const NumberLimits& limits) const;
+    /// The text of a string, the bytes of a block. Error -104 for any other parameter.
+    std::string_view string(std::size_t index) const { return textOf(index, Parameter::Kind::String); }
+    std::string_view block(std::size_t index) const { return textOf(index, Parameter::Kind::Block); }
     /// Whether the parameter is one of these words, in any letter case.
     bool isWord(std::size_t index, std::span<const std::string_view> mnemonics) const;
     /// A number that is rounded to a whole one.
@@ -47,6 +50,8 @@ public:
     std::size_t choice(std::size_t index, std::span<const std::string_view> mnemonics) const;
 
 private:
+    std::string_view textOf(std::size_t index, Parameter::Kind kind) const;
+
     std::span<const std::optional<int>> suffixes_;
     std::span<const Parameter> parameters_;
 };

@@ -37,6 +37,8 @@ struct Command {
     std::string_view queryParameters = {};
     /// Parameters that the set form takes on the default instrument right after a reset and the message `before`.
     std::string_view example = {};
+    /// The same for a query form that can't do without its parameters. Empty for most rows.
+    std::string_view queryExample = {};
     /// A message that must have been sent before the set form. Empty for most rows.
     std::string_view before = {};
     /// What it does, for the manual. Holds no bar, caret or line end.

@@ -59,6 +59,18 @@ TEST(ConsoleCatalogueTest, EachLevelAndEachLimitHasAnEntry)
                             ":ALPH? MAX^The most that :ALPH can be set to.^query"));
 }
 
+TEST(ConsoleCatalogueTest, AQueryThatNeedsAParameterHasAnEntryWithItsExample)
+{
+    EXPECT_THAT(textsOf({.header = "ALPHa",
+                         .parameters = "<n>",
+                         .queryParameters = "<file>",
+                         .queryExample = "\"x\"",
+                         .summary = "Text.",
+                         .set = nothing,
+                         .query = noAnswer}),
+                ElementsAre(":ALPH^Text.^<n>", ":ALPH? \"x\"^Text.^query"));
+}
+
 TEST(ConsoleCatalogueTest, EachEntryIsALineWithTwoCarets)
 {
     const std::string catalogue = commandCatalogue();
@@ -95,7 +107,8 @@ TEST_F(FreshInstrumentTest, AFreshInstrumentTakesEveryEntry)
             build(defaultConfiguration());
             const bool marked = entry.text.find('?') != std::string::npos;
             if (command.query != nullptr)
-                EXPECT_NE(query(entry.text + (marked ? "" : "?")), "") << entry.text;
+                EXPECT_NE(query(marked ? entry.text : entry.text + "? " + std::string(command.queryExample)), "")
+                    << entry.text;
             else
                 send(std::string(command.before) + ';' + entry.text + ' ' + std::string(command.example));
             EXPECT_EQ(errors(), noError) << entry.text;

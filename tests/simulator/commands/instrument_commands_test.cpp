@@ -38,6 +38,7 @@ TEST_F(InstrumentCommandsTest, EveryRowIsDescribed)
         EXPECT_TRUE(command.set != nullptr || command.parameters.empty()) << command.header;
         EXPECT_TRUE(command.query != nullptr || command.queryParameters.empty()) << command.header;
         EXPECT_EQ(command.parameters.empty(), command.example.empty()) << command.header;
+        EXPECT_EQ(countParameters(command.queryParameters).least == 0, command.queryExample.empty()) << command.header;
         EXPECT_TRUE(command.summary.ends_with('.')) << command.header;
         EXPECT_EQ(command.summary.find_first_of("|^\r\n"), std::string_view::npos) << command.header;
     }
@@ -62,7 +63,7 @@ TEST_F(InstrumentCommandsTest, EveryRowAnswersInEveryFormOfItsHeader)
         if (command.query == nullptr)
             continue;
         for (const std::string& header : formsOf(command.header)) {
-            EXPECT_NE(query(header + "?"), "") << header;
+            EXPECT_NE(query(header + "? " + std::string(command.queryExample)), "") << header;
             EXPECT_EQ(errors(), noError) << header;
         }
     }
@@ -87,6 +88,8 @@ TEST_F(InstrumentCommandsTest, EveryRowRefusesParametersThatAreMissingOrTooMany)
             expectError(header + tooMany(command.parameters), "-108,\"Parameter not allowed\"");
         if (command.set != nullptr && !command.parameters.empty())
             expectError(header, "-109,\"Missing parameter\"");
+        if (!command.queryExample.empty())
+            expectError(header + "?", "-109,\"Missing parameter\"");
         if (command.query != nullptr)
             expectError(header + "?" + tooMany(command.queryParameters), "-108,\"Parameter not allowed\"");
     }

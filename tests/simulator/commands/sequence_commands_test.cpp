@@ -43,10 +43,16 @@ TEST_F(SequenceCommandsTest, TheCommandsOfATransferAreTaken)
 
 TEST_F(SequenceCommandsTest, TheEndValueIsAnyWholeNumber)
 {
-    for (const auto& [value, answer] : {std::pair{"1", "1"}, {"0", "0"}, {"-1", "1"}, {"32767", "1"}, {"OFF", "0"}}) {
+    for (const auto& [value, answer] :
+         {std::pair{"1", "1"}, {"0", "0"}, {"-32768", "-32768"}, {"32767", "32767"}, {"OFF", "0"}, {"On", "1"}}) {
         send(std::string(":SEQ:END:LOAD ") + value);
         EXPECT_EQ(query(":SEQ:END:LOAD?"), answer) << value;
     }
+    send(":SEQ:END:LOAD 32768");
+    EXPECT_EQ(errors(), "-222,\"Data out of range\"");
+    send(":SEQ:END:LOAD YES");
+    EXPECT_EQ(errors(), "-224,\"Illegal parameter value\"");
+    EXPECT_EQ(query(":SEQ:END:LOAD?"), "1");
 }
 
 TEST_F(SequenceCommandsTest, ASequenceHasLimits)

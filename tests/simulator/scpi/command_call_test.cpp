@@ -78,5 +78,15 @@ TEST(CommandCallTest, ANumberMayBeAtItsLimitsAndNotBeyond)
     EXPECT_DOUBLE_EQ(numberIn("Def", Unit::Volt, limits), 2);
 }
 
+TEST(CommandCallTest, AStringAndABlockAreReadAsWhatTheyAre)
+{
+    const MessageUnit read = readUnit("A \"one\",#13two");
+    const CommandCall call({}, read.parameters);
+    EXPECT_EQ(call.string(0), "one");
+    EXPECT_EQ(call.block(1), "two");
+    EXPECT_THROW(call.string(1), CommandFailure);
+    EXPECT_THROW(call.block(0), CommandFailure);
+}
+
 } // namespace
 } // namespace orb

@@ -7,8 +7,8 @@ std::span<const CommandSection> instrumentCommands()
 {
     static const CommandSection sections[] = {
         channelCommands, modeCommands,     setValueCommands, loadCommands,   measureCommands,
-        limitCommands,   sequenceCommands, programCommands,  memoryCommands, panelCommands,
-        systemCommands,  statusCommands,   commonCommands,
+        limitCommands,   sequenceCommands, programCommands,  memoryCommands, fileCommands,
+        panelCommands,   systemCommands,   statusCommands,   commonCommands,
     };
     return sections;
 }

@@ -20,6 +20,7 @@ extern const CommandSection limitCommands;
 extern const CommandSection sequenceCommands;
 extern const CommandSection programCommands;
 extern const CommandSection memoryCommands;
+extern const CommandSection fileCommands;
 extern const CommandSection panelCommands;
 extern const CommandSection systemCommands;
 extern const CommandSection statusCommands;

@@ -85,14 +85,17 @@ std::string queryRange(CommandContext& context, const CommandCall&)
     return rangeText(context.mainframe.sequence().voltageRange);
 }
 
-void setLoadAtEnd(CommandContext& context, const CommandCall& call)
+void setEndValue(CommandContext& context, const CommandCall& call)
 {
-    context.mainframe.sequence().loadOnAtEnd = call.boolean(0);
-}
-
-std::string queryLoadAtEnd(CommandContext& context, const CommandCall&)
-{
-    return switchText(context.mainframe.sequence().loadOnAtEnd);
+    constexpr std::string_view on[] = {"ON"};
+    constexpr std::string_view off[] = {"OFF"};
+    int& value = context.mainframe.sequence().endValue;
+    if (call.isWord(0, on))
+        value = 1;
+    else if (call.isWord(0, off))
+        value = 0;
+    else
+        value = call.integer(0, {SequenceMemory::minEndValue, SequenceMemory::maxEndValue, 0});
 }
 
 void editPoint(CommandContext& context, const CommandCall& call)
@@ -149,11 +152,12 @@ constexpr Command rows[] = {
      .set = setRange,
      .query = queryRange},
     {.header = "SEQuence:END:LOAD",
-     .parameters = onOrOff,
+     .parameters = "ON|OFF|<-32768 to 32767>",
      .example = "0",
-     .summary = "Whether the input stays on, at its set value, when the sequence has ended. Answers 1 or 0.",
-     .set = setLoadAtEnd,
-     .query = queryLoadAtEnd},
+     .summary = "Whether the input stays on, at its set value, when the sequence has ended: with any number but 0. "
+                "Answers the number, 1 for ON.",
+     .set = setEndValue,
+     .query = queryNumber<&SequenceMemory::endValue>},
     {.header = "SEQuence:REPeat",
      .parameters = "<0 to 32767>",
      .example = "3",
