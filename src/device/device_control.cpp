@@ -57,7 +57,9 @@ DeviceControl::DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QS
     cmdAllOff.onClick = [this] { cmdAllOffClick(); };
     controlPage.onLoad = [this](int channel, bool on) { switchLoad(channel, on); };
     controlPage.cmdGoToConnect.onClick = [this] { ShowConnectPage(); };
-    connectPage.onConnect = [this](const QString& resourceName) { connectTo(resourceName); };
+    connectPage.onConnect = [this](const QString& resourceName, const QStringList& choices) {
+        connectTo(resourceName, choices);
+    };
     connectPage.cmdCancel.onClick = connectPage.cmdDisconnect.onClick = [this] { cmdDisconnectClick(); };
     timerConnect_.setInterval(connectTickMs);
     timerConnect_.onTick = [this] { connectTick(); };
@@ -150,12 +152,13 @@ std::int16_t DeviceControl::ChannelCount()
 std::unique_ptr<Transport> DeviceControl::makeTransport() const
 {
     const LinkKind* kind = kindOf(kinds_, resourceName_);
-    return kind != nullptr ? kind->transport(resourceName_) : nullptr;
+    return kind != nullptr ? kind->transport(resourceName_, choices_) : nullptr;
 }
 
-void DeviceControl::connectTo(const QString& resourceName)
+void DeviceControl::connectTo(const QString& resourceName, const QStringList& choices)
 {
     resourceName_ = resourceName;
+    choices_ = choices;
     auto transport = makeTransport();
     if (!transport)
         return;
@@ -177,7 +180,7 @@ void DeviceControl::connectTick()
 
 void DeviceControl::linkWentUp()
 {
-    settings_.use(resourceName_);
+    settings_.use(resourceName_, choices_);
     connectPage.showRecent();
     poll_.restart(link_.channelCount());
     unanswerable_ = false;

@@ -55,7 +55,7 @@ public:
 private:
     void createLayout();
     void sendLine(const QByteArray& line);
-    void connectTo(const QString& resourceName);
+    void connectTo(const QString& resourceName, const QStringList& choices);
     std::unique_ptr<Transport> makeTransport() const;
     void connectTick();
     void linkWentUp();
@@ -70,6 +70,7 @@ private:
 
     InstrumentLink link_;
     QString resourceName_; // of the link that was tried last
+    QStringList choices_;  // of its kind's options
     ChannelPoll poll_;
     Timer timerConnect_;
     Timer timerPage_;

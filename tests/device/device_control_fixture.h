@@ -30,7 +30,8 @@ protected:
              },
              .typed = [](const QString& name) { return name.mid(8); },
              .remoteName = [](const QString& name) { return name.mid(8); },
-             .transport = [this](const QString&) { return std::make_unique<FaultyTransport>(line, faults); }});
+             .transport = [this](const QString&,
+                                 const QStringList&) { return std::make_unique<FaultyTransport>(line, faults); }});
         start();
     }
 

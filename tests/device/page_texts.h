@@ -31,11 +31,13 @@ inline QString captionOf(const QWidget& widget)
     return QLatin1Char('[') + texts.join(QLatin1Char(',')) + QLatin1Char(']');
 }
 
-/// A line for each control of a page that has a text, in the order of the page: caption, tool tip, accessible name.
+/// A line for each control of a page that is not hidden and has a text, in the order of the page: caption, tool tip, accessible name.
 inline std::string textsOf(const QWidget& page)
 {
     QStringList lines{QString()};
     for (const QWidget* widget : page.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&page))
+            continue;
         QStringList texts{captionOf(*widget), widget->toolTip(), widget->accessibleName()};
         texts.removeAll(QString());
         if (!texts.isEmpty())

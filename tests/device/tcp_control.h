@@ -46,10 +46,10 @@ protected:
     }
 
     ConnectPage& page() { return control.connectPage; }
-    void pressConnect(const QString& address)
+    void pressConnect(const QString& address, const QString& kind = QStringLiteral("Network (TCP)"))
     {
         control.ShowConnectPage();
-        pick(page().cmbKind, QStringLiteral("Network (TCP)"));
+        pick(page().cmbKind, kind);
         page().cmbAddress.setText(address);
         press(page().cmdConnect);
     }

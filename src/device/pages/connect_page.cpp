@@ -2,6 +2,7 @@
 #include "connect_page.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -28,7 +29,10 @@ ConnectPage::ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings&
     selectLast();
 
     cmbKind.onClick = [this] { cmbKindClick(); };
-    cmbAddress.onChange = [this] { showInputError({}); };
+    cmbAddress.onChange = cmbAddress.onClick = [this] {
+        showInputError({});
+        showChoices();
+    };
     cmdConnect.onClick = [this] { cmdConnectClick(); };
     QObject::connect(cmbAddress.lineEdit(), &QLineEdit::returnPressed, this,
                      [this] { enter([this] { cmdConnectClick(); }); });
@@ -53,6 +57,8 @@ void ConnectPage::createLayout()
     form->addRow(&lblKind_, &cmbKind);
     form->addRow(&lblAddress_, &cmbAddress);
     form->addRow(nullptr, &lblHint);
+    createOptions();
+    form->addRow(nullptr, &options_);
     page->addLayout(form);
 
     page->addLayout(createButtonRow());
@@ -72,6 +78,20 @@ QLayout* ConnectPage::createButtonRow()
     }
     buttons->addStretch();
     return buttons;
+}
+
+void ConnectPage::createOptions()
+{
+    auto* grid = new QGridLayout(&options_);
+    grid->setContentsMargins(0, 0, 0, 0);
+    for (int i = 0; i < static_cast<int>(cmbOption.size()); ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        optionTitles_[index].setBuddy(&cmbOption[index]);
+        cmbOption[index].setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        grid->addWidget(&optionTitles_[index], 0, i);
+        grid->addWidget(&cmbOption[index], 1, i);
+    }
+    grid->setColumnStretch(static_cast<int>(cmbOption.size()), 1);
 }
 
 void ConnectPage::createInstrumentFrame()
@@ -99,6 +119,7 @@ void ConnectPage::selectLast()
 /// Offers the recent addresses of the selected kind and selects the latest.
 void ConnectPage::cmbKindClick()
 {
+    offerOptions();
     cmbAddress.setText({});
     showRecent();
     if (cmbAddress.listCount() > 0)
@@ -111,6 +132,43 @@ void ConnectPage::cmbKindClick()
     showInputError({});
 }
 
+void ConnectPage::offerOptions()
+{
+    const auto& options = kind().options;
+    options_.setVisible(!options.empty());
+    for (std::size_t i = 0; i < cmbOption.size(); ++i) {
+        const bool exists = i < options.size();
+        cmbOption[i].setVisible(exists);
+        optionTitles_[i].setVisible(exists);
+        cmbOption[i].clear();
+        if (!exists)
+            continue;
+        optionTitles_[i].setCaption(options[i].title);
+        cmbOption[i].setAccessibleName(options[i].title);
+        for (const QString& choice : options[i].choices)
+            cmbOption[i].addItem(choice);
+        cmbOption[i].setListIndex(options[i].preset);
+    }
+}
+
+void ConnectPage::showChoices()
+{
+    const auto resourceName = kind().resourceName(cmbAddress.text());
+    const QStringList used = resourceName ? settings_.choices(*resourceName) : QStringList();
+    if (used.isEmpty())
+        return;
+    for (std::size_t i = 0; i < kind().options.size(); ++i)
+        cmbOption[i].setListIndex(choiceOf(kind().options, i, used));
+}
+
+QStringList ConnectPage::choices() const
+{
+    QStringList texts;
+    for (std::size_t i = 0; i < kind().options.size(); ++i)
+        texts += cmbOption[i].text();
+    return texts;
+}
+
 void ConnectPage::showRecent()
 {
     const QString typed = cmbAddress.text();
@@ -119,6 +177,9 @@ void ConnectPage::showRecent()
     for (const QString& resourceName : settings_.recent())
         if (kindOf(kinds_, resourceName) == &kind() && !kind().example.isEmpty())
             cmbAddress.addItem(kind().typed(resourceName));
+    for (const QString& address : kind().found ? kind().found() : QStringList())
+        if (cmbAddress.findText(address) < 0)
+            cmbAddress.addItem(address);
     cmbAddress.setText(typed);
 }
 
@@ -135,7 +196,7 @@ void ConnectPage::cmdConnectClick()
                 ? QStringLiteral("An address is missing. Type where the instrument is.")
                 : QStringLiteral("\"%1\" is not an address of this kind of link.").arg(shownText(typed.toUtf8())));
     else if (onConnect)
-        onConnect(*resourceName);
+        onConnect(*resourceName, choices());
 }
 
 /// The error takes the place of the link's state until the kind or the address is changed.
@@ -157,6 +218,7 @@ void ConnectPage::display(const InstrumentLink& link, const QString& resourceNam
         focusWhenDown_ = window()->focusWidget();
     cmbKind.setEnabled(down);
     cmbAddress.setEnabled(down && !this->kind().example.isEmpty());
+    options_.setEnabled(down);
     cmdConnect.setEnabled(down);
     cmdCancel.setEnabled(link.isConnecting());
     cmdDisconnect.setEnabled(link.stage() == InstrumentLink::Stage::Up);

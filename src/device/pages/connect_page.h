@@ -11,13 +11,19 @@ namespace orb {
 
 /// The connection page: the kind and address of the link, its state, and the connected instrument.
 class ConnectPage final : public Control<QWidget> {
-    Frame fraInstrument_{QStringLiteral("Instrument")}; // a container is declared before its contents
+    Control<QWidget> options_; // a container is declared before its contents
+    Frame fraInstrument_{QStringLiteral("Instrument")};
 
 public:
     ComboBox cmbKind{ComboBox::Kind::DropDownList};
     /// The address, typed or one of the recent ones. Enter connects.
     ComboBox cmbAddress{ComboBox::Kind::DropDown};
     Label lblHint;
+    /// The settings of the line beside the address; those that the selected kind does not have are hidden.
+    std::array<ComboBox, LinkKind::mostOptions> cmbOption{
+        ComboBox(ComboBox::Kind::DropDownList), ComboBox(ComboBox::Kind::DropDownList),
+        ComboBox(ComboBox::Kind::DropDownList), ComboBox(ComboBox::Kind::DropDownList),
+        ComboBox(ComboBox::Kind::DropDownList)};
     PictureButton cmdConnect{QStringLiteral("Connect")};
     PictureButton cmdCancel{QStringLiteral("Cancel")};
     PictureButton cmdDisconnect{QStringLiteral("Disconnect")};
@@ -29,8 +35,8 @@ public:
     Label lblChannels;
     Label lblResource;
 
-    /// Connect was pressed with a valid address.
-    std::function<void(const QString& resourceName)> onConnect;
+    /// Connect was pressed with a valid address. `choices` has one for each option of the kind.
+    std::function<void(const QString& resourceName, const QStringList& choices)> onConnect;
 
     /// Both must outlive the page. The link used last is selected, on a first start the first kind.
     ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings& settings, QWidget* parent = nullptr);
@@ -46,7 +52,12 @@ public:
 private:
     void createLayout();
     QLayout* createButtonRow();
+    void createOptions();
     void createInstrumentFrame();
+    void offerOptions();
+    /// Selects what the link of the typed address was used with.
+    void showChoices();
+    QStringList choices() const;
     const LinkKind& kind() const { return kinds_[static_cast<std::size_t>(cmbKind.listIndex())]; }
     void selectLast();
     void displayInstrument(const InstrumentLink& link, const QString& resourceName);
@@ -58,6 +69,7 @@ private:
     StatusLine linkStatus_;
     QString inputError_;
     QWidget* focusWhenDown_ = nullptr; // the control that had the focus when the connecting began
+    std::array<Label, LinkKind::mostOptions> optionTitles_;
     std::array<Label, 6> captions_;
     Label lblKind_{QStringLiteral("Kind of &link")};
     Label lblAddress_{QStringLiteral("&Address")};

@@ -5,6 +5,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace orb {
 
 namespace {
@@ -13,6 +15,7 @@ constexpr qint64 longestFile = 64 * 1024;
 
 const QString lastKey = QStringLiteral("link/last");
 const QString recentKey = QStringLiteral("link/recent");
+const QString choicesKey = QStringLiteral("link/choices"); // one text for each recent link, its choices with commas
 
 } // namespace
 
@@ -26,6 +29,10 @@ LinkSettings::LinkSettings(const QString& file) : file_(file)
     const QStringList names = settings.value(recentKey).toStringList();
     for (auto name = names.rbegin(); name != names.rend(); ++name)
         remember(*name);
+    const QStringList choices = settings.value(choicesKey).toStringList();
+    for (qsizetype i = 0; i < std::min(names.size(), choices.size()); ++i)
+        if (recent_.contains(names[i]) && !choices[i].isEmpty())
+            choices_[names[i]] = choices[i].left(longestName).split(QLatin1Char(','));
 }
 
 QString LinkSettings::userFile()
@@ -43,13 +50,18 @@ void LinkSettings::remember(const QString& resourceName)
         recent_.removeLast();
 }
 
-void LinkSettings::use(const QString& resourceName)
+void LinkSettings::use(const QString& resourceName, const QStringList& choices)
 {
     last_ = resourceName;
     remember(resourceName);
+    choices_[resourceName] = choices;
+    QStringList recentChoices;
+    for (const QString& recent : recent_)
+        recentChoices += choices_.value(recent).join(QLatin1Char(','));
     QSettings settings(file_, QSettings::IniFormat);
     settings.setValue(lastKey, last_);
     settings.setValue(recentKey, recent_);
+    settings.setValue(choicesKey, recentChoices);
 }
 
 } // namespace orb

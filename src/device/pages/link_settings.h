@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -22,8 +23,10 @@ public:
     const QString& last() const { return last_; }
     /// The links used lately, the latest first, none twice.
     const QStringList& recent() const { return recent_; }
-    /// `resourceName` was used now. Writes the file.
-    void use(const QString& resourceName);
+    /// The choices that a link was used with; empty for one that is not among the recent ones.
+    QStringList choices(const QString& resourceName) const { return choices_.value(resourceName); }
+    /// `resourceName` was used now, with these choices of its kind's options. Writes the file.
+    void use(const QString& resourceName, const QStringList& choices);
 
 private:
     void remember(const QString& resourceName);
@@ -31,6 +34,7 @@ private:
     QString file_;
     QString last_;
     QStringList recent_;
+    QHash<QString, QStringList> choices_;
 };
 
 } // namespace orb

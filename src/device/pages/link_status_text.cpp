@@ -35,6 +35,13 @@ QString failedText(const InstrumentLink& link, const QString& name)
     case LinkError::TimedOut:
         return QStringLiteral("%1 did not answer within %2. Is it switched on, and is this its address?")
             .arg(name, seconds(link.limits().connect));
+    case LinkError::NoDevice:
+        return QStringLiteral("There is no %1 on this machine. Is the cable plugged in?").arg(name);
+    case LinkError::DeviceDenied:
+        return QStringLiteral(
+                   "%1 can't be opened. Another program may use it, or your user may not: on Linux the group "
+                   "that owns it, often \"dialout\", must have you as a member.")
+            .arg(name);
     case LinkError::ClosedRemotely:
         return QStringLiteral("%1 closed the connection before it identified itself.").arg(name);
     case LinkError::None:

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link_kind.h"
 
+#include "serial_transport.h"
 #include "sim_transport.h"
 #include "tcp_transport.h"
+
+#include <QSerialPortInfo>
 
 #include <algorithm>
 
@@ -24,7 +27,8 @@ LinkKind simulatedKind(Clock& clock)
         },
         .typed = [](const QString&) { return QString(); },
         .remoteName = [](const QString&) { return QStringLiteral("the simulated instrument"); },
-        .transport = [instrument](const QString&) { return std::make_unique<SimTransport>(instrument); },
+        .transport = [instrument](const QString&,
+                                  const QStringList&) { return std::make_unique<SimTransport>(instrument); },
     };
 }
 
@@ -44,9 +48,73 @@ LinkKind tcpKind()
         },
         .typed = shown,
         .remoteName = shown,
-        .transport = [](const QString& resourceName) -> std::unique_ptr<Transport> {
+        .transport = [](const QString& resourceName, const QStringList&) -> std::unique_ptr<Transport> {
             return std::make_unique<TcpTransport>(readTcpAddress(resourceName).value_or(TcpAddress{}));
         },
+    };
+}
+
+const std::vector<LinkOption>& serialOptions()
+{
+    const auto words = [](std::initializer_list<const char*> texts) {
+        QStringList list;
+        for (const char* text : texts)
+            list += QString::fromLatin1(text);
+        return list;
+    };
+    static const std::vector<LinkOption> options{
+        {QStringLiteral("Baud rate"),
+         words({"1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200", "230400", "460800", "921600"}), 3},
+        {QStringLiteral("Data bits"), words({"7", "8"}), 1},
+        {QStringLiteral("Parity"), words({"None", "Even", "Odd"}), 0},
+        {QStringLiteral("Stop bits"), words({"1", "2"}), 0},
+        {QStringLiteral("Flow control"), words({"None", "RTS/CTS", "XON/XOFF"}), 0}};
+    return options;
+}
+
+SerialSettings serialSettings(const QStringList& choices)
+{
+    constexpr std::array parities{QSerialPort::NoParity, QSerialPort::EvenParity, QSerialPort::OddParity};
+    constexpr std::array controls{QSerialPort::NoFlowControl, QSerialPort::HardwareControl,
+                                  QSerialPort::SoftwareControl};
+    const auto& options = serialOptions();
+    const auto index = [&](std::size_t option) { return static_cast<std::size_t>(choiceOf(options, option, choices)); };
+    return {.baudRate = options[0].choices[static_cast<qsizetype>(index(0))].toInt(),
+            .dataBits = index(1) == 0 ? QSerialPort::Data7 : QSerialPort::Data8,
+            .parity = parities[index(2)],
+            .stopBits = index(3) == 0 ? QSerialPort::OneStop : QSerialPort::TwoStop,
+            .flowControl = controls[index(4)]};
+}
+
+QStringList presentSerialLines()
+{
+    QStringList lines;
+    for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts())
+        lines += port.systemLocation();
+    return lines;
+}
+
+LinkKind serialKind()
+{
+    const auto device = [](const QString& resourceName) {
+        return readSerialAddress(resourceName).value_or(SerialAddress{}).device;
+    };
+    return {
+        .title = QStringLiteral("Serial line"),
+        .linkType = 1,
+        .example = QStringLiteral("/dev/ttyUSB0 or /dev/pts/3, or COM3 on Windows"),
+        .resourceName = [](const QString& typed) -> std::optional<QString> {
+            const auto address = readSerialAddress(typed);
+            return address ? std::optional(address->resourceName()) : std::nullopt;
+        },
+        .typed = device,
+        .remoteName = device,
+        .transport = [](const QString& resourceName, const QStringList& choices) -> std::unique_ptr<Transport> {
+            return std::make_unique<SerialTransport>(readSerialAddress(resourceName).value_or(SerialAddress{}),
+                                                     serialSettings(choices));
+        },
+        .options = serialOptions(),
+        .found = presentSerialLines,
     };
 }
 
@@ -54,7 +122,14 @@ LinkKind tcpKind()
 
 std::vector<LinkKind> standardLinkKinds(Clock& clock)
 {
-    return {simulatedKind(clock), tcpKind()};
+    return {simulatedKind(clock), tcpKind(), serialKind()};
+}
+
+int choiceOf(const std::vector<LinkOption>& options, std::size_t option, const QStringList& choices)
+{
+    const auto index = static_cast<qsizetype>(option);
+    const qsizetype choice = index < choices.size() ? options[option].choices.indexOf(choices[index]) : -1;
+    return choice < 0 ? options[option].preset : static_cast<int>(choice);
 }
 
 const LinkKind* kindOf(const std::vector<LinkKind>& kinds, const QString& resourceName)

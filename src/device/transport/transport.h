@@ -14,6 +14,8 @@ enum class LinkError {
     Refused,        ///< the host takes no connection at this port
     Unreachable,    ///< the network has no route to the host
     TimedOut,       ///< nothing came back within the limit
+    NoDevice,       ///< this machine has no such device
+    DeviceDenied,   ///< the device is in use, or this user may not open it
     ClosedRemotely, ///< the instrument closed the link
     Broken,         ///< anything else; `errorText` has the system's text
 };

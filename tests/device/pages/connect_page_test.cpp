@@ -85,6 +85,120 @@ Resource name
 )");
 }
 
+/// Beside the other kinds one whose line has settings, and which finds two addresses on this machine.
+class ConnectPageOptionsTest : public ConnectPageTest {
+protected:
+    ConnectPageOptionsTest()
+    {
+        LinkKind kind = kinds.back();
+        kind.title = QStringLiteral("Line");
+        kind.resourceName = [](const QString& typed) -> std::optional<QString> {
+            if (typed.startsWith(QStringLiteral("LINE::")))
+                return typed;
+            return typed.isEmpty() ? std::nullopt : std::optional(QStringLiteral("LINE::") + typed);
+        };
+        kind.typed = kind.remoteName = [](const QString& name) { return name.mid(6); };
+        kind.options = {{QStringLiteral("Baud rate"), {QStringLiteral("1200"), QStringLiteral("9600")}, 1},
+                        {QStringLiteral("Parity"), {QStringLiteral("None"), QStringLiteral("Even")}, 0}};
+        kind.found = [] { return QStringList{QStringLiteral("tty1"), QStringLiteral("tty2")}; };
+        const auto open = kind.transport;
+        kind.transport = [this, open](const QString& name, const QStringList& choices) {
+            opened += name + QLatin1Char(' ') + choices.join(QLatin1Char(','));
+            return open(name, choices);
+        };
+        kinds.push_back(kind);
+        actAsInstrument(3);
+        start();
+        control->ShowConnectPage();
+        pick(page().cmbKind, QStringLiteral("Line"));
+    }
+
+    void connectTo(const QString& address)
+    {
+        page().cmbAddress.setText(address);
+        press(page().cmdConnect);
+        clock.advance(1000);
+        ASSERT_TRUE(control->IsConnected());
+        press(page().cmdDisconnect);
+    }
+
+    QStringList opened; ///< the transports that were made: resource name and choices
+};
+
+TEST_F(ConnectPageOptionsTest, AKindOffersTheSettingsOfItsLine)
+{
+    EXPECT_EQ(textsOf(page()), R"(
+Kind of &link
+[Simulated instrument,Scripted,Line]
+&Address
+[tty1,tty2,]
+For example anything
+Baud rate
+[1200,9600] | Baud rate
+Parity
+[None,Even] | Parity
+Connect
+Cancel
+Disconnect
+Not connected. Choose the link and press Connect.
+Instrument
+Maker
+Model
+Serial number
+Firmware
+Load channels
+Resource name
+)");
+    EXPECT_EQ(page().cmbOption[0].text(), "9600");
+    EXPECT_EQ(page().cmbOption[1].text(), "None");
+}
+
+TEST_F(ConnectPageOptionsTest, TheLinkIsOpenedWithTheChosenSettings)
+{
+    pick(page().cmbOption[1], QStringLiteral("Even"));
+    connectTo(QStringLiteral("load"));
+    EXPECT_THAT(opened, testing::ElementsAre("LINE::load 9600,Even"));
+}
+
+TEST_F(ConnectPageOptionsTest, AReconnectUsesTheSameSettings)
+{
+    pick(page().cmbOption[0], QStringLiteral("1200"));
+    connectTo(QStringLiteral("load"));
+    pick(page().cmbOption[0], QStringLiteral("9600")); // chosen, but nothing was opened with it
+
+    control->Reconnect();
+
+    EXPECT_THAT(opened, testing::ElementsAre("LINE::load 1200,None", "LINE::load 1200,None"));
+}
+
+TEST_F(ConnectPageOptionsTest, TheSettingsOfARecentLinkComeBackWithItsAddressAndInTheNextStart)
+{
+    pick(page().cmbOption[0], QStringLiteral("1200"));
+    pick(page().cmbOption[1], QStringLiteral("Even"));
+    connectTo(QStringLiteral("tty1"));
+    pick(page().cmbOption[0], QStringLiteral("9600"));
+    pick(page().cmbOption[1], QStringLiteral("None"));
+    connectTo(QStringLiteral("other"));
+
+    page().cmbAddress.setText(QStringLiteral("tty1"));
+    EXPECT_EQ(page().cmbOption[0].text(), "1200");
+    EXPECT_EQ(page().cmbOption[1].text(), "Even");
+    start();
+    EXPECT_EQ(page().cmbAddress.text(), "other");
+    EXPECT_EQ(page().cmbOption[0].text(), "9600");
+    page().cmbAddress.setText(QStringLiteral("tty1"));
+    EXPECT_EQ(page().cmbOption[0].text(), "1200");
+}
+
+TEST_F(ConnectPageOptionsTest, TheSettingsCanOnlyBeChangedWithoutALink)
+{
+    EXPECT_TRUE(isReachable(page().cmbOption[0]));
+    page().cmbAddress.setText(QStringLiteral("load"));
+    press(page().cmdConnect);
+    clock.advance(1000);
+    EXPECT_FALSE(isReachable(page().cmbOption[0]));
+}
+
 TEST_F(ConnectPageTest, TheMessagesAboutAnAddressAreThoseOfThisTable)
 {
     const std::pair<const char*, const char*> messages[] = {

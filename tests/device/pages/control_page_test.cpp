@@ -85,7 +85,6 @@ W
 Mode —
 Set —
 LOAD ON | LOAD ON, channel 2
-Go to the Connect page
 )");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link_kind.h"
 #include "recorded_exit.h"
+#include "serial_address.h"
 #include "tcp_address.h"
 #include "virtual_clock.h"
 
@@ -67,6 +68,26 @@ TEST(TcpAddress, IsShownAsItIsTyped)
     EXPECT_EQ((TcpAddress{QStringLiteral("::1"), 7}).shown(), "[::1]:7");
 }
 
+TEST(SerialAddressTest, AnAddressIsReadFromWhatOperatorsType)
+{
+    const auto resourceOfLine = [](const char* typed) {
+        const auto address = readSerialAddress(QString::fromUtf8(typed));
+        return address ? address->resourceName() : QStringLiteral("none");
+    };
+    EXPECT_EQ(resourceOfLine(" /dev/ttyUSB0 "), "ASRL/dev/ttyUSB0::INSTR");
+    EXPECT_EQ(resourceOfLine("ttyACM1"), "ASRL/dev/ttyACM1::INSTR");
+    EXPECT_EQ(resourceOfLine("/dev/pts/3"), "ASRL/dev/pts/3::INSTR");
+    EXPECT_EQ(resourceOfLine("com12"), "ASRLCOM12::INSTR");
+    EXPECT_EQ(resourceOfLine("asrl/dev/ttyUSB0::instr"), "ASRL/dev/ttyUSB0::INSTR");
+    EXPECT_EQ(resourceOfLine("ASRL/dev/ttyUSB0"), "ASRL/dev/ttyUSB0::INSTR");
+    EXPECT_EQ(resourceOfLine("ASRLcom3::INSTR"), "ASRLCOM3::INSTR");
+    EXPECT_EQ(resourceOfLine("ASRL2::INSTR"), "ASRL/dev/ttyS1::INSTR");
+    for (const char* typed : {"", "/", "/dev/", "dev/ttyS0", "/dev/tty S0", "load", "192.168.0.7", "COM", "COM1234",
+                              "ASRL", "ASRL0::INSTR", "ASRL257", "ASRL-1", "ASRL::INSTR", "/dev/a::b", "SIM::INSTR"})
+        EXPECT_EQ(resourceOfLine(typed), "none") << typed;
+    EXPECT_EQ(readSerialAddress(QLatin1Char('/') + QString(200, QLatin1Char('a'))), std::nullopt);
+}
+
 TEST(LinkKinds, ClaimTheirOwnResourceNamesAlone)
 {
     RecordedExit processExit;
@@ -81,7 +102,8 @@ TEST(LinkKinds, ClaimTheirOwnResourceNamesAlone)
     EXPECT_EQ(titleOf("TCPIP0::host::5025::SOCKET"), "Network (TCP)");
     EXPECT_EQ(titleOf("host"), "none"); // typed, not a resource name
     EXPECT_EQ(titleOf(""), "none");
-    EXPECT_EQ(titleOf("ASRL/dev/ttyUSB0::INSTR"), "none");
+    EXPECT_EQ(titleOf("ASRL/dev/ttyUSB0::INSTR"), "Serial line");
+    EXPECT_EQ(titleOf("ASRL1::INSTR"), "none"); // read, but not written like this
 }
 
 } // namespace orb
