@@ -54,6 +54,19 @@ std::pair<int, int> inkRows(const QImage& image, int left)
     return rows;
 }
 
+/// How many texts, one above the other with a gap between them, stand in the part from `left` on.
+int inkBands(const QImage& image, int left)
+{
+    int bands = 0;
+    bool inBand = false;
+    for (int y = 0; y < image.height(); ++y) {
+        const bool isInk = inkRows(image.copy(0, y, image.width(), 1), left).first == 0;
+        bands += isInk && !inBand ? 1 : 0;
+        inBand = isInk;
+    }
+    return bands;
+}
+
 TEST_F(SlideTest, ASlideStartsAtItsFirstPosition)
 {
     EXPECT_EQ(GraphMode.value(), 0);
@@ -123,6 +136,7 @@ TEST_F(SlideTest, TheTextsStandBesideTheSliderFromItsTopToItsBottom)
     EXPECT_LT(first, 12);
     EXPECT_GT(last, 108);
     EXPECT_LT(last, 119);
+    EXPECT_EQ(inkBands(GraphMode.grab().toImage(), left), 3);
 }
 
 TEST_F(SlideTest, ASlideIsASliderToAssistiveTechnology)

@@ -290,6 +290,21 @@ TEST_F(DBGridTest, ARefreshBringsTheCurrentRowBackIntoView)
     EXPECT_EQ(firstVisibleRow(), 0);
 }
 
+TEST_F(DBGridTest, ARefreshReportsTheRowsThatWereAddedAndNoOthers)
+{
+    QStringList reported;
+    const auto report = [&](const QModelIndex&, int first, int last) {
+        reported += QStringLiteral("%1 to %2").arg(first).arg(last);
+    };
+    QObject::connect(DBGrid1.model(), &QAbstractItemModel::rowsInserted, &form, report);
+
+    show(3);
+    show(0);
+    show(2);
+
+    EXPECT_EQ(reported, QStringList({"0 to 2", "3 to 4"}));
+}
+
 TEST_F(DBGridTest, TheGridAndTheDataControlMayBeDestroyedInEitherOrder)
 {
     DBGrid grid(&form);
