@@ -4,6 +4,8 @@
 #include "serial_transport.h"
 #include "sim_transport.h"
 #include "tcp_transport.h"
+#include "usbtmc_address.h"
+#include "usbtmc_transport.h"
 
 #include <QSerialPortInfo>
 
@@ -118,11 +120,40 @@ LinkKind serialKind()
     };
 }
 
+#ifdef Q_OS_LINUX
+LinkKind usbKind()
+{
+    return {
+        .title = QStringLiteral("USB (USBTMC)"),
+        .linkType = 3,
+        .example = QStringLiteral("/dev/usbtmc0 or USB0::0x1234::0x5678::SERIAL::INSTR"),
+        .resourceName = [](const QString& typed) { return UsbtmcDevices().resourceName(typed); },
+        .typed = [](const QString& resourceName) { return resourceName; },
+        .remoteName = [](const QString& resourceName) { return resourceName; },
+        .transport = [](const QString& resourceName, const QStringList&) -> std::unique_ptr<Transport> {
+            return std::make_unique<UsbtmcTransport>(UsbtmcDevices().deviceFile(resourceName));
+        },
+        .found =
+            [] {
+                QStringList names;
+                const UsbtmcDevices devices;
+                for (const QString& file : devices.present())
+                    names += devices.resourceName(file).value_or(file);
+                return names;
+            },
+    };
+}
+#endif
+
 } // namespace
 
 std::vector<LinkKind> standardLinkKinds(Clock& clock)
 {
-    return {simulatedKind(clock), tcpKind(), serialKind()};
+    std::vector<LinkKind> kinds{simulatedKind(clock), tcpKind(), serialKind()};
+#ifdef Q_OS_LINUX
+    kinds.push_back(usbKind());
+#endif
+    return kinds;
 }
 
 int choiceOf(const std::vector<LinkOption>& options, std::size_t option, const QStringList& choices)

@@ -103,6 +103,7 @@ TEST(LinkKinds, ClaimTheirOwnResourceNamesAlone)
     EXPECT_EQ(titleOf("host"), "none"); // typed, not a resource name
     EXPECT_EQ(titleOf(""), "none");
     EXPECT_EQ(titleOf("ASRL/dev/ttyUSB0::INSTR"), "Serial line");
+    EXPECT_EQ(titleOf("USB0::0x12AB::0x0001::SN-7::INSTR"), "USB (USBTMC)");
     EXPECT_EQ(titleOf("ASRL1::INSTR"), "none"); // read, but not written like this
 }
 
