@@ -138,6 +138,18 @@ TEST_F(CommandPageListTest, AMovedLineLeavesTheListWithoutASelection)
     EXPECT_EQ(page.lstCmdPool.listIndex(), -1);
 }
 
+TEST_F(CommandPageListTest, TheFirstLineMovesDownAndTheLastOneUp)
+{
+    addLines({"1", "2", "3"});
+    pick(page.lstCmdPool, "1");
+    press(page.cmdDown);
+    EXPECT_THAT(page.lstCmdPool.items(), ElementsAre("2", "1", "3"));
+    pick(page.lstCmdPool, "3");
+    press(page.cmdUp);
+    EXPECT_THAT(page.lstCmdPool.items(), ElementsAre("2", "3", "1"));
+    EXPECT_THAT(journal.lines(), IsEmpty());
+}
+
 TEST_F(CommandPageListTest, DeleteRemovesTheSelectedLineAndDoesNothingWithoutOne)
 {
     addLines({"1", "2"});

@@ -70,6 +70,16 @@ TEST(StatusRegistersTest, EachClassOfErrorsHasItsEvent)
     }
 }
 
+TEST(StatusRegistersTest, AFreshInstrumentHasSeenItsPowerComeOnAndSummarizesNothing)
+{
+    StatusRegisters registers;
+    EXPECT_EQ(registers.standardEventEnable(), 0);
+    EXPECT_EQ(registers.serviceRequestEnable(), 0);
+    EXPECT_EQ(registers.errorCount(), 0U);
+    EXPECT_EQ(registers.statusByte(false), 0);
+    EXPECT_EQ(registers.takeStandardEvent(), StatusRegisters::PowerOn);
+}
+
 TEST(StatusRegistersTest, AnEnabledOperationEventCountsInTheStatusByte)
 {
     StatusRegisters registers;
