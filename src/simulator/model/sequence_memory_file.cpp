@@ -2,6 +2,7 @@
 #include "sequence_memory_file.h"
 
 #include "load_channel.h"
+#include "point_duration.h"
 #include "record_file.h"
 #include "sequence_memory.h"
 #include "sequence_values.h"
@@ -26,16 +27,7 @@ struct Scale {
     double slewRate = 0;
 };
 
-/// A number of counts of the time base of that code.
-struct Duration {
-    int code = 0;
-    qint32 count = 0;
-};
-
-constexpr int firstTimeBase = 5;
-constexpr int lastTimeBase = 11;
 constexpr double slewTolerance = 5e-6; // half of what a command can set
-constexpr double timeTolerance = 5e-7;
 
 /// All modules and ranges with known steps; K12B, which holds every current in its high range, is the first.
 std::vector<Scale> allScales()
@@ -109,40 +101,13 @@ Scale scaleFor(const SequenceMemory& sequence, const LoadChannel& channel)
     return *std::ranges::max_element(scales, {}, [&](const Scale& scale) { return rankOf(scale, sequence, channel); });
 }
 
-/// By how many milliseconds an editor, which computes with single precision, shows another duration.
-std::int64_t errorOf(std::int64_t count, double base, double seconds)
-{
-    const double shown = static_cast<double>(static_cast<float>(count)) * static_cast<double>(static_cast<float>(base));
-    return std::abs(std::llround(shown * 1000) - std::llround(seconds * 1000));
-}
-
-/// The coarsest time base in which the duration is exact. For a long one it counts more that it is shown right.
-Duration durationOf(double seconds)
-{
-    Duration best;
-    std::pair leastError{std::numeric_limits<std::int64_t>::max(), true};
-    for (int code = lastTimeBase; code >= firstTimeBase; --code) {
-        const double base = *timeBaseSeconds(code);
-        const std::int64_t count = std::llround(seconds / base);
-        if (count > std::numeric_limits<qint32>::max())
-            break;
-        const bool isRounded = std::abs(static_cast<double>(count) * base - seconds) > timeTolerance;
-        const std::pair error{errorOf(count, base, seconds), isRounded};
-        if (error < leastError) {
-            best = {code, static_cast<qint32>(count)};
-            leastError = error;
-        }
-    }
-    return best;
-}
-
 void writePoint(const Point& point, const Scale& scale, SeqPoint& written, qint32_le& count)
 {
-    const Duration duration = durationOf(point.seconds);
+    const PointDuration duration = pointDuration(point.seconds);
     written.CurrentRaw = static_cast<qint16>(rawOf(point.current, scale.amperes));
     written.SlewUpRaw = static_cast<qint16>(rawOf(point.rise, scale.slewRate));
     written.SlewDownRaw = static_cast<qint16>(rawOf(point.fall, scale.slewRate));
-    written.TimeBaseCode = static_cast<qint16>(duration.code);
+    written.TimeBaseCode = static_cast<qint16>(duration.timeBaseCode);
     count = duration.count;
 }
 
