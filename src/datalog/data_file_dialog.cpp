@@ -5,11 +5,8 @@
 
 namespace orb {
 
-DataFileDialog::DataFileDialog(QWidget* parent) : Frame({}, parent)
+DataFileDialog::DataFileDialog(QWidget* parent) : FloatingFrame({}, parent)
 {
-    setObjectName(QStringLiteral("FrameDataFileOperate"));
-    setStyleSheet(QStringLiteral("#FrameDataFileOperate { background: palette(window); border: 2px solid #5a6472; "
-                                 "border-radius: 4px; }"));
     resizeTwips(6000, 4500);
     lstLogMain.setBackColor(QColor(255, 192, 192));
     listLogDel.setBackColor(QColor(192, 255, 255));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "label.h"
+#include "floating_frame.h"
 #include "list_box.h"
 #include "picture_button.h"
 
@@ -9,7 +9,7 @@ namespace orb {
 
 /// The small frame in which the operator selects a saved log, or a stored program, to open or to delete. The tag of
 /// `cmdOKDataLogFile` says what its OK does. It stands over a page, which stays usable.
-class DataFileDialog final : public Frame {
+class DataFileDialog final : public FloatingFrame {
 public:
     explicit DataFileDialog(QWidget* parent = nullptr);
 

@@ -31,6 +31,22 @@ TEST_F(DataFileDialogTest, TheListsToOpenAndToDeleteHaveTheirColors)
     EXPECT_EQ(dialog.listLogDel.backColor(), QColor(192, 255, 255));
 }
 
+TEST_F(DataFileDialogTest, TheListsKeepTheirColorsOnAnotherPage)
+{
+    Frame other;
+    put(other);
+    form.show();
+    dialog.lstLogMain.setVisible(true);
+    dialog.showOn(page);
+    dialog.lstProgFile.setVisible(true);
+    dialog.lstProgFile.setBackColor(QColor(192, 255, 255));
+
+    dialog.showOn(other);
+
+    EXPECT_EQ(dialog.lstLogMain.backColor(), QColor(255, 192, 192));
+    EXPECT_EQ(dialog.lstProgFile.backColor(), QColor(192, 255, 255));
+}
+
 TEST_F(DataFileDialogTest, TheListsShareOnePlace)
 {
     dialog.showOn(page);

@@ -58,24 +58,23 @@ void ComboBox::setText(const QString& text)
     setEditText(text);
 }
 
-/// A first item does not select itself.
 void ComboBox::addItem(const QString& text)
+{
+    addItems({text});
+}
+
+/// A first item does not select itself.
+void ComboBox::addItems(const QStringList& texts)
 {
     const QSignalBlocker quiet(this);
     const int index = listIndex();
     const QString typed = currentText();
-    QComboBox::addItem(text);
+    QComboBox::addItems(texts);
     if (index < 0) {
         setCurrentIndex(-1);
         if (isEditable())
             setEditText(typed);
     }
-}
-
-void ComboBox::addItems(const QStringList& texts)
-{
-    for (const QString& text : texts)
-        addItem(text);
 }
 
 void ComboBox::removeItem(int index)
