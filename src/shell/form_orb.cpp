@@ -18,6 +18,7 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
       fraDisplay(clock, dialogs, paths, CORB, bFullScrMode),
       fraCommand(clock, dialogs, paths, CORB, fraDisplay.optDispDev),
       frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
+      fraProgram(clock, dialogs, paths, CORB, dbMain, frmDatalog.FrameDataFileOperate, sPendingProgFile),
       Frame1(paths, fraCommand.lstCommand),
       panel(paths, CORB, *this, fraDisplay.Image2, fraDisplay.Picture1, fraDisplay.Image1, fraDisplay.TimerDisplay,
             Frame1),
@@ -63,8 +64,7 @@ void FormORB::layoutPageButtons()
 
 void FormORB::layoutGroups()
 {
-    for (Frame* empty : {&fraSequence, &fraProgram})
-        empty->resize(usualGroupSize);
+    fraSequence.resize(usualGroupSize);
     for (QWidget* group : std::initializer_list<QWidget*>{&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence,
                                                           &fraProgram, &Frame1}) {
         group->setParent(this);
@@ -85,6 +85,7 @@ void FormORB::wire()
     pageAbout.onClick = [this] { pageAboutClick(); };
     pageExit.onClick = [this] { pageExitClick(); };
     pageDisplay.onClick = [this] { pageDisplayClick(); };
+    frmDatalog.ApplyProgramHistory = [this] { fraProgram.ApplyProgramHistory(); };
     fraDisplay.onMouseMove = [this] { setCursor(Qt::ArrowCursor); };
     onActivate = [this] { bFullScrMode = false; };
     onResize = [this] { growShownGroup(); };
@@ -99,6 +100,7 @@ void FormORB::FormLoad()
     panel.InitDevButton();
     fraCommand.InitListCommand();
     frmDatalog.InitDataLog();
+    fraProgram.InitProgramPage();
     pageControlClick();
 }
 

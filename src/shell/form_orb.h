@@ -6,6 +6,7 @@
 #include "data_log_page.h"
 #include "display_page.h"
 #include "panel_input.h"
+#include "program_page.h"
 
 namespace orb {
 
@@ -41,7 +42,7 @@ public:
     CommandPage fraCommand;
     DataLogPage frmDatalog;
     Frame fraSequence{QStringLiteral("Sequence")};
-    Frame fraProgram{QStringLiteral("Program")};
+    ProgramPage fraProgram;
     CaptureTool Frame1; ///< nothing shows it
     PanelInput panel;
 

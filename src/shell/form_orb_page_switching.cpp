@@ -173,6 +173,7 @@ void FormORB::PageProgramClick()
     hideGroups({&frmDatalog, &fraSequence, &fraCommand, &fraDisplay, &CORB_});
     fraProgram.setVisible(true);
     place(fraProgram, frameTop);
+    fraProgram.InitProgramPage();
     fit(fraProgram, usualWidth);
 }
 

@@ -168,10 +168,11 @@ TEST_F(FormORBPageSwitchingTest, TheSequencePageTakesItsStepsInOrder)
 
 TEST_F(FormORBPageSwitchingTest, TheProgramPageTakesItsStepsInOrder)
 {
-    const QStringList expected{"call PanelActive False",    "hide frmDatalog",         "hide fraSequence",
-                               "hide fraCommand",           "hide fraDisplay",         "hide CORB",
-                               "show fraProgram",           "raise fraProgram",        "move fraProgram 120 960",
-                               "resize FormORB 10500 8685", "resize FormORB 9525 8685"};
+    const QStringList expected{"call PanelActive False",   "hide frmDatalog",       "hide fraSequence",
+                               "hide fraCommand",          "hide fraDisplay",       "hide CORB",
+                               "show fraProgram",          "raise fraProgram",      "move fraProgram 120 960",
+                               "read IsConnected True",    "read IsConnected True", "resize FormORB 10500 11250",
+                               "resize FormORB 9525 11250"};
     EXPECT_EQ(stepsOf(&FormORB::PageProgramClick, form.fraProgram), stopDisplay + stopLog + stopCommands + expected);
 }
 
@@ -329,6 +330,78 @@ TEST_F(FormORBPageSwitchingTest, NoPageMakesTheWindowLargerThanTheScreen)
     EXPECT_EQ(large.height(), screen.height());
     EXPECT_EQ(large.minimumHeight(), screen.height());
     EXPECT_EQ(instrument.geometry().bottom(), screen.height() - 27);
+}
+
+TEST_F(FormORBPageSwitchingTest, ComingBackToTheProgramPageThrowsAllItsStepsAndItsChainAway)
+{
+    press(form.PageProgram);
+    form.fraProgram.txtMemSetting[34].setTag("4,5,AUTO,5,1,2.5,0,Off,1,0.01,1,1.0,17");
+    form.fraProgram.cmbProgChain[0].setText("P03");
+    form.fraProgram.progSend.setEnabled(true);
+    press(form.pageCommand);
+    EXPECT_NE(form.fraProgram.txtMemSetting[34].tag(), "");
+
+    press(form.PageProgram);
+
+    EXPECT_EQ(form.fraProgram.txtMemSetting[34].tag(), "");
+    EXPECT_EQ(form.fraProgram.cmbProgChain[0].text(), "OFF");
+    EXPECT_FALSE(form.fraProgram.progSend.enabled());
+    EXPECT_TRUE(form.fraProgram.progLoad.enabled());
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FormORBPageSwitchingTest, ThePagesShareTheListDialogAndEachTakesItBack)
+{
+    DataFileDialog& dialog = form.frmDatalog.FrameDataFileOperate;
+    press(form.PageProgram);
+    press(form.fraProgram.progSave);
+    press(form.fraProgram.progOpenDB);
+    EXPECT_EQ(dialog.parentWidget(), &form.fraProgram);
+    EXPECT_TRUE(isReachable(dialog.lstProgFile));
+
+    press(form.pageWave);
+    press(form.frmDatalog.logOpen);
+    EXPECT_EQ(dialog.parentWidget(), &form.frmDatalog);
+    EXPECT_TRUE(isReachable(dialog.lstLogMain));
+    EXPECT_EQ(dialog.cmdOKDataLogFile.tag(), "OPENDATALOG");
+
+    press(form.PageProgram);
+    press(form.fraProgram.progOpenDB); // closes the list that was left open
+    press(form.fraProgram.progOpenDB);
+    EXPECT_TRUE(isReachable(dialog.lstProgFile));
+    EXPECT_EQ(dialog.cmdOKDataLogFile.tag(), "PROCROGRAM");
+}
+
+TEST_F(FormORBPageSwitchingTest, TheOkOfTheListDialogOpensAStoredProgramAndHidesTheDialog)
+{
+    DataFileDialog& dialog = form.frmDatalog.FrameDataFileOperate;
+    press(form.PageProgram);
+    for (MemoryCell& cell : form.fraProgram.txtMemSetting)
+        cell.setTag("4,5,AUTO,5,1,2.5,0,Off,1,0.01,1,1.0,17");
+    press(form.fraProgram.progSave);
+    press(form.PageProgram);
+    press(form.fraProgram.progOpenDB);
+    pick(dialog.lstProgFile, dialog.lstProgFile.list(0));
+
+    press(dialog.cmdOKDataLogFile);
+
+    EXPECT_EQ(form.fraProgram.txtMemSetting[119].text(), "17");
+    EXPECT_FALSE(dialog.visible());
+    EXPECT_TRUE(form.fraProgram.progSend.enabled());
+}
+
+TEST_F(FormORBPageSwitchingTest, ACancelOfTheListDialogLeavesTheListOfProgramsOpenSoThatTheNextClickClosesIt)
+{
+    DataFileDialog& dialog = form.frmDatalog.FrameDataFileOperate;
+    press(form.PageProgram);
+    press(form.fraProgram.progOpenDB);
+    press(dialog.cmdCancelDataLogFile);
+    EXPECT_FALSE(dialog.visible());
+
+    press(form.fraProgram.progOpenDB);
+    EXPECT_FALSE(dialog.visible());
+    press(form.fraProgram.progOpenDB);
+    EXPECT_TRUE(isReachable(dialog.lstProgFile));
 }
 
 TEST_F(FormORBPageSwitchingTest, LeavingTheCommandPageEndsARunThatTheOperatorBegan)

@@ -59,8 +59,9 @@ TEST_F(FormORBTest, TheStartEndsOnTheControlPageWithAllThreeActivitiesStopped)
     load();
 
     EXPECT_THAT(journal.linesWithout({"picture", "resize", "raise"}),
-                ElementsAre("disable logStop", "timer TimerDisplay off", "disable dispStop", "show CORB",
-                            "move CORB 120 1020", "call ShowControlPage"));
+                ElementsAre("disable logStop", "read IsConnected False", "read IsConnected False",
+                            "timer TimerDisplay off", "disable dispStop", "show CORB", "move CORB 120 1020",
+                            "call ShowControlPage"));
     EXPECT_FALSE(form.fraCommand.cmdStop.enabled());
     EXPECT_EQ(shownGroups(), "CORB");
 }
@@ -96,6 +97,26 @@ TEST_F(FormORBTest, TheStartReadsTheCatalogueBeforeItTouchesTheTables)
     load();
     EXPECT_THAT(journal.linesOf({"message"}), ElementsAre("message \"Error Number:53:File not found\" critical Ok"));
     EXPECT_EQ(processExit.reports.size(), 1);
+}
+
+TEST_F(FormORBTest, TheStartSetsTheProgramPageUpAfterTheDataLog)
+{
+    QFile::remove(application.filePath("ICON"));
+    instrument.connected = true; // the button of the import needs another picture then
+    load();
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '53':\n\nFile not found"));
+    EXPECT_TRUE(form.fraDisplay.dispStop.enabled()) << "before the Control page";
+    EXPECT_FALSE(form.frmDatalog.logStop.enabled());
+    EXPECT_EQ(form.fraProgram.cmbMemory.listCount(), 120);
+}
+
+TEST_F(FormORBTest, TheProgramPageTakesThePendingPathOfTheForm)
+{
+    load();
+    form.sPendingProgFile = application.filePath("no.b");
+    run.enter([this] { form.fraProgram.progOpenClick(); });
+    EXPECT_EQ(form.sPendingProgFile, "");
+    EXPECT_THAT(dialogs.fileDialogs, IsEmpty());
 }
 
 TEST_F(FormORBTest, TheMirrorDoesNotTickAfterTheStart)

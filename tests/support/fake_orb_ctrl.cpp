@@ -9,10 +9,12 @@ void FakeORBCtrl::write(const QString& line)
         journal_->write(line);
 }
 
-void FakeORBCtrl::called(const char* member)
+void FakeORBCtrl::called(const char* member, const std::function<void()>& then)
 {
     calls.push_back(QString::fromLatin1(member));
     write(QStringLiteral("call ") + calls.back());
+    if (then)
+        then();
 }
 
 void FakeORBCtrl::SendCommand(const QString& command)
@@ -54,13 +56,6 @@ std::int16_t FakeORBCtrl::ChannelCount()
 {
     write(QStringLiteral("read ChannelCount %1").arg(channelCount));
     return channelCount;
-}
-
-void FakeORBCtrl::Reconnect()
-{
-    called("Reconnect");
-    if (onReconnect)
-        onReconnect();
 }
 
 bool FakeORBCtrl::GrabScreen()

@@ -27,6 +27,9 @@ public:
     /// What the next reads of `Reply` give, one each; the last result of `onCommand` when none is left.
     std::deque<QString> replies;
     std::function<void()> onReconnect;
+    /// What the transfers of the program file do with the staging files.
+    std::function<void()> onFetchProgramFile;
+    std::function<void()> onSendProgramFile;
 
     /// Every line sent, and every other member called, in order.
     std::vector<QString> sent;
@@ -40,14 +43,14 @@ public:
     void PanelActive(bool active) override { called(active ? "PanelActive True" : "PanelActive False"); }
     void ShowControlPage() override { called("ShowControlPage"); }
     void ShowConnectPage() override { called("ShowConnectPage"); }
-    void Reconnect() override;
+    void Reconnect() override { called("Reconnect", onReconnect); }
     bool GrabScreen() override;
     void FetchSequenceFile() override { called("FetchSequenceFile"); }
-    void FetchProgramFile() override { called("FetchProgramFile"); }
-    void SendProgramFile() override { called("SendProgramFile"); }
+    void FetchProgramFile() override { called("FetchProgramFile", onFetchProgramFile); }
+    void SendProgramFile() override { called("SendProgramFile", onSendProgramFile); }
 
 private:
-    void called(const char* member);
+    void called(const char* member, const std::function<void()>& then = {});
     void write(const QString& line);
 
     Journal* journal_;
