@@ -108,7 +108,6 @@ void ProgramPlayer::switchOn(double seconds, Mainframe& mainframe)
         if (shorts && (current().shortChannels >> (number - 1) & 1U) != 0 && channel.inputOn())
             channel.setShort(true);
     });
-    dropChannelsThatWentOff(mainframe);
 }
 
 void ProgramPlayer::switchOff(Mainframe& mainframe)

@@ -143,7 +143,7 @@ void SimulatorServer::Parts::accept(std::unique_ptr<QTcpSocket> socket)
     };
     clients.push_back(std::make_unique<ClientConnection>(std::move(socket), std::move(handler),
                                                          SimulatedInstrument::maxMessage, maxUnread));
-    for (DeliveryStep& step : deliver(faults.onConnect(), {}))
+    for (DeliveryStep& step : deliver(faults.onConnect(), {}, messages))
         clients.back()->send({{std::move(step), {}}});
 }
 

@@ -111,6 +111,7 @@ TEST_F(InstrumentLinkTest, AnInstrumentThatGivesNeitherHasOneChannel)
     stepFor(10'000);
     EXPECT_TRUE(link.isUp());
     EXPECT_EQ(link.channelCount(), 1);
+    EXPECT_EQ(clock.elapsed(), 4000); // two seconds for each of the two ways
 }
 
 TEST_F(InstrumentLinkTest, AFailureOfTheTransportHasItsOwnText)

@@ -25,7 +25,7 @@ protected:
     {
         const std::scoped_lock lock(mutex);
         received.push_back(message);
-        return message.find('?') == std::string::npos ? std::string() : answer;
+        return message == "*IDN?" ? answer : std::string();
     }
 
     std::mutex mutex;

@@ -139,7 +139,7 @@ TEST_F(SimulatedInstrumentFuzzTest, ARandomScriptIsReadOrRefused)
         try {
             FaultScript faults = FaultScript::parse(script);
             faults.onConnect();
-            deliver(faults.onMessage(randomBytes()), "1.0000,");
+            deliver(faults.onMessage(randomBytes()), "1.0000,", 1);
             ++read;
         } catch (const FaultScriptError& error) {
             ASSERT_GE(error.line(), 1);

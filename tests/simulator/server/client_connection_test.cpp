@@ -38,7 +38,7 @@ protected:
     {
         messages.push_back(message.text);
         std::vector<OutgoingStep> steps;
-        for (DeliveryStep& step : deliver(fault, answer))
+        for (DeliveryStep& step : deliver(fault, answer, 1))
             steps.push_back({std::move(step), "record"});
         return steps;
     }

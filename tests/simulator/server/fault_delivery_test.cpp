@@ -18,6 +18,12 @@ std::string sent(const std::vector<DeliveryStep>& steps)
     return bytes;
 }
 
+/// With a seed that matters to garbage alone.
+std::vector<DeliveryStep> deliver(const Fault& fault, std::string_view answer)
+{
+    return orb::deliver(fault, answer, 1);
+}
+
 TEST(FaultDeliveryTest, WithoutAFaultAnAnswerIsOneStep)
 {
     const std::vector<DeliveryStep> steps = deliver({}, "1.0000,");

@@ -26,6 +26,6 @@ bool leavesWhole(const Fault& fault);
 
 /// The delivery of an answer under a fault. `answer` has no line end; it is empty for a message without a query, and
 /// then only what the fault itself sends is sent. `garbageSeed` determines the bytes of `Garbage`.
-std::vector<DeliveryStep> deliver(const Fault& fault, std::string_view answer, std::uint64_t garbageSeed = 1);
+std::vector<DeliveryStep> deliver(const Fault& fault, std::string_view answer, std::uint64_t garbageSeed);
 
 } // namespace orb
