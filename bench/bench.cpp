@@ -82,7 +82,7 @@ std::unique_ptr<QTemporaryDir> applicationWith(int rows)
 {
     auto folder = std::make_unique<QTemporaryDir>(workFolder());
     QFile::link(sourceDirectory() + QStringLiteral("/resources/ICON"), folder->filePath(QStringLiteral("ICON")));
-    for (const char* name : {"OrbEmpty.jpg", "orbCommands.dat"})
+    for (const char* name : {"OrbEmpty.jpg", "orbCommands.dat", "ORBScrBtn.dat"})
         QFile::copy(sourceDirectory() + QStringLiteral("/resources/") + QLatin1String(name),
                     folder->filePath(QLatin1String(name)));
     sqlite3* database = nullptr;

@@ -36,7 +36,8 @@ int main(int argc, char** argv)
     clock.allow(1LL << 60);
     const Paths paths(folder->path());
     bench::Instrument CORB;
-    FormORB form(clock, dialogs, paths, CORB);
+    RealSystemTools systemTools;
+    FormORB form(clock, dialogs, paths, CORB, systemTools);
     run.enter([&] { form.FormLoad(); });
     run.enter([&] { form.pageWaveClick(); });
     form.show();

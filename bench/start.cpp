@@ -44,7 +44,8 @@ int showProgram(const QString& folder)
     RealClock clock(run);
     const Paths paths(folder);
     DeviceControl CORB(clock);
-    FormORB form(clock, dialogs, paths, CORB);
+    RealSystemTools systemTools;
+    FormORB form(clock, dialogs, paths, CORB, systemTools);
     FirstPaint paint;
     run.enter([&] { form.FormLoad(); });
     form.installEventFilter(&paint);

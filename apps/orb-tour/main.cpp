@@ -38,7 +38,8 @@ int runTour(const QDir& out)
     const SimulatorProcess simulator(out.filePath(QStringLiteral("served.txt")));
     std::printf("    a simulated instrument listens on port %d\n", simulator.port());
 
-    RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
+    RealDialogs dialogs(applicationTitle);
+    RealSystemTools systemTools;
     RealProcessExit processExit(dialogs);
     Run run(processExit);
     RealClock clock(run);
@@ -47,7 +48,7 @@ int runTour(const QDir& out)
     std::optional<FormORB> form;
     run.enter([&] {
         CORB.emplace(clock);
-        form.emplace(clock, dialogs, paths, *CORB);
+        form.emplace(clock, dialogs, paths, *CORB, systemTools);
         form->FormLoad();
         form->show();
     });

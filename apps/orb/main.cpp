@@ -11,7 +11,8 @@ int main(int argc, char** argv)
     using namespace orb;
 
     const QApplication application(argc, argv);
-    RealDialogs dialogs(QStringLiteral("ZN ORB Device"));
+    RealDialogs dialogs(applicationTitle);
+    RealSystemTools systemTools;
     RealProcessExit processExit(dialogs);
     Run run(processExit);
     RealClock clock(run);
@@ -20,7 +21,7 @@ int main(int argc, char** argv)
     std::optional<FormORB> form;
     run.enter([&] { // so that a failure of the construction is reported too
         CORB.emplace(clock);
-        form.emplace(clock, dialogs, paths, *CORB);
+        form.emplace(clock, dialogs, paths, *CORB, systemTools);
         form->FormLoad();
         form->show();
     });

@@ -12,7 +12,7 @@ constexpr QSize usualGroupSize(619, 489);
 
 } // namespace
 
-FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB)
+FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, SystemTools& systemTools)
     : Form(clock.run()),
       wsMain([&clock] { return clock.now(); }),
       fraDisplay(clock, dialogs, paths, CORB, bFullScrMode),
@@ -23,6 +23,7 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
       panel(paths, CORB, *this, fraDisplay.Image2, fraDisplay.Picture1, fraDisplay.Image1, fraDisplay.TimerDisplay,
             Frame1),
       supervisor(clock, paths, CORB, *this, pageControl, pageDisplay, pageCommand),
+      systemInfo(systemTools, dialogs),
       dialogs_(dialogs),
       paths_(paths),
       CORB_(CORB)

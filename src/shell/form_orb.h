@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "about_box.h"
 #include "command_page.h"
 #include "connection_supervisor.h"
 #include "data_log_page.h"
@@ -15,7 +16,7 @@ namespace orb {
 class FormORB final : public Form {
 public:
     /// All references must outlive the form; `CORB` is one of its groups. The form does nothing before `FormLoad`.
-    FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB);
+    FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CORB, SystemTools& systemTools);
     ~FormORB() override;
 
     /// The start: opens `orb.mdb`, sets the pages up and brings up the Control page. Belongs inside `Run::enter`.
@@ -47,6 +48,7 @@ public:
     PanelInput panel;
 
     ConnectionSupervisor supervisor;
+    SystemInfo systemInfo;
 
     void pageConnectClick();
     void pageControlClick();

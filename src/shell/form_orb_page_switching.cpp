@@ -177,6 +177,10 @@ void FormORB::PageProgramClick()
     fit(fraProgram, usualWidth);
 }
 
-void FormORB::pageAboutClick() {}
+void FormORB::pageAboutClick()
+{
+    AboutBox frmAbout(*this, run(), paths_, systemInfo);
+    frmAbout.showModal();
+}
 
 } // namespace orb

@@ -22,7 +22,8 @@ int main(int argc, char** argv)
     RealClock clock(run);
     ScriptedDialogs dialogs;
     FakeORBCtrl instrument;
-    FormORB form(clock, dialogs, paths, instrument);
+    RealSystemTools systemTools;
+    FormORB form(clock, dialogs, paths, instrument, systemTools);
     instrument.connected = true;
     instrument.channelCount = 8;
     instrument.onCommand = [&](const QString& query) {

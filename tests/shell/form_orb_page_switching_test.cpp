@@ -176,11 +176,6 @@ TEST_F(FormORBPageSwitchingTest, TheProgramPageTakesItsStepsInOrder)
     EXPECT_EQ(stepsOf(&FormORB::PageProgramClick, form.fraProgram), stopDisplay + stopLog + stopCommands + expected);
 }
 
-TEST_F(FormORBPageSwitchingTest, TheAboutButtonChangesNoPageAndStopsNothing)
-{
-    EXPECT_THAT(stepsOf(&FormORB::pageAboutClick, form.fraProgram), IsEmpty());
-}
-
 TEST_F(FormORBPageSwitchingTest, APageThatStopsNothingRunsNoStopHandler)
 {
     press(form.pageSequence);
@@ -324,7 +319,7 @@ TEST_F(FormORBPageSwitchingTest, NoPageMakesTheWindowLargerThanTheScreen)
 {
     const QSize screen = form.screen()->availableSize();
     instrument.resize(screen); // the window needs more than the control
-    FormORB large(clock, dialogs, paths, instrument);
+    FormORB large(clock, dialogs, paths, instrument, systemTools);
     run.enter([&] { large.FormLoad(); });
     large.show();
     EXPECT_EQ(large.height(), screen.height());

@@ -3,6 +3,7 @@
 
 #include "form_orb.h"
 #include "page_test.h"
+#include "recorded_system_tools.h"
 
 namespace orb {
 
@@ -62,7 +63,8 @@ protected:
         return control;
     }
 
-    FormORB form{clock, dialogs, paths, inDesignSize(instrument)};
+    RecordedSystemTools systemTools;
+    FormORB form{clock, dialogs, paths, inDesignSize(instrument), systemTools};
 };
 
 } // namespace orb

@@ -2,6 +2,7 @@
 #include "form.h"
 
 #include <QCloseEvent>
+#include <QEventLoop>
 
 namespace orb {
 
@@ -19,6 +20,26 @@ bool Form::event(QEvent* event)
     if (event->type() == QEvent::WindowActivate)
         enter(onActivate);
     return handled;
+}
+
+void Form::showModal()
+{
+    class HideWatch final : public QObject {
+    public:
+        QEventLoop loop;
+
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Hide && !event->spontaneous()) // a minimized window is still shown
+                loop.quit();
+            return false;
+        }
+    };
+    HideWatch watch;
+    installEventFilter(&watch);
+    setWindowModality(Qt::ApplicationModal);
+    show();
+    watch.loop.exec();
 }
 
 void Form::closeEvent(QCloseEvent* event)

@@ -23,6 +23,9 @@ public:
     QString caption() const { return windowTitle(); }
     void setCaption(const QString& caption) { setWindowTitle(caption); }
 
+    /// Shows the form and returns once it is hidden or closed; the other forms take no input meanwhile.
+    void showModal();
+
     void setWidthTwips(int width) { resize(pixels(width), height()); }
     void setHeightTwips(int height) { resize(width(), pixels(height)); }
 
