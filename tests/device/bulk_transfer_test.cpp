@@ -4,6 +4,7 @@
 #include "device_control_fixture.h"
 #include "paths.h"
 #include "staging_files.h"
+#include "test_bitmap.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,15 +19,6 @@ QByteArray contentOf(const QString& literal)
     QFile file(realPath(literal));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
 }
-
-/// A bitmap as far as its head goes.
-QByteArray bitmap(int size)
-{
-    QByteArray bytes("BM", 2);
-    for (int shift = 0; shift < 32; shift += 8)
-        bytes += static_cast<char>(size >> shift & 0xff);
-    return bytes.leftJustified(size, '\n');
-}
 } // namespace
 
 class BulkTransferTest : public DeviceControlTest {
@@ -40,7 +32,7 @@ protected:
 
 TEST_F(BulkTransferTest, TheScreenIsFetchedIntoItsFile)
 {
-    const QByteArray picture = bitmap(3000);
+    const QByteArray picture = testBitmap(30, 30);
     connectInstrument([&](const QByteArray&) { return asBlock(picture) + '\n'; });
     EXPECT_TRUE(control->GrabScreen());
     EXPECT_EQ(contentOf(staging::screen), picture);
@@ -48,17 +40,36 @@ TEST_F(BulkTransferTest, TheScreenIsFetchedIntoItsFile)
 
 TEST_F(BulkTransferTest, AnAnswerThatIsNoBitmapLeavesThePictureAsItWas)
 {
-    QByteArray answer = asBlock(bitmap(3000)) + '\n';
+    QByteArray answer = asBlock(testBitmap(30, 30)) + '\n';
     connectInstrument([&](const QByteArray&) { return answer; });
     ASSERT_TRUE(control->GrabScreen());
     for (const QByteArray& bad :
          {QByteArray("#43000BM truncated"), QByteArray("no block\n"), asBlock("no bitmap") + '\n',
-          asBlock(bitmap(3000).left(2000)) + '\n', QByteArray("#10\n"), QByteArray()}) {
+          asBlock(testBitmap(30, 30).left(2000)) + '\n', QByteArray("#10\n"), QByteArray()}) {
         answer = bad;
         EXPECT_FALSE(control->GrabScreen());
-        EXPECT_EQ(contentOf(staging::screen), bitmap(3000));
+        EXPECT_EQ(contentOf(staging::screen), testBitmap(30, 30));
         clock.sleep(3000);
     }
+}
+
+/// Each is refused by its head alone: what it claims is neither reserved nor waited for beyond the limit of a transfer.
+TEST_F(BulkTransferTest, ABlockOrABitmapThatClaimsTooMuchLeavesThePictureAsItWas)
+{
+    const QByteArray good = testBitmap(30, 30);
+    QByteArray answer = asBlock(good) + '\n';
+    connectInstrument([&](const QByteArray&) { return answer; });
+    ASSERT_TRUE(control->GrabScreen());
+    for (const QByteArray& bad : {QByteArray("#92147483647BM"), QByteArray("#9999999999BM") + good,
+                                  asBlock(withNumber(withNumber(good, 18, 60'000), 22, 60'000)) + '\n',
+                                  asBlock(withNumber(withNumber(good, 18, 4'000), 22, 4'000)) + '\n'}) {
+        answer = bad;
+        EXPECT_FALSE(control->GrabScreen()) << bad.left(16).toStdString();
+        EXPECT_EQ(contentOf(staging::screen), good);
+        clock.sleep(3000);
+    }
+    answer = asBlock(good) + '\n';
+    EXPECT_TRUE(control->GrabScreen()) << "the session finds its place again";
 }
 
 TEST_F(BulkTransferTest, TheFilesOfTheInstrumentAreFetched)
@@ -91,6 +102,14 @@ TEST_F(BulkTransferTest, TheProgramFileIsSentAsABlock)
     EXPECT_THAT(line.sent, ElementsAre(":MMEM:DATA \"ORBProg.b\",#14a?\nb"));
 }
 
+TEST_F(BulkTransferTest, TheSimulatedInstrumentHasAScreen)
+{
+    connectSimulated();
+    control->PanelActive(false);
+    EXPECT_TRUE(control->GrabScreen());
+    EXPECT_EQ(QImage(realPath(staging::screen)).size(), QSize(320, 240));
+}
+
 TEST_F(BulkTransferTest, TheSimulatedInstrumentHasBothFiles)
 {
     connectSimulated();
@@ -106,9 +125,7 @@ TEST_F(BulkTransferTest, ATransferThatTheInstrumentDoesNotHaveFailsQuietly)
     connectSimulated();
     control->PanelActive(false);
     ASSERT_TRUE(writeStagingFile(staging::programUpload, "a?\n:LOAD:ALL ON\n"));
-    EXPECT_FALSE(control->GrabScreen());
     control->SendProgramFile();
-    EXPECT_FALSE(fileExists(staging::screen));
     EXPECT_TRUE(control->IsConnected());
     EXPECT_THAT(clock.sleeps, testing::IsEmpty());
     control->SendCommand(QStringLiteral(":LOAD:ALL?"));
@@ -154,7 +171,7 @@ TEST_F(BulkTransferTest, AnEmptyBlockLeavesTheOldFile)
 
 TEST_F(BulkTransferTest, APictureThatCanNotBeWrittenIsAFailure)
 {
-    connectInstrument([](const QByteArray&) { return asBlock(bitmap(3000)) + '\n'; });
+    connectInstrument([](const QByteArray&) { return asBlock(testBitmap(30, 30)) + '\n'; });
     QDir().mkpath(realPath(staging::screen) + QStringLiteral("/inner")); // a folder in its place
     EXPECT_FALSE(control->GrabScreen());
     QDir(realPath(staging::screen)).removeRecursively();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "staging_files.h"
 
+#include "test_bitmap.h"
+
 #include "orb_ctrl.h"
 #include "paths.h"
 
@@ -244,20 +246,60 @@ TEST_F(StagingFilesTest, AFolderOfAnotherUserIsNotUsed)
 
 TEST_F(StagingFilesTest, ABitmapIsWholeWhenItHasTheLengthThatItsHeaderStates)
 {
-    const auto bitmap = [](int stated, int actual) {
-        QByteArray bytes("BM", 2);
-        for (int shift = 0; shift < 32; shift += 8)
-            bytes += static_cast<char>(stated >> shift & 0xff);
-        return isBitmap(bytes.leftJustified(actual, '\0', true));
-    };
-    EXPECT_TRUE(bitmap(55, 55));
-    EXPECT_TRUE(bitmap(70'000, 70'000));
-    EXPECT_FALSE(bitmap(54, 54)); // headers and no pixel
-    EXPECT_FALSE(bitmap(70'000, 69'999));
-    EXPECT_FALSE(bitmap(70'000, 70'001));
+    const QByteArray bitmap = testBitmap(7, 5);
+    EXPECT_TRUE(isBitmap(bitmap));
+    EXPECT_FALSE(isBitmap(bitmap + '\0'));
+    EXPECT_FALSE(isBitmap(bitmap.chopped(1)));
+    EXPECT_FALSE(isBitmap(bitmap.left(54)));
     EXPECT_FALSE(isBitmap("BM"));
     EXPECT_FALSE(isBitmap({}));
-    EXPECT_FALSE(isBitmap(QByteArray("MB\x37\0\0\0", 6).leftJustified(55, '\0')));
+    EXPECT_FALSE(isBitmap(QByteArray(bitmap).replace(0, 2, "MB")));
+}
+
+TEST_F(StagingFilesTest, ABitmapThatHasFewerPixelsThanItsHeaderStatesIsNotWhole)
+{
+    const QByteArray bitmap = testBitmap(8, 5);
+    EXPECT_TRUE(isBitmap(withNumber(bitmap, 18, 7))) << "a row is filled up to whole words";
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 18, 9)));
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 22, 6)));
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 22, -6)));
+    EXPECT_TRUE(isBitmap(withNumber(bitmap, 22, -5))) << "from the top down";
+    EXPECT_FALSE(isBitmap(withNumber<quint16>(bitmap, 28, 32)));
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 10, 55))) << "the pixels begin too late";
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 10, 53))) << "or in the headers";
+}
+
+TEST_F(StagingFilesTest, ABitmapWithoutASideOrWithATooLongOneIsNotTaken)
+{
+    const QByteArray bitmap = testBitmap(8, 5);
+    for (const int side : {0, -1, 4097, 60'000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
+        EXPECT_FALSE(isBitmap(withNumber(bitmap, 18, side))) << side;
+    for (const int side : {0, 4097, -4097, 60'000, std::numeric_limits<int>::min()})
+        EXPECT_FALSE(isBitmap(withNumber(bitmap, 22, side))) << side;
+    EXPECT_TRUE(isBitmap(testBitmap(4096, 1)));
+    EXPECT_TRUE(isBitmap(testBitmap(1, 4096)));
+}
+
+TEST_F(StagingFilesTest, ABitmapThatCanNotBeShownIsNotTaken)
+{
+    const QByteArray bitmap = testBitmap(8, 5);
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 14, 39))) << "the size of the header";
+    EXPECT_FALSE(isBitmap(withNumber<quint16>(bitmap, 26, 2))) << "planes";
+    EXPECT_FALSE(isBitmap(withNumber<quint16>(bitmap, 28, 17))) << "bits of a pixel";
+    EXPECT_FALSE(isBitmap(withNumber(bitmap, 30, 9))) << "compression";
+}
+
+TEST_F(StagingFilesTest, ABitmapWithATableOfColorsIsTaken)
+{
+    QImage image(9, 5, QImage::Format_Indexed8);
+    image.setColorTable({qRgb(0, 0, 0), qRgb(255, 0, 0)});
+    image.fill(1);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(image.save(&buffer, "BMP"));
+    EXPECT_TRUE(isBitmap(bytes));
+    EXPECT_FALSE(isBitmap(withNumber(bytes, 46, 100'000))) << "a table of so many colors";
 }
 
 } // namespace orb

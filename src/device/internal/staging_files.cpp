@@ -6,8 +6,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QSaveFile>
 #include <QtEndian>
+
+#include <cstdlib>
 
 namespace orb {
 
@@ -26,6 +29,61 @@ bool isStagingFile(const QString& path)
 {
     const QFileInfo file(path);
     return file.isFile() && belongsToUser(path) && !file.permission(QFile::WriteOther);
+}
+
+constexpr qint64 fileHeader = 14;
+constexpr qint64 pictureHeader = 40;
+constexpr qint64 longestSide = 4096;
+
+struct BitmapHead {
+    qint64 fileSize;
+    qint64 pixelsAt;
+    qint64 headerSize;
+    qint64 width;
+    qint64 height; ///< a picture from the top down has a negative one in the file
+    int planes;
+    int bits; ///< of a pixel
+    quint32 compression;
+};
+
+template <typename Number> Number numberAt(const QByteArray& data, qsizetype at)
+{
+    return qFromLittleEndian<Number>(data.constData() + at);
+}
+
+BitmapHead readHead(const QByteArray& data)
+{
+    return {numberAt<quint32>(data, 2),
+            numberAt<quint32>(data, 10),
+            numberAt<quint32>(data, 14),
+            numberAt<qint32>(data, 18),
+            std::abs(static_cast<qint64>(numberAt<qint32>(data, 22))),
+            numberAt<quint16>(data, 26),
+            numberAt<quint16>(data, 28),
+            numberAt<quint32>(data, 30)};
+}
+
+bool hasShape(const BitmapHead& head)
+{
+    return head.headerSize >= pictureHeader && head.width > 0 && head.width <= longestSide && head.height > 0 &&
+           head.height <= longestSide && head.planes == 1;
+}
+
+/// Without compression, the pixels of one row after the other, each row filled up to whole words.
+bool pixelsFit(const BitmapHead& head)
+{
+    const qint64 row = (head.width * head.bits + 31) / 32 * 4;
+    return head.pixelsAt >= fileHeader + head.headerSize && head.pixelsAt + row * head.height <= head.fileSize;
+}
+
+/// A bitmap with a table of colors, or with compressed pixels, shows only when it is read whether it is whole.
+bool hasPixels(const BitmapHead& head, const QByteArray& data)
+{
+    const bool isPlain = head.compression == 0;
+    if (isPlain && !pixelsFit(head))
+        return false;
+    const bool isTrueColor = head.bits == 16 || head.bits == 24 || head.bits == 32;
+    return (isPlain && isTrueColor) || !QImage::fromData(data, "BMP").isNull();
 }
 
 } // namespace
@@ -60,9 +118,10 @@ std::optional<QByteArray> readStagingFile(const QString& literal, qint64 longest
 
 bool isBitmap(const QByteArray& data)
 {
-    constexpr qsizetype headers = 14 + 40; // of the file and of the picture
-    return data.size() > headers && data.startsWith("BM") &&
-           qFromLittleEndian<quint32>(data.constData() + 2) == static_cast<quint32>(data.size());
+    if (data.size() <= fileHeader + pictureHeader || !data.startsWith("BM"))
+        return false;
+    const BitmapHead head = readHead(data);
+    return head.fileSize == data.size() && hasShape(head) && hasPixels(head, data);
 }
 
 } // namespace orb

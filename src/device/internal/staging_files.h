@@ -19,7 +19,8 @@ bool writeStagingFile(const QString& literal, const QByteArray& data) noexcept;
 /// The content of a staging file; nothing where it can't be read or has more than `longest` bytes.
 std::optional<QByteArray> readStagingFile(const QString& literal, qint64 longest) noexcept;
 
-/// True for a whole Windows bitmap: its header states the length that it has.
+/// True for a whole Windows bitmap that can be shown: its headers state the length that the data have, a picture of at
+/// most 4096 by 4096 pixels, and pixels that are all there.
 bool isBitmap(const QByteArray& data);
 
 } // namespace orb

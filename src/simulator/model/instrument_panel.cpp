@@ -36,7 +36,16 @@ void setNextFunction(LoadChannel& channel)
     channel.setMode(function, channel.settings().range(function));
 }
 
-/// The keys that work on the selected channel. SHIFT, FILE and HELP do nothing.
+/// The channel after the selected one, or before it after SHIFT; from the last one to the first.
+void selectNextChannel(Mainframe& mainframe)
+{
+    const int count = mainframe.channelCount();
+    const int step = mainframe.panel().shifted() ? count - 1 : 1;
+    mainframe.selectChannel((mainframe.selectedChannel() - 1 + step) % count + 1);
+    mainframe.displayChannel(mainframe.selectedChannel());
+}
+
+/// The keys that work on the selected channel. FILE and HELP do nothing.
 void actOnChannel(int code, int count, Mainframe& mainframe)
 {
     const int number = mainframe.selectedChannel();
@@ -48,8 +57,7 @@ void actOnChannel(int code, int count, Mainframe& mainframe)
         mainframe.switchInput(number, !mainframe.channel(number).inputOn());
         break;
     case InstrumentPanel::Channel:
-        mainframe.selectChannel(number % mainframe.channelCount() + 1);
-        mainframe.displayChannel(mainframe.selectedChannel());
+        selectNextChannel(mainframe);
         break;
     case InstrumentPanel::Function:
         setNextFunction(mainframe.change(number));
@@ -102,6 +110,12 @@ InstrumentPanel::Outcome InstrumentPanel::enter(Mainframe& mainframe)
 
 InstrumentPanel::Outcome InstrumentPanel::press(int code, int count, Mainframe& mainframe)
 {
+    lastOutcome_ = pressKey(code, count, mainframe);
+    return lastOutcome_;
+}
+
+InstrumentPanel::Outcome InstrumentPanel::pressKey(int code, int count, Mainframe& mainframe)
+{
     if (!isKey(code))
         return Outcome::NoSuchKey;
     beep();
@@ -109,7 +123,9 @@ InstrumentPanel::Outcome InstrumentPanel::press(int code, int count, Mainframe& 
         return Outcome::Locked;
     lastKey_ = code;
     lastCount_ = count;
-    return act(code, count, mainframe);
+    const Outcome outcome = act(code, count, mainframe);
+    shifted_ = code == Shift && !shifted_;
+    return outcome;
 }
 
 InstrumentPanel::Outcome InstrumentPanel::act(int code, int count, Mainframe& mainframe)

@@ -45,6 +45,10 @@ public:
     /// The code and the count of the last key that had an effect; 0 before the first.
     int lastKey() const { return lastKey_; }
     int lastCount() const { return lastCount_; }
+    /// What the last press of a key came to.
+    Outcome lastOutcome() const { return lastOutcome_; }
+    /// True after SHIFT, up to the next key: CHAN then selects the channel before.
+    bool shifted() const { return shifted_; }
     /// The typed digits and point, not yet entered.
     const std::string& entry() const { return entry_; }
 
@@ -72,10 +76,13 @@ private:
     bool isRefused(int code, const Mainframe& mainframe) const;
     Outcome act(int code, int count, Mainframe& mainframe);
     Outcome enter(Mainframe& mainframe);
+    Outcome pressKey(int code, int count, Mainframe& mainframe);
     void type(char c);
 
     int lastKey_ = 0;
     int lastCount_ = 0;
+    Outcome lastOutcome_ = Outcome::Done;
+    bool shifted_ = false;
     std::string entry_;
     bool locked_ = false;
     Page page_ = Page::Channel;

@@ -12,4 +12,11 @@ std::string decimalText(double value, int decimals)
     return isZero && text.starts_with('-') ? text.substr(1) : text;
 }
 
+std::string blockText(std::string_view data)
+{
+    const std::string length = std::to_string(data.size());
+    std::string block = '#' + std::to_string(length.size()) + length;
+    return block.append(data);
+}
+
 } // namespace orb

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace orb {
 
@@ -13,5 +14,8 @@ inline std::string valueText(double value)
 {
     return decimalText(value, 4);
 }
+
+/// `data` as a definite-length block.
+std::string blockText(std::string_view data);
 
 } // namespace orb

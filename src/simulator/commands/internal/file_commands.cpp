@@ -22,11 +22,8 @@ bool isFile(const CommandCall& call, std::string_view name)
 
 template <class Record> std::string blockOf(const Record& record)
 {
-    const std::string length = std::to_string(sizeof(Record));
-    std::string block = '#' + std::to_string(length.size()) + length;
     const auto image = imageOf(record);
-    block.append(reinterpret_cast<const char*>(image.data()), image.size());
-    return block;
+    return blockText({reinterpret_cast<const char*>(image.data()), image.size()});
 }
 
 std::string queryFile(CommandContext& context, const CommandCall& call)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "instrument_commands.h"
 
+#include "instrument_screen.h"
+
 namespace orb {
 
 namespace {
@@ -71,6 +73,11 @@ std::string queryBrightness(CommandContext& context, const CommandCall& call)
     return decimalText(call.limitOr(context.mainframe.panel().brightness(), percentLimits), 0);
 }
 
+std::string queryScreen(CommandContext& context, const CommandCall&)
+{
+    return blockText(bitmapOf(drawInstrumentScreen(context.mainframe, context.identity)));
+}
+
 void beep(CommandContext& context, const CommandCall&)
 {
     context.mainframe.panel().beep();
@@ -118,6 +125,9 @@ constexpr Command rows[] = {
      .summary = "The brightness of the screen in percent.",
      .set = setBrightness,
      .query = queryBrightness},
+    {.header = "HCOPy:SDUMp:DATA",
+     .summary = "The picture on the screen as a Windows bitmap of 320 by 240 pixels, in a definite-length block.",
+     .query = queryScreen},
     {.header = "SYSTem:BEEPer[:IMMediate]", .summary = "Beeps once, if the beeper is on.", .set = beep},
     {.header = "SYSTem:BEEPer:STATe",
      .parameters = onOrOff,
