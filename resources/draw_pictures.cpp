@@ -3,10 +3,12 @@
 // Draws every picture and pointer of the program. Run by hand when one is to change; what it draws is kept with the
 // sources, so that a build needs no screen, no font and no encoder.
 //
-//     draw_pictures FOLDER SHEET    writes FOLDER/OrbEmpty.jpg and FOLDER/ICON/*, and all of them on one PNG
+//     draw_pictures FOLDER SHEET    writes FOLDER/OrbEmpty.jpg, FOLDER/ICON/* and the panel map FOLDER/ORBScrBtn.dat,
+//                                   and all pictures but the panel on one PNG
 
 #include "cursor_file.h"
 #include "glyphs.h"
+#include "panel_picture.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -162,6 +164,9 @@ void drawAll(const QDir& folder)
         save(isJpeg(picture.name) ? draw(picture, jpegSize, QColor(buttonFace))
                                   : draw(picture, pictureSize, Qt::transparent),
              icons.filePath(picture.name));
+    save(panelPicture(1), icons.filePath("Panel.png"));
+    save(panelPicture(2), icons.filePath("Panel@2x.png"));
+    save(panelMapText(), folder.filePath("ORBScrBtn.dat"));
     for (const Cursor& cursor : cursors)
         save(cursorFile(draw({gridUnits, gridUnits}, cursor.glyph), cursor.hotSpot), icons.filePath(cursor.name));
 

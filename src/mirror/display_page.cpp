@@ -64,6 +64,7 @@ void DisplayPage::createLayout()
         child->setParent(this);
     Image2.moveTwips(120, 300);
     Image2.resizeTwips(5700, 9180);
+    Image2.setPicture(icon(QStringLiteral("\\ICON\\Panel.png")));
     Picture1.moveTwips(540, 840);
     Picture1.resizeTwips(4815, 3615);
     QPixmap blank(screenSize);

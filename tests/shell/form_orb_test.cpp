@@ -218,6 +218,63 @@ TEST_F(FormORBTest, AClickOnThePanelRunsAStoppedMirrorAndTheButtonsStayUntilTheL
     EXPECT_FALSE(form.fraDisplay.TimerDisplay.enabled());
 }
 
+/// The panel picture with the program's own map. A place is given in pixels as the operator sees them.
+class FormORBPanelTest : public FormORBTest {
+protected:
+    FormORBPanelTest()
+    {
+        load();
+        click(&FormORB::pageDisplayClick);
+    }
+
+    /// The code and count that a click there sends; "none" where it sends nothing.
+    QString codeAt(double x, double y)
+    {
+        instrument.sent.clear();
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, QPointF(x, y), QPointF(x, y), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&form.fraDisplay.Image2, &event);
+        }
+        return instrument.sent.empty() ? "none" : instrument.sent.front().section(' ', 1);
+    }
+
+    QStringList codesAt(double y, const std::vector<double>& places)
+    {
+        QStringList codes;
+        for (const double x : places)
+            codes << codeAt(x, y);
+        return codes;
+    }
+};
+
+TEST_F(FormORBPanelTest, AClickInTheMiddleOfEveryKeySendsItsCode)
+{
+    const std::vector<double> fiveInARow{56, 122, 188, 254, 320};
+    EXPECT_THAT(codesAt(309, fiveInARow), ElementsAre("113,1", "114,1", "115,1", "116,1", "117,1")); // F1 to F5
+    EXPECT_THAT(codesAt(353, fiveInARow),
+                ElementsAre("112,1", "118,1", "109,1", "119,1", "120,1")); // CHAN FUNC PRESET FILE HELP
+    const std::vector<double> pad{53, 113, 173};
+    EXPECT_THAT(codesAt(407, pad), ElementsAre("103,1", "104,1", "105,1"));
+    EXPECT_THAT(codesAt(459, pad), ElementsAre("100,1", "101,1", "102,1"));
+    EXPECT_THAT(codesAt(511, pad), ElementsAre("97,1", "98,1", "99,1"));
+    EXPECT_THAT(codesAt(563, pad), ElementsAre("96,1", "106,1", "107,1"));                // 0 . CLEAR
+    EXPECT_THAT(codesAt(432, {251, 285, 318}), ElementsAre("214,1", "123,1", "214,255")); // the knob
+    EXPECT_THAT(codesAt(511, {251, 320}), ElementsAre("110,1", "108,1"));                 // SHIFT ENTER
+    EXPECT_EQ(codeAt(285, 563), "111,1");                                                 // LOAD
+}
+
+TEST_F(FormORBPanelTest, AClickInAGapBetweenTwoKeysSendsNothing)
+{
+    EXPECT_THAT(codesAt(309, {20, 89.5, 155.5, 221.5, 287.5, 360}), testing::Each(QString("none")));
+    EXPECT_THAT(codesAt(330, {56, 122, 188, 254, 320}), testing::Each(QString("none")));
+    EXPECT_THAT(codesAt(407, {83, 143, 210}), testing::Each(QString("none")));
+    EXPECT_THAT(codesAt(433, {53, 113, 173}), testing::Each(QString("none")));
+    EXPECT_THAT(codesAt(432, {266, 304}), testing::Each(QString("none")));
+    EXPECT_THAT(codesAt(537, {251, 285, 320}), testing::Each(QString("none")));
+    EXPECT_EQ(codeAt(285.5, 511), "none");
+    EXPECT_EQ(codeAt(190, 150), "none") << "the screen";
+}
+
 TEST_F(FormORBTest, AMouseMoveOverTheDisplayPageSetsTheArrowPointer)
 {
     form.setCursor(Qt::PointingHandCursor);

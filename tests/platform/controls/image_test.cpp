@@ -95,4 +95,23 @@ TEST_F(ImageTest, AFileThatHoldsNoPictureLeavesTheOneThatIsShown)
     EXPECT_EQ(image.pixmap().size(), QSize(3, 3));
 }
 
+TEST_F(ImageTest, APictureWithALargerTwinIsShownByItInItsOwnSize)
+{
+    const QTemporaryDir folder;
+    QImage small(3, 2, QImage::Format_RGB32);
+    small.fill(Qt::red);
+    ASSERT_TRUE(small.save(folder.filePath("a.png")));
+    ASSERT_TRUE(small.save(folder.filePath("a.bmp")));
+    QImage large(6, 4, QImage::Format_RGB32);
+    large.fill(Qt::green);
+    ASSERT_TRUE(large.save(folder.filePath("a@2x.png")));
+    ASSERT_TRUE(large.save(folder.filePath("a@2x.bmp")));
+    Image image;
+    image.setPicture(folder.filePath("a.png"));
+    EXPECT_EQ(image.pixmap().size(), QSize(6, 4));
+    EXPECT_EQ(image.pixmap().deviceIndependentSize(), QSizeF(3, 2));
+    image.setPicture(folder.filePath("a.bmp"));
+    EXPECT_EQ(image.pixmap().size(), QSize(3, 2)) << "only a PNG has one";
+}
+
 } // namespace

@@ -20,6 +20,16 @@ QString fileOf(const QString& literal)
     return path;
 }
 
+/// A PNG may stand beside a larger one for sharp screens: "Panel@2x.png" has twice the pixels of "Panel.png".
+QString sharpTwinOf(const QString& path)
+{
+    const QLatin1String suffix(".png");
+    if (!path.endsWith(suffix, Qt::CaseInsensitive))
+        return {};
+    const QString twin = path.chopped(suffix.size()) + QStringLiteral("@2x") + path.right(suffix.size());
+    return QFileInfo(twin).isFile() ? twin : QString();
+}
+
 QImage readPicture(const QString& path)
 {
     QImageReader reader(path);
@@ -58,9 +68,13 @@ private:
 
 QPixmap loadPicture(const QString& literal)
 {
-    const QImage image = readPicture(fileOf(literal));
+    const QString path = fileOf(literal);
+    const QString twin = sharpTwinOf(path);
+    QImage image = readPicture(twin.isEmpty() ? path : twin);
     if (image.isNull())
         throw RuntimeFailure(failure::InvalidPicture);
+    if (!twin.isEmpty())
+        image.setDevicePixelRatio(2);
     return QPixmap::fromImage(image);
 }
 

@@ -59,7 +59,8 @@ void drawSetValues(ScreenCanvas& canvas, const LoadChannel& channel, const std::
     for (int level = 0; level < 2; ++level) {
         const QRgb color = level == settings.level ? screen_color::text : screen_color::dim;
         const QString name = level == 0 ? QStringLiteral("L1") : QStringLiteral("L2");
-        const QString value = sixPlaces(levels[static_cast<std::size_t>(level)]) + QLatin1Char(' ') + setUnit(settings.function);
+        const QString value =
+            sixPlaces(levels[static_cast<std::size_t>(level)]) + QLatin1Char(' ') + setUnit(settings.function);
         canvas.text(margin + 150 * level, 154, name, color);
         canvas.text(margin + 18 + 150 * level, 154, value, color, mediumFont);
     }
