@@ -5,6 +5,7 @@
 #include "data_log_tour.h"
 #include "device_control.h"
 #include "form_orb.h"
+#include "program_tour.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
 #include "simulator_process.h"
@@ -57,6 +58,7 @@ int runTour(const QDir& out)
     connectSteps(tour, *form, *CORB, simulator);
     dataLogSteps(tour, *form);
     consoleSteps(tour, *form);
+    programSteps(tour, *form);
     return tour.run();
 }
 

@@ -75,6 +75,18 @@ void choose(QListWidget& list, const QString& line)
     }
 }
 
+void click(QWidget& widget)
+{
+    if (!widget.isVisible() || !widget.isEnabled())
+        throw TourFailure(QStringLiteral("there is nothing to click"));
+    const QPointF at = widget.rect().center();
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
 void turnWheel(QWidget& widget, const QPoint& at, int notches)
 {
     constexpr int notch = 120; // eighths of a degree

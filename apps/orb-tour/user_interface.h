@@ -34,6 +34,9 @@ void pick(const QWidget& where, const QString& item);
 /// Clicks the first line of the list that reads so.
 void choose(QListWidget& list, const QString& line);
 
+/// Presses and releases the left mouse button in the middle of the widget.
+void click(QWidget& widget);
+
 /// Turns the wheel by so many notches, forward if positive, at a place on the widget.
 void turnWheel(QWidget& widget, const QPoint& at, int notches);
 
