@@ -89,12 +89,14 @@ QWidget* ProgramPage::chainArea()
     auto* grid = new QGridLayout(chainArea_);
     grid->setContentsMargins(0, 0, 0, 0);
     constexpr int columns = 4;
-    constexpr int verticalSpacing = 12;
+    constexpr int verticalSpacing = 22;
+    constexpr int startWidth = 80;
     grid->setVerticalSpacing(verticalSpacing);
     auto* start = new QHBoxLayout;
     lblProgram[2].setBuddy(&cmbProgChain.back());
     cmbProgChain.back().setAccessibleName(QStringLiteral("Start of the chain"));
     start->addWidget(&lblProgram[2]);
+    cmbProgChain.back().setMinimumWidth(startWidth);
     start->addWidget(&cmbProgChain.back());
     start->addSpacing(12);
     start->addWidget(new Label(QStringLiteral("Each program is followed by:")));
