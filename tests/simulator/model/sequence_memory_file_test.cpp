@@ -120,36 +120,6 @@ TEST_F(SequenceMemoryFileTest, APointIsWrittenInTheStepsOfTheModuleAndItsTimeBas
     EXPECT_EQ(file.DurationCount[1], 2);
 }
 
-TEST_F(SequenceMemoryFileTest, TheTimeBaseIsTheCoarsestThatGivesTheDuration)
-{
-    const std::tuple<double, int, int> cases[] = {{0, 11, 0},          {7, 11, 7},       {0.5, 10, 5},
-                                                  {0.25, 9, 25},       {0.001, 8, 1},    {0.0004, 7, 4},
-                                                  {0.00003, 6, 3},     {0.000001, 5, 1}, {2000.000001, 5, 2000000001},
-                                                  {100000, 11, 100000}};
-    for (const auto& [seconds, code, count] : cases) {
-        only({.current = 0, .seconds = seconds, .rise = 1.6, .fall = 1.6});
-        const SeqFileRecord file = fileFor(channel("K12B"));
-        EXPECT_EQ(file.Points[0].TimeBaseCode, code) << seconds;
-        EXPECT_EQ(file.DurationCount[0], count) << seconds;
-    }
-}
-
-TEST_F(SequenceMemoryFileTest, ALongDurationIsShownToTheMillisecondInSinglePrecision)
-{
-    for (const double seconds : {1234.567, 12345.678, 9999.999, 16777.217, 99999.0}) {
-        only({.current = 0, .seconds = seconds, .rise = 1.6, .fall = 1.6});
-        EXPECT_EQ(shownOf(fileFor(channel("K12B")), 1).seconds, seconds);
-    }
-}
-
-TEST_F(SequenceMemoryFileTest, ADurationThatNoTimeBaseShowsRightIsShownNearlyRight)
-{
-    for (const double seconds : {54321.5, 99'999.123456}) {
-        only({.current = 0, .seconds = seconds, .rise = 1.6, .fall = 1.6});
-        EXPECT_NEAR(shownOf(fileFor(channel("K12B")), 1).seconds, seconds, 0.002);
-    }
-}
-
 TEST_F(SequenceMemoryFileTest, TheModuleIsThatOfTheChannelIfItsStepsAreKnown)
 {
     only({.current = 1.5, .seconds = 1, .rise = 0, .fall = 0});
