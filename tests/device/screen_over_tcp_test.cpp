@@ -34,6 +34,7 @@ TEST_F(ScreenOverTcpTest, TheGrabbedScreenIsThePictureThatTheInstrumentDrewPixel
     send(":KEYBoard:CODE 112,1");
     send(":KEYBoard:CODE 116,1");
     send(":PROG:FILE 7;:PROG:SEQ 3");
+    ASSERT_EQ(ask(":PROG:SEQ?"), "3"); // all of it has arrived
 
     const std::string block = instrument.execute(":HCOP:SDUM:DATA?");
     const QImage drawn = QImage::fromData(QByteArray::fromStdString(block.substr(8)), "BMP");
