@@ -23,6 +23,7 @@ MemoryCell::MemoryCell(QWidget* parent) : Control<QWidget>(parent)
 void MemoryCell::setText(const QString& text)
 {
     text_ = text;
+    setAccessibleDescription(text);
     update();
 }
 

@@ -207,12 +207,8 @@ TEST_F(ProgramPageChainTest, UpAtTheTopAndWithoutASelectionShowsTheSameMessage)
     EXPECT_EQ(lists(), "03 04 05 06 07 08 09 10 11 12 | [01] 02");
 }
 
-TEST_F(ProgramPageChainTest, DownOnTheLastItemAndWithoutASelectionShowsItsMessage)
+TEST_F(ProgramPageChainTest, DownInAChainOfOneItemShowsTheMessageOfTheLastOne)
 {
-    openWith({"P01", "P02"});
-    press(page.cmdProgDown);
-    pick(right(), "P02");
-    press(page.cmdProgDown);
     openWith({"P05"});
     pick(right(), "P05");
     press(page.cmdProgDown);
@@ -221,7 +217,7 @@ TEST_F(ProgramPageChainTest, DownOnTheLastItemAndWithoutASelectionShowsItsMessag
     EXPECT_EQ(lists(), "01 02 03 04 06 07 08 09 10 11 12 | [05]");
 }
 
-TEST_F(ProgramPageChainTest, DownWithoutASelectionAndOnTheLastOfTwoShowsTheMessageEachTime)
+TEST_F(ProgramPageChainTest, DownWithoutASelectionAndOnTheLastItemShowsItsMessage)
 {
     openWith({"P01", "P02"});
     press(page.cmdProgDown);

@@ -202,7 +202,8 @@ TEST_F(ProgramPageTest, TheFrameOfAStepCoversNoCellAndIsWhollyOnThePage)
 
 TEST_F(ProgramPageTest, ThePagesControlsHaveNamesForScreenReaders)
 {
-    EXPECT_EQ(cell(34).accessibleName(), "Program 4 step 5");
+    fill(34, "17");
+    EXPECT_EQ(cell(34).accessibleName() + ": " + cell(34).accessibleDescription(), "Program 4 step 5: 17");
     for (const QWidget* control :
          std::initializer_list<QWidget*>{&page.cmbMemory, &time(2), &timeBox(2), &page.txtMemCH, &chain(4), &chain(12),
                                          &page.lstProgramOrder[0], &page.txtProgLoopStart})

@@ -333,9 +333,20 @@ TEST_F(ProgramPageTransferTest, AnUploadFileThatCannotBeWrittenEndsTheProgram)
 
     press(page.progSend);
 
-    EXPECT_EQ(processExit.reports.size(), 1);
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '75':\n\nPath/File access error"));
     EXPECT_THAT(instrument.calls, ElementsAre("FetchProgramFile"));
     QDir(path).removeRecursively();
+}
+
+TEST_F(ProgramPageTransferTest, AnOlderUploadFileIsDeletedAndNotWrittenOver)
+{
+    const QString other = write("other", "other.txt");
+    ASSERT_TRUE(QFile::link(other, realPath(staging::programUpload)));
+
+    loadAndSend(randomFile(255));
+
+    EXPECT_EQ(contentOf(other), "other");
+    EXPECT_EQ(uploaded().size(), 5580);
 }
 
 TEST_F(ProgramPageTransferTest, TheFileIsClosedAndWholeWhenTheInstrumentTakesIt)
