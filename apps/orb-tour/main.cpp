@@ -8,6 +8,7 @@
 #include "program_tour.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
+#include "service_tour.h"
 #include "simulator_process.h"
 #include "tour.h"
 #include "user_interface.h"
@@ -59,6 +60,7 @@ int runTour(const QDir& out)
     dataLogSteps(tour, *form);
     consoleSteps(tour, *form);
     programSteps(tour, *form);
+    serviceSteps(tour, *form);
     return tour.run();
 }
 

@@ -23,7 +23,8 @@ protected:
     StartTest()
     {
         const QDir built(binaryDirectory());
-        std::filesystem::create_hard_link(built.filePath("orb").toStdString(), folder.filePath("orb").toStdString());
+        for (const char* name : {"orb", "orb-service"})
+            std::filesystem::create_hard_link(built.filePath(name).toStdString(), folder.filePath(name).toStdString());
         for (const char* name : {"orb.mdb", "OrbEmpty.jpg", "orbCommands.dat", "ORBScrBtn.dat"})
             QFile::copy(built.filePath(name), folder.filePath(name));
         QDir(folder.path()).mkdir("ICON");
@@ -38,9 +39,9 @@ protected:
     }
 
     /// Starts the program. What it writes to its error output, up to a line that holds `text`.
-    std::string errorsUpTo(const QByteArray& text)
+    std::string errorsUpTo(const QByteArray& text, const char* name = "orb")
     {
-        program.start(folder.filePath("orb"), {});
+        program.start(folder.filePath(name), {});
         QByteArray errors;
         while (!errors.contains(text) && program.state() != QProcess::NotRunning) {
             program.waitForReadyRead(100);
@@ -69,6 +70,16 @@ TEST_F(StartTest, AMissingDatabaseIsReportedAsARunTimeError)
     ASSERT_TRUE(QFile::remove(folder.filePath("orb.mdb")));
 
     EXPECT_THAT(errorsUpTo("Run-time error"), HasSubstr("Run-time error '3024':"));
+}
+
+TEST_F(StartTest, AMissingPanelMapIsReportedAsARunTimeErrorByBothPrograms)
+{
+    ASSERT_TRUE(QFile::remove(folder.filePath("ORBScrBtn.dat")));
+    for (const char* name : {"orb", "orb-service"}) {
+        EXPECT_THAT(errorsUpTo("File not found", name), HasSubstr("Run-time error '53':\n\nFile not found")) << name;
+        program.kill();
+        program.waitForFinished(limitMs);
+    }
 }
 
 } // namespace

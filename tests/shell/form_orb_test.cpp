@@ -201,6 +201,24 @@ TEST_F(FormORBTest, ActivatingTheFormInFullScreenSendsTheNextPictureToTheMainFor
     EXPECT_TRUE(form.fraDisplay.oFullScreen->isVisible());
 }
 
+TEST_F(FormORBTest, AKeyPressedInFullScreenModeShowsTheScreenOnTheMainForm)
+{
+    createFolder(staging::folder);
+    QPixmap screen(320, 240);
+    screen.fill(Qt::green);
+    ASSERT_TRUE(screen.save(realPath(staging::screen)));
+    instrument.screenGrabbed = true;
+    load();
+    click(&FormORB::pageDisplayClick);
+    form.bFullScrMode = true;
+    QMouseEvent down(QEvent::MouseButtonPress, QPointF(56, 309), QPointF(56, 309), Qt::LeftButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(&form.fraDisplay.Image2, &down);
+    EXPECT_THAT(instrument.sent, ElementsAre(":KEYBoard:CODE 113,1"));
+    EXPECT_EQ(form.fraDisplay.Image1.pixmap().toImage().pixelColor(5, 5), QColor(Qt::green));
+    EXPECT_FALSE(form.fraDisplay.oFullScreen);
+}
+
 TEST_F(FormORBTest, AClickOnThePanelRunsAStoppedMirrorAndTheButtonsStayUntilTheLinkIsFoundDown)
 {
     load();
