@@ -7,10 +7,6 @@ namespace orb {
 
 namespace {
 
-const std::array<QColor, graphChannels> channelColors{QColor(0, 255, 0),   QColor(0, 0, 255),     QColor(128, 0, 128),
-                                                      QColor(255, 255, 0), QColor(255, 255, 255), QColor(255, 0, 0),
-                                                      QColor(128, 0, 0),   QColor(128, 128, 0)};
-
 // The captions differ in case on purpose. The last three rows have no second range and are not offered in the list.
 const std::array<TimeRange, 13> timeRanges{{
     {"5m", "Elapsed Time [Sec]", 60, "h:n:ss", 5, "0:0:0", "0:5:00"},
@@ -45,8 +41,8 @@ GraphPlan graphLogPlan()
                  {"YAxis-A", AxisSide::Right, "Amp", 0, 30, "", 5}};
     for (int plot = 0; plot < 2 * graphChannels; ++plot) {
         const bool isCurrent = plot % 2 == 1;
-        plan.plots.push_back({QStringLiteral("Plot-%1").arg(plot + 1), isCurrent ? 3 : 2,
-                              channelColors[static_cast<std::size_t>(plot / 2)], isCurrent});
+        plan.plots.push_back(
+            {QStringLiteral("Plot-%1").arg(plot + 1), isCurrent ? 3 : 2, curveColor(plot / 2 + 1), isCurrent});
     }
     plan.cursors = 2 * graphChannels;
     return plan;

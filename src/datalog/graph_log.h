@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "graph_look.h"
 #include "graph_plan.h"
 
 namespace orb {
 
-/// The time axis counts in days, so a second is 1/86400.
-constexpr double secondInDays = 1.0 / 86400;
-
-constexpr int graphChannels = 8;
+constexpr int graphChannels = curveColorCount;
 
 /// The elements of `graphLog`: elapsed time, volts on the left, amperes on the right, two curves and two cursors for
 /// each channel. Odd plots show volts, even plots amperes; both plots of a channel have the same color.

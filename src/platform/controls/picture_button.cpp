@@ -4,6 +4,9 @@
 #include "picture.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionToolButton>
+
+#include <cmath>
 
 namespace orb {
 
@@ -24,6 +27,39 @@ void PictureButton::setPicture(const QString& path)
     setToolButtonStyle(path.isEmpty()        ? Qt::ToolButtonTextOnly
                        : caption().isEmpty() ? Qt::ToolButtonIconOnly
                                              : Qt::ToolButtonTextUnderIcon);
+}
+
+void PictureButton::setOnTwoLines(bool onTwoLines)
+{
+    onTwoLines_ = onTwoLines;
+    updateGeometry();
+    update();
+}
+
+QString PictureButton::shownCaption() const
+{
+    QString shown = caption();
+    qsizetype nearest = -1;
+    for (qsizetype blank = shown.indexOf(u' '); blank >= 0; blank = shown.indexOf(u' ', blank + 1))
+        if (nearest < 0 || std::abs(2 * blank + 1 - shown.size()) < std::abs(2 * nearest + 1 - shown.size()))
+            nearest = blank;
+    if (onTwoLines_ && nearest >= 0)
+        shown[nearest] = u'\n';
+    return shown;
+}
+
+QSize PictureButton::sizeHint() const
+{
+    const QSize onOneLine = Control<QToolButton>::sizeHint();
+    if (!onTwoLines_)
+        return onOneLine;
+    return onOneLine + fontMetrics().size(0, shownCaption()) - fontMetrics().size(0, caption());
+}
+
+void PictureButton::initStyleOption(QStyleOptionToolButton* option) const
+{
+    Control<QToolButton>::initStyleOption(option);
+    option->text = shownCaption();
 }
 
 /// Enter presses the button as the space bar does.

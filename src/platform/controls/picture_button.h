@@ -22,11 +22,20 @@ public:
     /// Throws as `loadPicture` does; the button keeps its picture then. The empty path removes the picture.
     void setPicture(const QString& path);
 
+    /// Shows the caption on two lines, broken at the blank that is nearest to its middle.
+    void setOnTwoLines(bool onTwoLines);
+
+    QSize sizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionToolButton* option) const override;
 
 private:
+    QString shownCaption() const;
+
     QString picture_;
+    bool onTwoLines_ = false;
 };
 
 } // namespace orb

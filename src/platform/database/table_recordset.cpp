@@ -132,6 +132,12 @@ void TableRecordset::setValueAt(std::int64_t row, int column, const QString& tex
     snapshot_->change(row, column, text);
 }
 
+std::int64_t TableRecordset::rowId(std::int64_t row) const
+{
+    requireCell(row, 0);
+    return snapshot_->idOf(row);
+}
+
 std::int64_t TableRecordset::rowsRead() const
 {
     return snapshot_->rowsRead();

@@ -56,6 +56,9 @@ public:
     /// `Database::execute` throws, and 3021 where the row was deleted or has another value by now.
     void setValueAt(std::int64_t row, int column, const QString& text);
 
+    /// The id of row `row`, which no other row of the table has while it is there. Throws 3021 outside of the snapshot.
+    std::int64_t rowId(std::int64_t row) const;
+
     /// Rows that were read, scanned or counted in the file since the start: what the work has cost.
     std::int64_t rowsRead() const;
 

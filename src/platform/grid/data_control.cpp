@@ -37,6 +37,7 @@ QToolButton* DataControl::makeButton(const QString& name, Qt::ArrowType arrow, s
     auto* button = new QToolButton(this);
     button->setArrowType(arrow);
     button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus); // the keys of the grid do the same
     button->setToolTip(name);
     button->setAccessibleName(name);
     button->setObjectName(name);
@@ -72,6 +73,9 @@ void DataControl::refresh()
     if (recordSource_.isEmpty())
         throw RuntimeFailure(failure::StatementFailed, QStringLiteral("The data control names no record source"));
     recordset_.refresh(workspace_.openDatabase(databaseName_), recordSource_);
+    if (rowCount() == 0 || editedTable_ != databaseName_ + recordSource_)
+        edits_.clear();
+    editedTable_ = databaseName_ + recordSource_;
     notify(&DataObserver::sourceChanged);
 }
 
@@ -97,8 +101,20 @@ int DataControl::columnOf(const QString& field) const
 
 void DataControl::setValueAt(std::int64_t row, int column, const QString& text)
 {
+    const QString before = textOf(valueAt(row, column));
     recordset_.setValueAt(row, column, text);
+    const auto edit = edits_.try_emplace({recordset_.rowId(row), column}, before).first;
+    if (edit->second == textOf(valueAt(row, column)))
+        edits_.erase(edit);
     notify(&DataObserver::sourceChanged);
+}
+
+std::optional<QString> DataControl::textBeforeEdit(std::int64_t row, int column) const
+{
+    if (edits_.empty() || row < 0 || row >= rowCount())
+        return std::nullopt;
+    const auto edit = edits_.find({recordset_.rowId(row), column});
+    return edit == edits_.end() ? std::nullopt : std::optional(edit->second);
 }
 
 void DataControl::addObserver(DataObserver& observer)

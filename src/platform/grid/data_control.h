@@ -5,6 +5,9 @@
 #include "table_recordset.h"
 #include "workspace.h"
 
+#include <map>
+#include <optional>
+
 class QLabel;
 class QToolButton;
 
@@ -62,6 +65,9 @@ public:
     /// As those of `TableRecordset`; the observers are notified.
     FieldValue valueAt(std::int64_t row, int column) const { return recordset_.valueAt(row, column); }
     void setValueAt(std::int64_t row, int column, const QString& text);
+    /// The text that a cell had before `setValueAt` gave it another one, none where it has that text. A refresh keeps the
+    /// edits, unless the table is empty or another one.
+    std::optional<QString> textBeforeEdit(std::int64_t row, int column) const;
     std::int64_t rowsRead() const { return recordset_.rowsRead(); }
 
     /// An observer must remove itself before it is destroyed.
@@ -80,6 +86,8 @@ private:
     QLabel* label_;
     TableRecordset recordset_;
     std::vector<DataObserver*> observers_;
+    QString editedTable_;                                   ///< the database and the table that `edits_` are of
+    std::map<std::pair<std::int64_t, int>, QString> edits_; ///< the first text of edited cells, by row id and column
 };
 
 } // namespace orb

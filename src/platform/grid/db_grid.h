@@ -15,14 +15,16 @@ struct GridColumn {
     QString caption; ///< empty: the name of the field
     int widthTwips = 1200;
     bool editable = false;
+    bool isNumber = false; ///< an edit takes nothing but a number
 };
 
 /// Shows the rows of a data control and follows its current row, which is the selected one; a row that the operator goes
 /// to becomes the current row. Ctrl+C copies it, with tabs between the fields.
 ///
 /// F2, Enter, a double click or a typed character edit an editable cell. Enter writes to the table at once, and so does
-/// going elsewhere; Escape gives up. Where the table refuses the text it keeps the old value, and the editor stays open
-/// and shows the reason.
+/// going elsewhere; Escape gives up. Where the column or the table refuses the text it keeps the old value, and the
+/// editor stays open and shows the reason. An edited cell is bold and has a mark in its corner, see
+/// `DataControl::textBeforeEdit`.
 class DBGrid final : public Control<QTableView>, private DataObserver {
 public:
     explicit DBGrid(QWidget* parent = nullptr);

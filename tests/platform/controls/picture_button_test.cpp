@@ -83,4 +83,44 @@ TEST_F(PictureButtonTest, ThePictureIsReadWhenItIsPainted)
     EXPECT_EQ(button.icon().pixmap(8, 8).toImage().pixelColor(4, 4), QColor(Qt::red));
 }
 
+TEST_F(PictureButtonTest, ACaptionOnTwoLinesIsNarrowerAndHigherAndReadsBackAsItWasSet)
+{
+    PictureButton button("Transfer Sequence to ORB");
+    const QSize onOneLine = button.sizeHint();
+
+    button.setOnTwoLines(true);
+
+    EXPECT_EQ(button.caption(), "Transfer Sequence to ORB");
+    EXPECT_LT(button.sizeHint().width(), onOneLine.width() - 30);
+    EXPECT_EQ(button.sizeHint().height(), onOneLine.height() + button.fontMetrics().lineSpacing());
+    EXPECT_EQ(button.minimumSizeHint(), button.sizeHint());
+}
+
+TEST_F(PictureButtonTest, ACaptionIsBrokenAtTheBlankNearestToItsMiddleWhateverIsLonger)
+{
+    const auto widthOf = [](const char* caption) {
+        PictureButton button(QString::fromLatin1(caption));
+        button.setOnTwoLines(true);
+        const QFontMetrics metrics = button.fontMetrics();
+        return button.sizeHint().width() - PictureButton(QString::fromLatin1(caption)).sizeHint().width() +
+               metrics.size(0, QString::fromLatin1(caption)).width();
+    };
+    const QFontMetrics metrics = PictureButton().fontMetrics();
+    EXPECT_EQ(widthOf("Transfer Sequence to ORB"), metrics.size(0, "Sequence to ORB").width());
+    EXPECT_EQ(widthOf("Load Sequence from ORB"), metrics.size(0, "Load Sequence").width());
+    EXPECT_EQ(widthOf("Transfer"), metrics.size(0, "Transfer").width());
+}
+
+TEST_F(PictureButtonTest, TheLinesOfACaptionOnTwoLinesAreDrawnBeneathEachOther)
+{
+    PictureButton button("Load Sequence");
+    put(button).setOnTwoLines(true);
+    form.resize(300, 200);
+    form.show();
+    button.resize(button.sizeHint());
+    const QImage twoLines = button.grab().toImage();
+    button.setOnTwoLines(false);
+    EXPECT_NE(button.grab().toImage(), twoLines);
+}
+
 } // namespace

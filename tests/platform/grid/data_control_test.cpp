@@ -242,4 +242,91 @@ TEST_F(DataControlTest, ItsButtonsMoveTheCurrentRow)
     EXPECT_EQ(DataLog.caption(), "Sequence Settings");
 }
 
+TEST_F(DataControlTest, ACellKnowsItsTextBeforeItsFirstEdit)
+{
+    addSamples(3);
+    DataLog.refresh();
+    const int column = DataLog.columnOf("PVal1");
+
+    DataLog.setValueAt(1, column, "7");
+    DataLog.setValueAt(1, column, "8");
+
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column), "1.50");
+    EXPECT_EQ(DataLog.textBeforeEdit(0, column), std::nullopt);
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column + 1), std::nullopt);
+    EXPECT_EQ(DataLog.textBeforeEdit(3, column), std::nullopt);
+}
+
+TEST_F(DataControlTest, ACellThatHasItsFirstTextAgainIsNotEdited)
+{
+    addSamples(2);
+    DataLog.refresh();
+    const int column = DataLog.columnOf("PVal1");
+
+    DataLog.setValueAt(1, column, "7");
+    DataLog.setValueAt(1, column, "1.50");
+
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column), std::nullopt);
+}
+
+TEST_F(DataControlTest, ARefreshKeepsTheEditsOfTheRowsThatStay)
+{
+    addSamples(3);
+    DataLog.refresh();
+    const int column = DataLog.columnOf("PVal1");
+    DataLog.setValueAt(2, column, "7");
+    database.execute("delete * from DataMeasure where SeqNo=0");
+    addSamples(1, 3);
+
+    DataLog.refresh();
+
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column), "2.50"); // the row is one place further up now
+    EXPECT_EQ(DataLog.textBeforeEdit(2, column), std::nullopt);
+}
+
+TEST_F(DataControlTest, ARefreshOfAnEmptiedTableForgetsTheEdits)
+{
+    addSamples(2);
+    DataLog.refresh();
+    const int column = DataLog.columnOf("PVal1");
+    DataLog.setValueAt(1, column, "7");
+    database.execute("delete * from DataMeasure");
+    DataLog.refresh();
+    addSamples(2);
+    DataLog.refresh();
+
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column), std::nullopt);
+}
+
+TEST_F(DataControlTest, ARefreshOfAnotherTableForgetsTheEdits)
+{
+    addSamples(2);
+    database.execute("create table Copy as select * from DataMeasure");
+    DataLog.refresh();
+    const int column = DataLog.columnOf("PVal1");
+    DataLog.setValueAt(1, column, "7");
+
+    DataLog.setRecordSource("Copy");
+    DataLog.refresh();
+
+    EXPECT_EQ(DataLog.textBeforeEdit(1, column), std::nullopt);
+}
+
+TEST_F(DataControlTest, ARefusedValueIsNoEdit)
+{
+    database.execute("insert into ORBSeqHead values('a',3,3)");
+    DataLog.setRecordSource("ORBSeqHead");
+    DataLog.refresh();
+
+    EXPECT_EQ(failureIn([&] { DataLog.setValueAt(0, 2, "abc"); }),
+              "3075: CHECK constraint failed: Update must be a number");
+    EXPECT_EQ(DataLog.textBeforeEdit(0, 2), std::nullopt);
+}
+
+TEST_F(DataControlTest, ItsButtonsAreNoStopsOfTheTabKey)
+{
+    for (const QToolButton* button : DataLog.findChildren<QToolButton*>())
+        EXPECT_EQ(button->focusPolicy(), Qt::NoFocus) << button->accessibleName().toStdString();
+}
+
 } // namespace

@@ -99,7 +99,7 @@ protected:
         type("abc");
     }
 
-    const QString reason = "CHECK constraint failed: Update must be a number";
+    const QString reason = "Update must be a number";
 };
 
 TEST_F(RefusedEditTest, ARefusedTextLeavesTheOldValueAndTheEditorOpen)
@@ -238,6 +238,122 @@ TEST_F(DBGridEditTest, AnEditEndsWhenItsCellHasAnotherValue)
     show(0);
     EXPECT_FALSE(DBGrid1.isEditing());
     EXPECT_THAT(processExit.reports, IsEmpty());
+}
+
+class NumberColumnTest : public DBGridTest {
+protected:
+    NumberColumnTest()
+    {
+        database.execute("insert into ORBSeqHead values('Repeat Count',3,3)");
+        DataLog.setRecordSource("ORBSeqHead");
+        DBGrid1.setColumns({{"Item", ""}, {"Update", "Set", 1200, true, true}});
+        show(0);
+        click(0, 1);
+        press(Qt::Key_F2);
+    }
+
+    /// What the grid says to a text, and the value that the table then has.
+    QString answerTo(const QString& text)
+    {
+        editor()->setText(text);
+        press(Qt::Key_Return);
+        const QString answer = DBGrid1.isEditing() ? editor()->toolTip() : QStringLiteral("taken");
+        if (!DBGrid1.isEditing())
+            press(Qt::Key_F2);
+        return answer + QLatin1Char('|') + QString::fromStdString(rows("select [Update] from ORBSeqHead")).trimmed();
+    }
+};
+
+TEST_F(NumberColumnTest, ATextThatIsNoNumberIsRefusedWithASentence)
+{
+    EXPECT_EQ(answerTo("abc"), "\"abc\" is not a number. Numbers are entered like 12.5 or -0.02.|3");
+    EXPECT_EQ(answerTo("1,5"), "\"1,5\" is not a number. Numbers are entered like 12.5 or -0.02.|3");
+    EXPECT_EQ(answerTo("5 A"), "\"5 A\" is not a number. Numbers are entered like 12.5 or -0.02.|3");
+    EXPECT_EQ(answerTo(""), "\"\" is not a number. Numbers are entered like 12.5 or -0.02.|3");
+}
+
+TEST_F(NumberColumnTest, ANumberIsTaken)
+{
+    EXPECT_EQ(answerTo("12.5"), "taken|12.5");
+    EXPECT_EQ(answerTo("-0.02"), "taken|-0.02");
+    EXPECT_EQ(answerTo(" 7 "), "taken|7");
+}
+
+TEST_F(NumberColumnTest, ANumberThatTheTableRefusesIsRefusedWithTheTablesSentence)
+{
+    EXPECT_EQ(answerTo("1e300"), "Update must be a number|3");
+    EXPECT_EQ(answerTo("1e999"), "Update must be a number|3");
+}
+
+class EditedCellTest : public DBGridTest {
+protected:
+    EditedCellTest()
+    {
+        show(2);
+        click(1, 2);
+        press(Qt::Key_F2);
+        type("9.9");
+        press(Qt::Key_Return);
+    }
+
+    QVariant data(int row, int column, int role) { return DBGrid1.model()->index(row, column).data(role); }
+    QString toolTip(int row, int column) { return data(row, column, Qt::ToolTipRole).toString(); }
+    bool isBold(int row, int column) { return data(row, column, Qt::FontRole).value<QFont>().bold(); }
+    QImage picture(int row, int column)
+    {
+        click(0, 0); // the row below is not the selected one
+        return DBGrid1.viewport()->grab(cell(row, column)).toImage();
+    }
+};
+
+TEST_F(EditedCellTest, ItIsBoldAndItsToolTipHasTheTextBeforeTheEdit)
+{
+    EXPECT_TRUE(isBold(1, 2));
+    EXPECT_EQ(toolTip(1, 2), "Edited. It was 1.50.");
+    EXPECT_EQ(data(1, 2, Qt::AccessibleDescriptionRole), "Edited. It was 1.50.");
+    EXPECT_FALSE(isBold(0, 2));
+    EXPECT_FALSE(isBold(1, 1));
+    EXPECT_EQ(toolTip(0, 2), "");
+}
+
+TEST_F(EditedCellTest, ItHasAMarkInItsUpperLeftCorner)
+{
+    const QImage edited = picture(1, 2);
+    const QColor mark = DBGrid1.palette().color(QPalette::Highlight);
+    EXPECT_EQ(edited.pixelColor(1, 1), mark);
+    EXPECT_EQ(edited.pixelColor(3, 1), mark);
+    EXPECT_EQ(edited.pixelColor(1, 3), mark);
+    EXPECT_NE(edited.pixelColor(7, 7), mark);
+    EXPECT_NE(picture(1, 3).pixelColor(1, 1), mark);
+}
+
+TEST_F(EditedCellTest, ItsMarkCanBeSeenInTheSelectedRow)
+{
+    picture(1, 2);
+    click(1, 0);
+    const QImage selected = DBGrid1.viewport()->grab(cell(1, 2)).toImage();
+    EXPECT_EQ(selected.pixelColor(1, 1), DBGrid1.palette().color(QPalette::HighlightedText));
+}
+
+TEST_F(EditedCellTest, ACellThatWasEmptySaysSo)
+{
+    click(0, 3);
+    press(Qt::Key_F2);
+    type("note");
+    press(Qt::Key_Return);
+    EXPECT_EQ(toolTip(0, 3), "Edited. It was empty.");
+}
+
+TEST_F(EditedCellTest, ItLooksEditedUntilARefreshFindsTheTableEmpty)
+{
+    addSamples(1, 2);
+    show(0);
+    EXPECT_TRUE(isBold(1, 2));
+
+    database.execute("delete * from DataMeasure");
+    show(0);
+    show(3);
+    EXPECT_FALSE(isBold(1, 2));
 }
 
 } // namespace

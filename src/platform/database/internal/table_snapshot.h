@@ -23,6 +23,8 @@ public:
     bool isOpen() const { return view_ && view_->connection->isOpen(); }
     std::int64_t rowCount() const { return view_ ? view_->index.count() : 0; }
     const std::vector<QString>& columns() const;
+    /// The id of a row of the snapshot.
+    std::int64_t idOf(std::int64_t row) const { return view_->index.idOf(row); }
 
     /// The values of a row, one for each column, valid until another row is read; null where the row has been deleted.
     const FieldValue* cells(std::int64_t row);

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QToolTip>
 
 namespace orb {
@@ -35,6 +36,19 @@ CellDelegate::CellDelegate(QWidget* view) : QStyledItemDelegate(view), view_(vie
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const
 {
     return new CellEditor(parent);
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!index.data(GridModel::EditedRole).toBool())
+        return;
+    constexpr int side = 7;
+    const QPoint corner = option.rect.topLeft();
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight));
+    painter->drawPolygon(QPolygon({corner, corner + QPoint(side, 0), corner + QPoint(0, side)}));
 }
 
 /// Called again whenever the model changes: what was typed stays.

@@ -8,6 +8,24 @@
 
 namespace orb {
 
+namespace {
+
+QVariant boldFont()
+{
+    QFont font; // the view's own, but for the weight
+    font.setBold(true);
+    return font;
+}
+
+/// What SQLite says of a constraint that has a sentence for a name.
+QString sentenceOf(const RuntimeFailure& failure)
+{
+    const QString prefix = QStringLiteral("CHECK constraint failed: ");
+    return failure.description().startsWith(prefix) ? failure.description().mid(prefix.size()) : failure.description();
+}
+
+} // namespace
+
 void GridModel::setColumns(std::vector<GridColumn> columns)
 {
     beginResetModel();
@@ -67,20 +85,43 @@ QString GridModel::text(std::int64_t row, int column) const
     return field < 0 ? QString() : textOf(source_->valueAt(row, field));
 }
 
+/// No failure leaves through Qt's frames.
+QString GridModel::shownText(const QModelIndex& index) const
+{
+    try {
+        return text(index.row(), index.column());
+    } catch (const RuntimeFailure& failure) {
+        return failure.number() == failure::ObjectClosed ? QString() : failure.description();
+    }
+}
+
+std::optional<QString> GridModel::textBeforeEdit(const QModelIndex& index) const
+{
+    const int field = fields_[static_cast<std::size_t>(index.column())];
+    return source_ && field >= 0 ? source_->textBeforeEdit(index.row(), field) : std::nullopt;
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::TextAlignmentRole)
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return shownText(index);
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue<int>(Qt::AlignVCenter |
+                                        (isNumeric(shownText(index)) ? Qt::AlignRight : Qt::AlignLeft));
+    case EditedRole:
+        return textBeforeEdit(index).has_value();
+    case Qt::FontRole:
+        return textBeforeEdit(index) ? boldFont() : QVariant();
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        if (const auto before = textBeforeEdit(index))
+            return QStringLiteral("Edited. It was %1.").arg(before->isEmpty() ? QStringLiteral("empty") : *before);
         return {};
-    QString shown;
-    try {
-        shown = text(index.row(), index.column());
-    } catch (const RuntimeFailure& failure) { // no failure leaves through Qt's frames
-        if (failure.number() != failure::ObjectClosed)
-            shown = failure.description();
+    default:
+        return {};
     }
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue<int>(Qt::AlignVCenter | (isNumeric(shown) ? Qt::AlignRight : Qt::AlignLeft));
-    return shown;
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -102,11 +143,17 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 {
     if (!source_ || role != Qt::EditRole)
         return false;
+    const auto column = static_cast<std::size_t>(index.column());
+    const QString entered = value.toString();
+    if (columns_[column].isNumber && !isNumeric(entered)) {
+        refusal_ = QStringLiteral("\"%1\" is not a number. Numbers are entered like 12.5 or -0.02.").arg(entered);
+        return false;
+    }
     try {
-        source_->setValueAt(index.row(), fields_[static_cast<std::size_t>(index.column())], value.toString());
+        source_->setValueAt(index.row(), fields_[column], entered);
         return true;
     } catch (const RuntimeFailure& failure) {
-        refusal_ = failure.description();
+        refusal_ = sentenceOf(failure);
         return false;
     }
 }

@@ -8,10 +8,13 @@
 namespace orb {
 
 /// The rows of a data control, as a view shows them: it knows how many there are and reads those that are shown. Null
-/// is the empty text, numbers are aligned to the right.
+/// is the empty text, numbers are aligned to the right. An edited cell is bold, and its tool tip has the text it had.
 class GridModel final : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
+
+    /// The role under which an edited cell is true.
+    static constexpr int EditedRole = Qt::UserRole;
 
     /// The data control, null for none. In force with the next `bindColumns` and `update`.
     void setSource(DataControl* source) { source_ = source; }
@@ -37,6 +40,8 @@ public:
 
 private:
     void setRowCount(int rows);
+    QString shownText(const QModelIndex& index) const;
+    std::optional<QString> textBeforeEdit(const QModelIndex& index) const;
 
     DataControl* source_ = nullptr;
     std::vector<GridColumn> columns_;
