@@ -8,7 +8,6 @@ namespace {
 constexpr int pageButtonWidth = 1005;
 constexpr int pageButtonHeight = 975;
 constexpr int groupLeft = 120;
-constexpr QSize usualGroupSize(619, 489);
 
 } // namespace
 
@@ -18,6 +17,7 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
       fraDisplay(clock, dialogs, paths, CORB, bFullScrMode),
       fraCommand(clock, dialogs, paths, CORB, fraDisplay.optDispDev),
       frmDatalog(clock, dialogs, paths, CORB, wsMain, dbMain),
+      fraSequence(clock, dialogs, paths, CORB, wsMain, dbMain, sPendingSeqFile, frmDatalog.adLogSeries[0]),
       fraProgram(clock, dialogs, paths, CORB, dbMain, frmDatalog.FrameDataFileOperate, sPendingProgFile),
       Frame1(paths, fraCommand.lstCommand),
       panel(paths, CORB, *this, fraDisplay.Image2, fraDisplay.Picture1, fraDisplay.Image1, fraDisplay.TimerDisplay,
@@ -65,7 +65,6 @@ void FormORB::layoutPageButtons()
 
 void FormORB::layoutGroups()
 {
-    fraSequence.resize(usualGroupSize);
     for (QWidget* group : std::initializer_list<QWidget*>{&CORB_, &frmDatalog, &fraDisplay, &fraCommand, &fraSequence,
                                                           &fraProgram, &Frame1}) {
         group->setParent(this);
@@ -111,6 +110,13 @@ void FormORB::unload()
     dbMain.close();
     wsMain.close();
     run().endAtNextYield();
+}
+
+void FormORB::ClearGraphSeq()
+{
+    frmDatalog.adLogSeries[0].clear();
+    frmDatalog.adLogSeries[1].clear();
+    frmDatalog.graphLog.ClearData();
 }
 
 /// Ends the process at once: nothing is stopped, and the database is not closed.

@@ -8,6 +8,7 @@
 #include "display_page.h"
 #include "panel_input.h"
 #include "program_page.h"
+#include "sequence_page.h"
 
 namespace orb {
 
@@ -42,7 +43,7 @@ public:
     DisplayPage fraDisplay;
     CommandPage fraCommand;
     DataLogPage frmDatalog;
-    Frame fraSequence{QStringLiteral("Sequence")};
+    SequencePage fraSequence;
     ProgramPage fraProgram;
     CaptureTool Frame1; ///< nothing shows it
     PanelInput panel;
@@ -59,6 +60,9 @@ public:
     void pageAboutClick();
     void pageExitClick();
     void pageDisplayClick();
+
+    /// Erases the first two buffers of the data log and its graph. Nothing calls it.
+    void ClearGraphSeq();
 
 private:
     void layoutPageButtons();

@@ -161,6 +161,7 @@ void FormORB::pageSequenceClick()
     CORB_.PanelActive(false);
     hideGroups({&frmDatalog, &fraDisplay, &fraCommand, &fraProgram, &CORB_});
     place(fraSequence, frameTop);
+    fraSequence.ResetSequencePage();
     fit(fraSequence, usualWidth);
 }
 

@@ -158,12 +158,23 @@ TEST_F(FormORBPageSwitchingTest, TheDataLogPageTakesItsStepsInOrder)
 
 TEST_F(FormORBPageSwitchingTest, TheSequencePageTakesItsStepsInOrder)
 {
-    const QStringList expected{"call PanelActive False",  "hide frmDatalog",          "hide fraDisplay",
-                               "hide fraCommand",         "hide fraProgram",          "hide CORB",
-                               "raise fraSequence",       "move fraSequence 120 960", "resize FormORB 10500 8685",
-                               "resize FormORB 9525 8685"};
+    const QStringList expected{"call PanelActive False", "hide frmDatalog",           "hide fraDisplay",
+                               "hide fraCommand",        "hide fraProgram",           "hide CORB",
+                               "raise fraSequence",      "move fraSequence 120 960",  "read IsConnected True",
+                               "read IsConnected True",  "resize FormORB 10500 9750", "resize FormORB 9525 9750"};
     EXPECT_EQ(stepsOf(&FormORB::pageSequenceClick, form.fraSequence),
               QStringList("show fraSequence") + stopDisplay + stopLog + stopCommands + expected);
+}
+
+TEST_F(FormORBPageSwitchingTest, LeavingTheSequencePageKeepsTheSequenceAndComingBackLosesIt)
+{
+    press(form.pageSequence);
+    alterDatabase("insert into ORBSeqHead values('a',1,1)");
+
+    press(form.pageWave);
+    EXPECT_EQ(table("select count(*) from ORBSeqHead"), "1\n");
+    press(form.pageSequence);
+    EXPECT_EQ(table("select count(*) from ORBSeqHead"), "0\n");
 }
 
 TEST_F(FormORBPageSwitchingTest, TheProgramPageTakesItsStepsInOrder)

@@ -356,4 +356,41 @@ TEST_F(FormORBTest, ADatabaseWithoutItsTablesEndsTheStart)
     EXPECT_THAT(journal.linesOf({"message", "call"}), IsEmpty());
 }
 
+TEST_F(FormORBTest, TheSimulationOfASequenceUsesTheFirstBufferOfTheDataLog)
+{
+    load();
+    alterDatabase("insert into ORBSeqData values(1,1,4,0,0)");
+    run.enter([this] {
+        form.fraSequence.datORB.setDatabaseName(databasePath());
+        form.fraSequence.datORB.refresh();
+        form.fraSequence.seqPlotClick();
+    });
+    EXPECT_THAT(form.frmDatalog.adLogSeries[0], testing::ElementsAre(4, 0));
+}
+
+TEST_F(FormORBTest, ALoadFromTheInstrumentTakesThePathThatTheFormHolds)
+{
+    load();
+    form.sPendingSeqFile = application.filePath("gone.a");
+    run.enter([this] { form.fraSequence.seqOpenClick(); });
+    EXPECT_EQ(form.sPendingSeqFile, "");
+    EXPECT_THAT(processExit.reports, testing::ElementsAre("Run-time error '53':\n\nFile not found"));
+}
+
+TEST_F(FormORBTest, ClearGraphSeqErasesTwoBuffersOfTheDataLogAndItsGraphAndNotTheSimulation)
+{
+    load();
+    for (auto& series : form.frmDatalog.adLogSeries)
+        series = {1};
+    form.frmDatalog.graphLog.plot(3).ChartY(1, 1);
+    form.fraSequence.graphSeq.plot(1).ChartY(1, 1);
+
+    form.ClearGraphSeq();
+
+    EXPECT_TRUE(form.frmDatalog.adLogSeries[0].empty() && form.frmDatalog.adLogSeries[1].empty());
+    EXPECT_EQ(form.frmDatalog.adLogSeries[2].size(), 1U);
+    EXPECT_EQ(form.frmDatalog.graphLog.plot(3).pointCount(), 0U);
+    EXPECT_EQ(form.fraSequence.graphSeq.plot(1).pointCount(), 1U);
+}
+
 } // namespace
