@@ -2,6 +2,7 @@
 #include "user_interface.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -133,7 +134,9 @@ void acceptFile()
 {
     auto* name = up<QFileDialog>()->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     const QString path = name->text();
-    name->clear(); // only a change of the text clears the selected file
+    for (auto* view : up<QFileDialog>()->findChildren<QAbstractItemView*>())
+        view->clearSelection(); // a selected file counts, whatever the text is
+    name->clear(); // only a change of the text clears the file that was set beforehand
     name->setText(path);
     const auto* buttons = up<QFileDialog>()->findChild<QDialogButtonBox*>();
     for (auto* button : buttons->buttons())
