@@ -136,7 +136,7 @@ void acceptFile()
     const QString path = name->text();
     for (auto* view : up<QFileDialog>()->findChildren<QAbstractItemView*>())
         view->clearSelection(); // a selected file counts, whatever the text is
-    name->clear(); // only a change of the text clears the file that was set beforehand
+    name->clear();              // only a change of the text clears the file that was set beforehand
     name->setText(path);
     const auto* buttons = up<QFileDialog>()->findChild<QDialogButtonBox*>();
     for (auto* button : buttons->buttons())

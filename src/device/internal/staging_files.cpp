@@ -7,10 +7,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QSaveFile>
+#include <QTemporaryFile>
 #include <QtEndian>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace orb {
 
@@ -34,6 +35,20 @@ bool isStagingFile(const QString& path)
 constexpr qint64 fileHeader = 14;
 constexpr qint64 pictureHeader = 40;
 constexpr qint64 longestSide = 4096;
+
+/// Not a QSaveFile, which waits for the disk: a staging file need not outlive a failure of the power.
+bool replaceFile(const QString& path, const QByteArray& data)
+{
+    QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
+    if (!file.open() || file.write(data) != data.size() || !file.flush())
+        return false;
+    file.close();
+    std::error_code failed;
+    std::filesystem::rename(QFileInfo(file.fileName()).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
+                            failed);
+    file.setAutoRemove(bool(failed));
+    return !failed;
+}
 
 struct BitmapHead {
     qint64 fileSize;
@@ -95,9 +110,8 @@ bool writeStagingFile(const QString& literal, const QByteArray& data) noexcept
             return false;
         const QString path = realPath(literal);
         if (!isStagingFile(path))
-            QFile::remove(path); // QSaveFile would write to the target of a link
-        QSaveFile file(path);
-        return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
+            QFile::remove(path); // a folder in its place stays
+        return replaceFile(path, data);
     } catch (...) {
         return false;
     }
