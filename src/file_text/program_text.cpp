@@ -51,7 +51,7 @@ std::vector<std::string> channelWords()
     std::vector<std::string> words{"none"};
     for (unsigned mask = 1; mask < 256; ++mask) {
         std::string word;
-        for (unsigned channel = 0; channel < 8; ++channel) {
+        for (unsigned channel = 0; mask >> channel != 0; ++channel) {
             if ((mask >> channel & 1U) != 0)
                 word += (word.empty() ? "CH" : "+CH") + std::to_string(channel + 1);
         }
