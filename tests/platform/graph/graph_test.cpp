@@ -52,6 +52,13 @@ TEST_F(GraphTest, PartsAreNumberedFromOneAndNoOtherNumberIsTaken)
     }
 }
 
+TEST_F(GraphTest, APlanThatNamesNothingButItsPartsGivesASolidCurveAndNoCursor)
+{
+    const Graph plain({.axes = {{.name = "X"}, {.name = "Y"}}, .plots = {{.name = "P", .color = Qt::blue}}});
+    EXPECT_EQ(plain.cursorCount(), 0);
+    EXPECT_FALSE(GraphPlotPlan().dashed);
+}
+
 TEST_F(GraphTest, EveryCursorHasItsName)
 {
     GraphPlan plan = twoChannels();
