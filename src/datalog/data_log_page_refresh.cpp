@@ -64,10 +64,10 @@ HighestValues DataLogPage::readSeries()
         return {};
     std::vector<TextMaximum> maxima(columns.size());
     const auto rows = dbMain_.openRecordset(selectOf(columns));
-    for (std::int32_t r = 0; r < lLogRecNo && !rows->isEof(); ++r, rows->moveNext()) {
+    for (std::size_t r = 0; !rows->isEof(); ++r, rows->moveNext()) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
             const FieldValue value = rows->value(static_cast<int>(i));
-            adLogSeries[columns[i].series][r] = numberOf(value, 0); // Null is drawn as zero
+            adLogSeries[columns[i].series].at(r) = numberOf(value, 0); // Null is drawn as zero
             maxima[i].append(value);
         }
     }
