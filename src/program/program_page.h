@@ -17,6 +17,7 @@
 #include "prog_file_record.h"
 #include "text_box.h"
 
+#include <array>
 #include <map>
 
 namespace orb {

@@ -2,6 +2,8 @@
 #include "program_page.h"
 #include "values.h"
 
+#include <algorithm>
+
 namespace orb {
 
 namespace {
@@ -25,6 +27,13 @@ QStringList programNames()
 int numberOf(const QString& name)
 {
     return toInteger(numericValue(name.right(2)));
+}
+
+/// The item that takes its place is selected, or the last one; in an emptied list none.
+void removeItem(ListBox& list, int index)
+{
+    list.removeItem(index);
+    list.setListIndex(std::min(index, list.listCount() - 1));
 }
 
 } // namespace
@@ -79,11 +88,7 @@ void ProgramPage::cmdProgAddClick()
     if (index < 0)
         return;
     lstProgramOrder[right].addItem(outside.selectedText());
-    outside.removeItem(index);
-    if (index < outside.listCount())
-        outside.setListIndex(index);
-    else if (lstProgramOrder[right].listCount() >= 1 && index == outside.listCount())
-        outside.setListIndex(index - 1);
+    removeItem(outside, index);
 }
 
 void ProgramPage::cmdProgRemoveClick()
@@ -99,11 +104,7 @@ void ProgramPage::cmdProgRemoveClick()
     while (place < outside.listCount() && valueOf(outside.list(place)) <= valueOf(moved))
         ++place;
     outside.insertItem(moved, place);
-    chain.removeItem(index);
-    if (index < chain.listCount())
-        chain.setListIndex(index);
-    else if (outside.listCount() >= 1 && index == chain.listCount())
-        chain.setListIndex(index - 1);
+    removeItem(chain, index);
     if (chain.listCount() == 0)
         chkProgLoop.setValue(CheckBox::Unchecked);
 }

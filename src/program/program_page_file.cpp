@@ -3,6 +3,8 @@
 #include "program_page.h"
 #include "record_file.h"
 
+#include <utility>
+
 namespace orb {
 
 namespace {

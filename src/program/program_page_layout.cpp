@@ -3,7 +3,10 @@
 #include "run_modes.h"
 #include "tool_bar.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
+
+#include <utility>
 
 namespace orb {
 

@@ -3,7 +3,10 @@
 
 #include "form_test.h"
 
+#include <QCoreApplication>
+#include <QImage>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 using namespace orb;
 using testing::ElementsAre;

@@ -7,6 +7,7 @@
 #include "record_file.h"
 #include "workspace.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QMouseEvent>
 

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program_page_test.h"
 
+#include <QDir>
+
+#include <algorithm>
+#include <map>
 #include <random>
+#include <span>
 
 using namespace orb;
 using testing::Contains;

@@ -4,6 +4,8 @@
 #include "control_fixture.h"
 #include "text_box.h"
 
+#include <QImage>
+
 using namespace orb;
 
 namespace {
