@@ -9,6 +9,7 @@ void showServiceControls(FormORB& form)
 {
     form.pageDisplay.setVisible(true);
     form.fraDisplay.dispPause.setVisible(true);
+    form.fraSequence.seqPlot.setVisible(true);
 }
 
 } // namespace orb

@@ -5,7 +5,8 @@ namespace orb {
 
 class FormORB;
 
-/// Shows what the form keeps out of the operator's sight: the button of the Display page and its Pause.
+/// Shows what the form keeps out of the operator's sight: the button of the Display page and its Pause, and
+/// Sequence Simulate.
 void showServiceControls(FormORB& form);
 
 } // namespace orb

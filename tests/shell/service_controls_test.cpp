@@ -37,4 +37,13 @@ TEST_F(ServiceControlsTest, WithThemTheDisplayPageAndItsPauseCanBePressed)
     EXPECT_FALSE(form.fraDisplay.TimerDisplay.enabled());
 }
 
+TEST_F(ServiceControlsTest, SequenceSimulateIsShownOnlyWithThem)
+{
+    press(form.pageSequence);
+    EXPECT_FALSE(form.fraSequence.seqPlot.visible());
+    run.enter([this] { showServiceControls(form); });
+    press(form.pageSequence);
+    EXPECT_TRUE(form.fraSequence.seqPlot.visible());
+}
+
 } // namespace
