@@ -376,6 +376,15 @@ TEST_F(DisplayPageViewsTest, ASaveThatFailsEndsTheProgram)
     EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '76':\n\nPath not found"));
 }
 
+#ifdef Q_OS_LINUX
+TEST_F(DisplayPageViewsTest, ASaveOnAFullDiskEndsTheProgram)
+{
+    dialogs.files = {"/dev/full"};
+    press(page.dispSave);
+    EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '61':\n\nDisk full"));
+}
+#endif
+
 TEST_F(DisplayPageViewsTest, ASaveWithoutAPictureOnTheMainFormEndsTheProgram)
 {
     page.Image1.setPixmap({});

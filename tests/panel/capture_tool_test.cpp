@@ -55,6 +55,14 @@ TEST_F(CaptureToolTest, ARowIsTheTrimmedNameAndTheFourLabelsAsTheyShow)
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
+TEST_F(CaptureToolTest, ANameOfBlanksIsWrittenAsAnEmptyOne)
+{
+    tool.Text7.setText("   ");
+    press(tool.Command1);
+    press(tool.Command3);
+    EXPECT_EQ(written(), ",Label14,Label15,Label14,Label15\r\n");
+}
+
 TEST_F(CaptureToolTest, OpeningTheFileEmptiesTheCatalogueOfCommandsFirst)
 {
     QDir(application.path()).mkdir("orbbutton.dat"); // so that the opening fails
