@@ -51,6 +51,7 @@ int runTour(const QDir& out)
     run.enter([&] {
         CORB.emplace(clock);
         form.emplace(clock, dialogs, paths, *CORB, systemTools);
+        form->setRowEnd(CORB->allOffBar);
         form->FormLoad();
         form->show();
     });

@@ -24,6 +24,7 @@ int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjus
     run.enter([&] { // so that a failure of the construction is reported too
         CORB.emplace(clock);
         form.emplace(clock, dialogs, paths, *CORB, systemTools);
+        form->setRowEnd(CORB->allOffBar);
         form->FormLoad();
         if (adjust)
             adjust(*form);

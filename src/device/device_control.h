@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "channel_poll.h"
+#include "all_off_bar.h"
 #include "connect_page.h"
 #include "control_page.h"
+#include "input_states.h"
 #include "orb_ctrl.h"
 #include "timer.h"
 
@@ -28,8 +29,9 @@ private:
 public:
     /// How the link stands, on both pages.
     StatusLabel lblLink;
-    /// Switches all inputs off at once, on both pages and whatever else is going on.
-    PictureButton cmdAllOff{QStringLiteral("ALL OFF")};
+    /// Belongs within reach on every page of the program, where who owns the window puts it. Its button switches all
+    /// inputs off at once, whatever else is going on.
+    AllOffBar allOffBar;
     ControlPage controlPage;
     ConnectPage connectPage;
 
@@ -53,16 +55,27 @@ public:
     void cmdDisconnectClick();
 
 private:
+    static constexpr int replyWaitMs = 50;
+
     void createLayout();
+    void wire();
     void sendLine(const QByteArray& line);
     void connectTo(const QString& resourceName, const QStringList& choices);
     std::unique_ptr<Transport> makeTransport() const;
     void connectTick();
     void linkWentUp();
+    void restartChannels();
     void pageTick();
+    void pollChannels(Session& session);
+    void watchTick();
     bool isOnScreen() const;
-    void switchLoad(int channel, bool on);
+    bool isControlPageShown() const;
+    void pageLeft();
+    void change(int channel, const ChannelChange& change);
     void display();
+    void displayChannels();
+    void displayBar();
+    void lineSent(const QByteArray& line);
     void showPage(QWidget& page);
     void becomeActive();
     void becomeInactive();
@@ -72,10 +85,16 @@ private:
     QString resourceName_; // of the link that was tried last
     QStringList choices_;  // of its kind's options
     ChannelPoll poll_;
+    ChannelChanges changes_;
+    InputStates inputs_;
     Timer timerConnect_;
     Timer timerPage_;
+    Timer timerWatch_; // of the link, while no page of the control is shown
     bool active_ = false;
     bool unanswerable_ = false; // the application's last query was not sent
+    bool isPolling_ = false;    // the Control page was on the screen at the last tick
+    int inputsNumber_ = 0;      // only readings of a query beyond this number say more of the inputs than `inputs_`
+    bool allOffFailed_ = false; // on this link
     int displayed_ = -1;        // `InstrumentLink::changes` as it is shown
 };
 

@@ -8,6 +8,7 @@ namespace {
 constexpr int pageButtonWidth = 1005;
 constexpr int pageButtonHeight = 975;
 constexpr int groupLeft = 120;
+constexpr int rowEndMargin = 4;
 
 } // namespace
 
@@ -34,9 +35,11 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
     wire();
 }
 
-/// The form does not own the instrument control.
+/// The form does not own the instrument control, nor what stands at the end of the row.
 FormORB::~FormORB()
 {
+    if (rowEnd_)
+        rowEnd_->setParent(nullptr);
     CORB_.setParent(nullptr);
 }
 
@@ -61,6 +64,23 @@ void FormORB::layoutPageButtons()
         left += pageButtonWidth;
     }
     pageDisplay.setVisible(false); // nothing shows it
+}
+
+void FormORB::setRowEnd(QWidget& widget)
+{
+    rowEnd_ = &widget;
+    widget.setParent(this);
+    widget.show();
+    layoutRowEnd();
+}
+
+/// After the last button that is shown.
+void FormORB::layoutRowEnd()
+{
+    if (!rowEnd_)
+        return;
+    const int left = pageExit.geometry().right() + rowEndMargin;
+    rowEnd_->setGeometry(left, rowEndMargin, width() - left - 2 * rowEndMargin, pageExit.height() - 2 * rowEndMargin);
 }
 
 void FormORB::layoutGroups()
@@ -88,7 +108,10 @@ void FormORB::wire()
     frmDatalog.ApplyProgramHistory = [this] { fraProgram.ApplyProgramHistory(); };
     fraDisplay.onMouseMove = [this] { setCursor(Qt::ArrowCursor); };
     onActivate = [this] { bFullScrMode = false; };
-    onResize = [this] { growShownGroup(); };
+    onResize = [this] {
+        layoutRowEnd();
+        growShownGroup();
+    };
     onUnload = [this] { unload(); };
 }
 

@@ -10,6 +10,8 @@
 #include "program_page.h"
 #include "sequence_page.h"
 
+#include <QPointer>
+
 namespace orb {
 
 /// The main form: a row of page buttons, and the pages as groups of controls of which one is shown. A page switch stops
@@ -23,6 +25,10 @@ public:
     /// The start: opens `orb.mdb`, sets the pages up and brings up the Control page. Belongs inside `Run::enter`.
     /// Throws what the platform throws.
     void FormLoad();
+
+    /// Puts a widget at the right end of the row of page buttons, where it is shown on every page. The form does not
+    /// own it.
+    void setRowEnd(QWidget& widget);
 
     Workspace wsMain;
     Database dbMain;           ///< open from `FormLoad` on
@@ -66,6 +72,7 @@ public:
 
 private:
     void layoutPageButtons();
+    void layoutRowEnd();
     void layoutGroups();
     void wire();
     void place(QWidget& group, int top);
@@ -82,6 +89,7 @@ private:
     const Paths& paths_;
     ORBCtrl& CORB_;
     std::map<const QWidget*, QSize> designSizes_;
+    QPointer<QWidget> rowEnd_;
     QWidget* shown_ = nullptr; ///< the group that a larger window gives room to; none while a page is switched
     QSize fitted_;             ///< the window size that the shown group in its design size needs
 };

@@ -40,9 +40,11 @@ protected:
     {
         control.emplace(clock, kinds, settings.filePath(QStringLiteral("link.ini")));
         put(*control);
+        put(control->allOffBar).setGeometry(0, control->height(), 200, 60);
         form.resize(control->size());
         form.setVisible(true);
         control->setVisible(true);
+        control->allOffBar.setVisible(true);
     }
 
     /// Presses Connect for a kind of link.

@@ -19,23 +19,15 @@ TEST_F(DeviceControlTest, TheControlHasItsDesignSize)
     EXPECT_EQ(control->heightTwips() / 15, 445);
 }
 
-TEST_F(DeviceControlTest, TheBarOfBothPagesHasItsTexts)
+TEST_F(DeviceControlTest, TheLineAboveBothPagesSaysHowTheLinkStands)
 {
-    const auto bar = [this] {
-        return QStringList{control->lblLink.caption(), control->cmdAllOff.caption(), control->cmdAllOff.toolTip()}
-            .join(QStringLiteral(" | "))
-            .toStdString();
-    };
-    EXPECT_EQ(bar(), "Not connected | ALL OFF | Switches the inputs of all channels off");
+    EXPECT_EQ(control->lblLink.caption(), "Not connected");
     connectInstrument();
-    EXPECT_EQ(bar(), "ZN ORB3000, 3 channels | ALL OFF | Switches the inputs of all channels off");
-    std::string whileReconnecting;
-    line.onLine = [&](const QByteArray&) { whileReconnecting = bar(); };
+    EXPECT_EQ(control->lblLink.caption(), "ZN ORB3000, 3 channels");
+    QString whileReconnecting;
+    line.onLine = [&](const QByteArray&) { whileReconnecting = control->lblLink.caption(); };
     control->Reconnect();
-    EXPECT_EQ(whileReconnecting, "Reconnecting... | ALL OFF | Switches the inputs of all channels off");
-    press(control->cmdAllOff);
-    EXPECT_EQ(control->lblLink.status(),
-              (StatusLine{QStringLiteral("Not connected: nothing could be switched off from here."), Tone::Bad}));
+    EXPECT_EQ(whileReconnecting, "Reconnecting...");
 }
 
 TEST_F(DeviceControlTest, WithoutALinkEveryMemberReturnsQuietly)
@@ -409,26 +401,6 @@ TEST_F(DeviceControlTest, OnlyALoadThatIsKnownToBeOffCanBeSwitchedOn)
     press(card.cmdLoad);
     EXPECT_THAT(line.sent, Contains(":LOAD1 OFF"));
     EXPECT_THAT(line.sent, Not(Contains(":LOAD1 ON")));
-}
-
-TEST_F(DeviceControlTest, AllOffIsSentFromBothPagesWhateverIsUnderWay)
-{
-    connectInstrument();
-    line.onLine = nullptr; // nothing is answered any more
-    control->ShowControlPage();
-    clock.advance(200);
-    press(control->cmdAllOff);
-    EXPECT_EQ(line.sent.back(), ":LOAD:ALL OFF");
-    control->ShowConnectPage();
-    press(control->cmdAllOff);
-    EXPECT_EQ(line.sent.back(), ":LOAD:ALL OFF");
-}
-
-TEST_F(DeviceControlTest, AllOffWithoutALinkSaysSo)
-{
-    control->ShowControlPage();
-    press(control->cmdAllOff);
-    EXPECT_EQ(control->lblLink.caption(), "Not connected: nothing could be switched off from here.");
 }
 
 } // namespace orb

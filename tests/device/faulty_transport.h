@@ -10,6 +10,7 @@ namespace orb {
 /// Faults of the transport itself.
 struct TransportFaults {
     bool throws = false;                ///< every call throws
+    bool refusesWrites = false;         ///< no line is taken
     bool floods = false;                ///< every read gives as many blank lines as a read may give
     qint64 bytesRead = 0;               ///< of the flood
     LinkError lostBy = LinkError::None; ///< the link is closed with this error
@@ -27,7 +28,7 @@ public:
     State state() override { return faults_.lostBy != LinkError::None ? State::Closed : transport().state(); }
     LinkError error() const override { return faults_.lostBy != LinkError::None ? faults_.lostBy : transport_.error(); }
     QString errorText() const override { return faults_.errorText; }
-    bool write(const QByteArray& bytes) override { return transport().write(bytes); }
+    bool write(const QByteArray& bytes) override { return !faults_.refusesWrites && transport().write(bytes); }
     bool flush(int limitMs) override { return transport().flush(limitMs); }
     QByteArray read() override
     {

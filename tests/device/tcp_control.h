@@ -40,9 +40,11 @@ protected:
                   {generousMs, limitMs, limitMs})
     {
         control.setParent(&form);
+        control.allOffBar.setParent(&form);
         form.resize(control.size());
         form.setVisible(true);
         control.setVisible(true);
+        control.allOffBar.setVisible(true);
     }
 
     ConnectPage& page() { return control.connectPage; }

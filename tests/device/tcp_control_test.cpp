@@ -49,7 +49,7 @@ TEST_F(TcpControlTest, AServedInstrumentIsWorkedOverASocket)
     press(control.controlPage.cards.at(2)->cmdLoad);
     EXPECT_TRUE(waitUntil([&] { return control.controlPage.cards.at(2)->lblState.caption() == "ON"; }));
     EXPECT_EQ(instrument.execute(":LOAD:ALL?"), "0,0,1,0,0,0,0,0");
-    press(control.cmdAllOff);
+    press(control.allOffBar.cmdAllOff);
     EXPECT_TRUE(waitUntil([&] { return instrument.execute(":LOAD:ALL?") == "0,0,0,0,0,0,0,0"; }));
 
     control.PanelActive(false);

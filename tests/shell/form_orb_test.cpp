@@ -42,6 +42,39 @@ TEST_F(FormORBTest, TheFormAndItsPageButtonsHaveTheirTextsPicturesAndPlaces)
     EXPECT_EQ(shownGroups(), "");
 }
 
+TEST_F(FormORBTest, AWidgetAtTheEndOfTheRowIsShownOnEveryPageUpToTheRightEdge)
+{
+    QWidget bar;
+    form.setRowEnd(bar);
+    load();
+    form.show();
+    const std::vector<void (FormORB::*)()> pages{&FormORB::pageControlClick,  &FormORB::pageConnectClick,
+                                                 &FormORB::pageCommandClick,  &FormORB::pageWaveClick,
+                                                 &FormORB::pageSequenceClick, &FormORB::PageProgramClick};
+    for (const auto page : pages) {
+        click(page);
+        EXPECT_TRUE(bar.isVisible());
+        EXPECT_EQ(bar.geometry(), QRect(QPoint(547, 4), QPoint(form.width() - 9, 60)));
+        EXPECT_GE(bar.width(), 75);
+    }
+    form.resize(1024, 600);
+    EXPECT_EQ(bar.geometry().right(), 1015);
+}
+
+TEST_F(FormORBTest, TheFormOutlivesAWidgetAtTheEndOfItsRow)
+{
+    {
+        QWidget bar;
+        form.setRowEnd(bar);
+    }
+    load();
+    form.show();
+    form.resize(1024, 600);
+    QWidget other;
+    form.setRowEnd(other);
+    EXPECT_EQ(other.parentWidget(), &form);
+}
+
 TEST_F(FormORBTest, TheThreeTimersExistFromTheStart)
 {
     EXPECT_TRUE(form.supervisor.TimerChkConnected.enabled());

@@ -1,182 +1,194 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "channel_card.h"
 
-#include "status_label.h"
+#include "values.h"
 
-#include <QFontMetrics>
-#include <QGridLayout>
-
-#include <algorithm>
-#include <cmath>
+#include <QKeyEvent>
 
 namespace orb {
 
 namespace {
 
-constexpr int sideMargin = 7;
-const QString unknown = QStringLiteral("\u2014");
+using Kind = ChannelChange::Kind;
+using Stage = ChangeStatus::Stage;
 
-/// Seven characters at most for every value that a load module measures.
+const QString unknown = QStringLiteral("\u2014");
+const QStringList modeNames{QStringLiteral("CC"), QStringLiteral("CR"), QStringLiteral("CV")};
+
+const char* const loadOnStyle = "QToolButton { background: transparent; color: %1; border: 2px solid %1;"
+                                " border-radius: 4px; font-weight: bold; }"
+                                "QToolButton:hover, QToolButton:pressed { background: %1; color: %2; }"
+                                "QToolButton:focus { border: 3px solid palette(highlight); }";
+const char* const loadOffStyle = "QToolButton { background: #a81f1f; color: white; border: 2px solid #7d0f0f;"
+                                 " border-radius: 4px; font-weight: bold; }"
+                                 "QToolButton:hover { background: #c63030; }"
+                                 "QToolButton:pressed { background: #7d0f0f; }"
+                                 "QToolButton:focus { border: 3px solid palette(highlight); }";
+
 QString readingText(const std::optional<double>& reading)
 {
-    if (!reading)
-        return unknown;
-    const double size = std::abs(*reading);
-    const int decimals = size < 100 ? 4 : size < 1000 ? 3 : size < 10'000 ? 2 : 0;
-    return QString::number(*reading, 'f', decimals);
+    return reading ? numberText(*reading, *reading) : unknown;
 }
 
-QString orUnknown(const QString& text)
+bool isDark(const QPalette& palette)
 {
-    return text.isEmpty() ? unknown : text;
+    return palette.color(QPalette::Base).lightness() < 128;
 }
 
-/// "CC High" for "CCH"; CV has no ranges.
-QString modeText(const QString& mode)
+/// A color for text, for a light and for a dark card.
+QColor textColor(Tone tone, const QPalette& palette)
 {
-    return mode.left(2) + (mode.endsWith(QLatin1Char('H'))   ? QStringLiteral(" High")
-                           : mode.endsWith(QLatin1Char('L')) ? QStringLiteral(" Low")
-                                                             : QString());
+    if (tone == Tone::Neutral)
+        return palette.color(QPalette::Text);
+    if (!isDark(palette))
+        return toneColor(tone);
+    return tone == Tone::Good   ? QColor(0x5f, 0xd3, 0x86)
+           : tone == Tone::Busy ? QColor(0xff, 0xc2, 0x4d)
+                                : QColor(0xff, 0x8a, 0x80);
 }
 
-void setPixelSize(QWidget& widget, int size, bool bold = false)
-{
-    QFont font = widget.font();
-    font.setPixelSize(size);
-    font.setBold(bold);
-    widget.setFont(font);
-}
-
-/// The readings of an input that is on, for a light and for a dark card.
-QColor loadedColor(const QPalette& palette)
-{
-    return palette.color(QPalette::Base).lightness() < 128 ? QColor(0x5f, 0xd3, 0x86) : toneColor(Tone::Good);
-}
-
-void setTextColor(QWidget& widget, const QColor& color)
+void setColorOf(QWidget& widget, QPalette::ColorRole role, const QColor& color)
 {
     QPalette colors = widget.palette();
-    colors.setColor(QPalette::WindowText, color);
+    colors.setColor(role, color);
     widget.setPalette(colors);
+}
+
+/// What protection did, in words. A range that limits the current leaves the input on.
+QString trippedText(const ChannelReadout& readout)
+{
+    const QString what = readout.tripped == QLatin1String("OV")   ? QStringLiteral("Over voltage")
+                         : readout.tripped == QLatin1String("OP") ? QStringLiteral("Over power")
+                                                                  : QStringLiteral("Over current");
+    return what + (readout.loadOn.value_or(false) ? QStringLiteral(" limit") : QStringLiteral(" trip"));
+}
+
+QString limitsText(const ChannelReadout& readout)
+{
+    return readout.limits ? text(readout.limits->lowest) + QStringLiteral("\u2026") + text(readout.limits->highest)
+                          : QString();
 }
 
 } // namespace
 
+void LoadButton::keyPressEvent(QKeyEvent* event)
+{
+    if (!event->isAutoRepeat())
+        PictureButton::keyPressEvent(event);
+}
+
 ChannelCard::ChannelCard(int channel, QWidget* parent)
     : Control<QFrame>(parent),
       lblNumber(QString::number(channel)),
+      cmbMode(modeNames),
+      cmbRange({QStringLiteral("Low"), QStringLiteral("High")}),
       units_{Label(QStringLiteral("V")), Label(QStringLiteral("A")), Label(QStringLiteral("W"))}
 {
-    setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
-    cmdLoad.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    cmdLoad.setFocusPolicy(Qt::TabFocus); // after a click the focus is elsewhere, so that no key switches a load
-    cmdLoad.onClick = [this] {
-        if (onLoad)
-            onLoad(offersOn_);
-    };
     createLayout();
-    display({});
+    nameControls();
+    wire();
+    display({}, {});
 }
 
-void ChannelCard::createLayout()
+void ChannelCard::wire()
 {
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(sideMargin, 5, sideMargin, 6);
-    grid->setHorizontalSpacing(4);
-    grid->setVerticalSpacing(1);
-    grid->setColumnStretch(0, 1);
-
-    auto* title = new QHBoxLayout;
-    title->setSpacing(5);
-    lblModule.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    // Without roles of its own the label takes those of the card.
-    lblState.setBackgroundRole(QPalette::Window);
-    lblState.setForegroundRole(QPalette::WindowText);
-    lblState.setAlignment(Qt::AlignCenter);
-    lblState.setAutoFillBackground(true);
-    lblState.setContentsMargins(6, 1, 6, 1);
-    title->addWidget(&lblNumber);
-    title->addWidget(&lblModule, 1);
-    title->addWidget(&lblState);
-    grid->addLayout(title, 0, 0, 1, 2);
-
-    Label* const readings[] = {&lblVolts, &lblAmperes, &lblWatts};
-    for (int i = 0; i < 3; ++i) {
-        readings[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        readings[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-        readings[i]->setForegroundRole(QPalette::WindowText);
-        grid->addWidget(readings[i], i + 1, 0);
-        grid->addWidget(&units_[static_cast<std::size_t>(i)], i + 1, 1);
-        grid->setRowStretch(i + 1, 1);
-    }
-    lblMode.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblSetValue.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    grid->addWidget(&lblMode, 4, 0, 1, 2);
-    grid->addWidget(&lblSetValue, 5, 0, 1, 2);
-    grid->addWidget(&cmdLoad, 6, 0, 1, 2);
+    cmbMode.onClick = [this] { choose({.kind = Kind::Mode, .mode = cmbMode.text()}); };
+    cmbRange.onClick = [this] { choose({.kind = Kind::Range, .isOn = cmbRange.listIndex() == 1}); };
+    txtSetValue.onConfirm = [this](double value) { choose({.kind = Kind::SetValue, .value = value}); };
+    txtSetValue.onEdit = [this] { displayNote(); };
+    cmdLoad.onClick = [this] { choose({.kind = Kind::Load, .isOn = offersOn_}); };
 }
 
-void ChannelCard::display(const ChannelReadout& readout)
+void ChannelCard::choose(ChannelChange change)
 {
+    const bool isSame = (change.kind == Kind::Mode && readout_.mode.startsWith(change.mode)) ||
+                        (change.kind == Kind::Range && isHighRange(readout_) == change.isOn);
+    if (!isSame && onChange)
+        onChange(change);
+}
+
+void ChannelCard::display(const ChannelReadout& readout, const ChangeStatus& status)
+{
+    readout_ = readout;
+    status_ = status;
     lblModule.setCaption(readout.module);
     lblVolts.setCaption(readingText(readout.volts));
     lblAmperes.setCaption(readingText(readout.amperes));
     lblWatts.setCaption(readingText(readout.watts));
-    lblMode.setCaption(QStringLiteral("Mode ") + orUnknown(modeText(readout.mode)));
-    lblSetValue.setCaption(QStringLiteral("Set ") + orUnknown(readout.setValue));
-    displayState(readout);
+    displayState();
+    displaySettings();
+    displayNote();
 }
 
-void ChannelCard::displayState(const ChannelReadout& readout)
+void ChannelCard::displayState()
 {
-    const bool on = readout.loadOn.value_or(false);
-    offersOn_ = readout.loadOn.has_value() && !on;
+    const bool isOn = readout_.loadOn.value_or(false);
+    const bool isTripped = !readout_.tripped.isEmpty();
+    offersOn_ = readout_.loadOn == false && status_.stage != Stage::Pending;
     cmdLoad.setCaption(offersOn_ ? QStringLiteral("LOAD ON") : QStringLiteral("LOAD OFF"));
     cmdLoad.setAccessibleName(QStringLiteral("%1, channel %2").arg(cmdLoad.caption(), lblNumber.caption()));
-    lblState.setCaption(!readout.tripped.isEmpty() ? readout.tripped
-                        : !readout.loadOn          ? unknown
-                        : on                       ? QStringLiteral("ON")
-                                                   : QStringLiteral("OFF"));
-    QPalette colors = lblState.palette();
-    colors.setColor(QPalette::Window, toneColor(!readout.tripped.isEmpty() ? Tone::Bad
-                                                : on                       ? Tone::Good
-                                                                           : Tone::Neutral));
-    colors.setColor(QPalette::WindowText, Qt::white);
-    lblState.setPalette(colors);
-    for (Label* reading : {&lblVolts, &lblAmperes, &lblWatts})
-        setTextColor(*reading, on ? loadedColor(palette()) : palette().color(QPalette::WindowText));
+    const QString style =
+        offersOn_ ? QString::fromLatin1(loadOnStyle)
+                        .arg(textColor(Tone::Good, palette()).name(), palette().color(QPalette::Base).name())
+                  : QString::fromLatin1(loadOffStyle);
+    if (cmdLoad.styleSheet() != style)
+        cmdLoad.setStyleSheet(style);
+
+    const Tone tone = isTripped ? Tone::Bad : isOn ? Tone::Good : Tone::Neutral;
+    lblState.setCaption(isTripped          ? readout_.tripped
+                        : !readout_.loadOn ? unknown
+                        : isOn             ? QStringLiteral("ON")
+                                           : QStringLiteral("OFF"));
+    setColorOf(lblState, QPalette::Window, toneColor(tone));
+    setColorOf(lblState, QPalette::WindowText, Qt::white);
+    setColorOf(*this, QPalette::BrightText,
+               tone == Tone::Neutral ? palette().color(QPalette::Mid) : textColor(tone, palette()));
+    for (Label* reading : readings())
+        setColorOf(*reading, QPalette::WindowText, textColor(isOn ? Tone::Good : Tone::Neutral, palette()));
 }
 
-/// The readings grow with the card; the other texts keep a readable size.
-void ChannelCard::resizeEvent(QResizeEvent* event)
+/// While a change is under way the boxes show it and not what it replaces.
+void ChannelCard::displaySettings()
 {
-    Control<QFrame>::resizeEvent(event);
-    const int small = std::clamp(std::min(width() / 10, height() / 16), 11, 17);
-    for (QWidget* widget : std::initializer_list<QWidget*>{&lblModule, &lblMode, &lblSetValue, &cmdLoad})
-        setPixelSize(*widget, small);
-    for (Label& unit : units_)
-        setPixelSize(unit, small);
-    setPixelSize(lblNumber, small + 2, true);
-    setPixelSize(lblState, small - 1, true);
-    const int reading = readingSize(small);
-    for (Label* label : {&lblVolts, &lblAmperes, &lblWatts})
-        setPixelSize(*label, reading, true);
-    layout()->activate(); // the new sizes show with the next painting and not with the one after it
+    const ChannelChange& change = status_.change;
+    const auto isChanging = [&](Kind kind) { return status_.isUnderWay() && change.kind == kind; };
+    const QString mode = isChanging(Kind::Mode) ? change.mode : readout_.mode.left(2);
+    const auto isHigh = isChanging(Kind::Range) ? std::optional(change.isOn) : isHighRange(readout_);
+    cmbMode.display(static_cast<int>(modeNames.indexOf(mode)));
+    cmbRange.display(isHigh ? static_cast<int>(*isHigh) : -1);
+    txtSetValue.display(isChanging(Kind::SetValue) ? std::optional(change.value) : readout_.setValue, readout_.limits,
+                        unitOf(readout_));
+    lblUnit.setCaption(unitOf(readout_));
+    lblLimits.setCaption(limitsText(readout_));
+
+    // During a change of the mode or the range nothing else of the channel can be changed, but LOAD OFF.
+    const bool isFree = status_.stage != Stage::Pending && !readout_.mode.isEmpty();
+    cmbMode.setEnabled(isFree);
+    cmbRange.setEnabled(isFree && isHigh.has_value());
+    txtSetValue.setReadOnly(!isFree || !readout_.setValue);
 }
 
-/// The largest size at which the longest reading fits beside its unit, and three of them below each other.
-int ChannelCard::readingSize(int small) const
+StatusLine ChannelCard::note() const
 {
-    constexpr int probe = 100;
-    QFont font = this->font();
-    font.setPixelSize(probe);
-    font.setBold(true);
-    const int longest = QFontMetrics(font).horizontalAdvance(QStringLiteral("-00.0000"));
-    const int room = width() - 2 * sideMargin - small - 14;
-    const int rest = 4 * small + 44; // title, mode, set value and button
-    return std::clamp(std::min(room * probe / longest, (height() - rest) / 4), 10, 60);
+    if (!txtSetValue.refusal().isEmpty())
+        return {txtSetValue.refusal(), Tone::Bad};
+    if (txtSetValue.isEdited())
+        return {QStringLiteral("Enter sends it"), Tone::Busy};
+    if (status_.isUnderWay())
+        return {status_.text, Tone::Busy};
+    if (status_.stage == Stage::Failed)
+        return {status_.text, Tone::Bad};
+    if (!readout_.tripped.isEmpty())
+        return {trippedText(readout_), Tone::Bad};
+    return {status_.text, Tone::Good};
+}
+
+void ChannelCard::displayNote()
+{
+    const StatusLine line = note();
+    lblNote.setCaption(line.text);
+    setColorOf(lblNote, QPalette::WindowText, textColor(line.tone, palette()));
+    txtSetValue.setAccessibleDescription(line.text);
 }
 
 } // namespace orb

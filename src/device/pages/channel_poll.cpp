@@ -18,6 +18,7 @@ void ChannelPoll::restart(int channels)
     step_ = 0;
     sentAt_.reset();
     roundAt_.reset();
+    numbers_ = {};
 }
 
 bool ChannelPoll::poll(Session& session)
@@ -44,14 +45,17 @@ bool ChannelPoll::receive(const Session& session)
         return false;
     sentAt_.reset();
     channelQueries[step_].read(answer.value_or(QByteArray()), readouts_);
+    numbers_[step_] = sentCount_;
     stepOn();
     return true;
 }
 
 void ChannelPoll::stepOn()
 {
-    ++step_;
-    if (step_ == channelQueries.size() || channelQueries[step_].text(readouts_).isEmpty())
+    do
+        ++step_;
+    while (step_ < channelQueries.size() && channelQueries[step_].text(readouts_).isEmpty());
+    if (step_ == channelQueries.size())
         step_ = firstOfRound;
 }
 
@@ -64,17 +68,8 @@ void ChannelPoll::sendNext(Session& session)
     if (isRoundBegin)
         roundAt_ = now;
     sentAt_ = now;
+    ++sentCount_;
     session.send(Requester::Control, channelQueries[step_].text(readouts_));
-}
-
-QByteArray loadCommand(int channel, bool on)
-{
-    return ":LOAD" + QByteArray::number(channel) + (on ? " ON" : " OFF");
-}
-
-QByteArray allOffCommand()
-{
-    return QByteArrayLiteral(":LOAD:ALL OFF");
 }
 
 } // namespace orb

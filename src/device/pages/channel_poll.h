@@ -1,30 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "channel_readout.h"
 #include "clock.h"
 #include "session.h"
 
-#include <QString>
-
-#include <optional>
-#include <vector>
+#include <array>
 
 namespace orb {
 
-/// What is known of one load channel. An empty text or an empty optional is unknown.
-struct ChannelReadout {
-    QString module;
-    std::optional<double> volts;
-    std::optional<double> amperes;
-    std::optional<double> watts;
-    std::optional<bool> loadOn;
-    QString mode;     ///< "CCL", "CCH", "CRL", "CRH" or "CV"
-    int level = 1;    ///< 1 or 2, the level whose set value is in force
-    QString tripped;  ///< "OV", "OP" or "OC" where protection has tripped or is limiting
-    QString setValue; ///< with its unit
-};
-
-using ChannelReadouts = std::vector<ChannelReadout>;
+/// What the poll asks for, in the order of a round. The modules are asked for once.
+enum class ChannelQueryKind { Modules, Readings, Modes, Limits, SetValues };
 
 /// Keeps the readouts of all channels current: one query at a time, and a round of queries every 500 ms.
 class ChannelPoll {
@@ -46,6 +32,12 @@ public:
     bool isAwaiting() const { return sentAt_.has_value(); }
     const ChannelReadouts& readouts() const { return readouts_; }
 
+    /// The number of queries sent so far.
+    int sentCount() const { return sentCount_; }
+    /// The number of the query, counted from 1, whose answer the readouts of this kind are; 0 while there is none. What
+    /// was sent when `sentCount` was n shows in readouts whose number is greater than n.
+    int numberOf(ChannelQueryKind kind) const { return numbers_[static_cast<std::size_t>(kind)]; }
+
 private:
     bool receive(const Session& session);
     void sendNext(Session& session);
@@ -56,12 +48,8 @@ private:
     std::size_t step_ = 0;          // in `channelQueries`
     std::optional<qint64> sentAt_;  // the query that is not answered yet
     std::optional<qint64> roundAt_; // the beginning of the last round
+    int sentCount_ = 0;
+    std::array<int, 5> numbers_{}; // by `ChannelQueryKind`
 };
-
-/// The command that switches the input of one channel, counted from 1.
-QByteArray loadCommand(int channel, bool on);
-
-/// The command that switches the inputs of all channels off.
-QByteArray allOffCommand();
 
 } // namespace orb

@@ -9,19 +9,19 @@ namespace orb {
 
 namespace {
 
-constexpr int mostColumns = 4;
+constexpr int cardSpacing = 5;
 
-/// Up to three cards stand in one row and four in a square, so that they are large.
-int columnsFor(std::size_t count)
+/// How many cards stand in the first row: up to three in one row and four in a square, so that they are large.
+int columnsFor(int count)
 {
     if (count <= 3)
-        return static_cast<int>(count);
-    return count == 4 ? 2 : count <= 6 ? 3 : mostColumns;
+        return count;
+    return count == 4 ? 2 : (count + 1) / 2;
 }
 
 } // namespace
 
-ControlPage::ControlPage(QWidget* parent) : Control<QWidget>(parent), cardGrid_(new QGridLayout(&cardArea_))
+ControlPage::ControlPage(QWidget* parent) : Control<QWidget>(parent), cardRows_{new QHBoxLayout, new QHBoxLayout}
 {
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
@@ -29,8 +29,13 @@ ControlPage::ControlPage(QWidget* parent) : Control<QWidget>(parent), cardGrid_(
     stack->addWidget(&cardArea_);
     stack->addWidget(&emptyArea_);
 
-    cardGrid_->setContentsMargins(0, 0, 0, 0);
-    cardGrid_->setSpacing(5);
+    auto* rows = new QVBoxLayout(&cardArea_);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(cardSpacing);
+    for (QHBoxLayout* row : cardRows_) {
+        row->setSpacing(cardSpacing);
+        rows->addLayout(row, 1);
+    }
 
     auto* empty = new QVBoxLayout(&emptyArea_);
     lblNoLink.setAlignment(Qt::AlignCenter);
@@ -41,7 +46,8 @@ ControlPage::ControlPage(QWidget* parent) : Control<QWidget>(parent), cardGrid_(
     empty->addWidget(&cmdGoToConnect, 0, Qt::AlignHCenter);
     empty->addStretch(3);
     cmdGoToConnect.setMinimumSize(180, 36);
-    display({}, {});
+    setCardCount(0);
+    showCards(false);
 }
 
 ControlPage::~ControlPage() = default;
@@ -51,29 +57,34 @@ void ControlPage::setCardCount(std::size_t count)
     if (count == cards.size())
         return;
     cards.clear();
-    const int columns = columnsFor(count);
-    for (int i = 0; i < static_cast<int>(count); ++i) {
+    const int total = static_cast<int>(count);
+    const int inFirst = columnsFor(total);
+    for (int i = 0; i < total; ++i) {
         auto& card = cards.emplace_back(std::make_unique<ChannelCard>(i + 1));
-        card->onLoad = [this, channel = i + 1](bool on) {
-            if (onLoad)
-                onLoad(channel, on);
+        card->onChange = [this, channel = i + 1](const ChannelChange& change) {
+            if (onChange)
+                onChange(channel, change);
         };
-        cardGrid_->addWidget(card.get(), i / columns, i % columns);
+        cardRows_[i < inFirst ? 0 : 1]->addWidget(card.get(), 1);
     }
-    for (int i = 0; i < mostColumns; ++i) {
-        cardGrid_->setColumnStretch(i, i < columns ? 1 : 0);
-        cardGrid_->setRowStretch(i, i * columns < static_cast<int>(count) ? 1 : 0);
-    }
+    auto* rows = static_cast<QVBoxLayout*>(cardArea_.layout());
+    rows->setStretch(1, total > inFirst ? 1 : 0);
+    rows->setSpacing(total > inFirst ? cardSpacing : 0);
 }
 
-void ControlPage::display(const ChannelReadouts& readouts, const QString& noLinkText)
+void ControlPage::showCards(bool areShown)
+{
+    cardArea_.setVisible(areShown);
+    emptyArea_.setVisible(!areShown);
+}
+
+void ControlPage::display(const ChannelReadouts& readouts, const ChannelChanges& changes, const QString& noLinkText)
 {
     setCardCount(readouts.size());
-    cardArea_.setVisible(!readouts.empty());
-    emptyArea_.setVisible(readouts.empty());
+    showCards(!readouts.empty());
     lblNoLink.setCaption(noLinkText);
     for (std::size_t i = 0; i < cards.size(); ++i)
-        cards[i]->display(readouts[i]);
+        cards[i]->display(readouts[i], changes.status(static_cast<int>(i) + 1));
 }
 
 } // namespace orb

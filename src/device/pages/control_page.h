@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "channel_poll.h"
+#include "channel_changes.h"
 #include "label.h"
 #include "picture_button.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 
+#include <array>
 #include <memory>
 
 namespace orb {
@@ -25,19 +26,21 @@ public:
     /// One for each channel of the connected instrument.
     std::vector<std::unique_ptr<ChannelCard>> cards;
 
-    /// The button of a channel, counted from 1, was pressed to switch its input on or off.
-    std::function<void(int channel, bool on)> onLoad;
+    /// The operator confirmed a change of a channel, counted from 1.
+    std::function<void(int channel, const ChannelChange& change)> onChange;
 
     explicit ControlPage(QWidget* parent = nullptr);
     ~ControlPage() override;
 
-    /// Shows a card for each of `readouts`; where there are none, `noLinkText` in their place.
-    void display(const ChannelReadouts& readouts, const QString& noLinkText);
+    /// Shows a card for each of `readouts`, with the state of its last change in `changes`; where there are none,
+    /// `noLinkText` in their place.
+    void display(const ChannelReadouts& readouts, const ChannelChanges& changes, const QString& noLinkText);
 
 private:
     void setCardCount(std::size_t count);
+    void showCards(bool areShown);
 
-    QGridLayout* cardGrid_;
+    std::array<QHBoxLayout*, 2> cardRows_;
 };
 
 } // namespace orb

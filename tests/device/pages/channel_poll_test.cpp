@@ -14,7 +14,8 @@ using testing::IsEmpty;
 
 const QByteArray modules = "*OPT?";
 const QByteArray readings = ":FETC:ALLV?;:FETC:ALLC?;:FETC:ALLP?;:LOAD:ALL?";
-const QByteArray modes = ":MODE1?;:LEV1?;:LOAD1:PROT?";
+const QByteArray modes = ":MODE1?;:VOLT1:RANG?;:LEV1?;:LOAD1:PROT?";
+const QByteArray limits = ":CURR1:L2? MIN;:CURR1:L2? MAX";
 const QByteArray setValues = ":CURR1:L2?";
 } // namespace
 
@@ -32,7 +33,8 @@ protected:
         line.onLine = [this](const QByteArray& query) {
             line.say((query == modules    ? "K11\n"
                       : query == readings ? "48,;2,;96,;1\n"
-                      : query == modes    ? "CCH;2;NONE\n"
+                      : query == modes    ? "CCH;LOW;2;NONE\n"
+                      : query == limits   ? "0;20\n"
                                           : "2.5\n"),
                      answerMs);
         };
@@ -64,12 +66,13 @@ protected:
 TEST_F(ChannelPollTest, TheFirstRoundFollowsTheModules)
 {
     pollTimes(20);
-    EXPECT_THAT(line.sent, ElementsAre(modules, readings, modes, setValues));
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings, modes, limits, setValues));
     const ChannelReadout& readout = poll.readouts().at(0);
     EXPECT_EQ(readout.module, "K11");
     EXPECT_EQ(readout.volts, 48.0);
     EXPECT_EQ(readout.mode, "CCH");
-    EXPECT_EQ(readout.setValue, "2.5 A");
+    EXPECT_EQ(readout.setValue, 2.5);
+    EXPECT_EQ(readout.limits, (SetLimits{0, 20}));
 }
 
 TEST_F(ChannelPollTest, ARoundBeginsFiveHundredMillisecondsAfterTheLast)
@@ -151,7 +154,7 @@ TEST_F(ChannelPollTest, AnAbandonedAnswerIsIgnoredAndARoundBeginsWhenItIsDue)
     EXPECT_THAT(line.sent, IsEmpty());
     EXPECT_EQ(poll.readouts().at(0).mode, "");
     pollTimes(20);
-    EXPECT_THAT(line.sent, ElementsAre(readings, modes, setValues));
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes, limits, setValues));
 }
 
 TEST_F(ChannelPollTest, TheModulesAreAskedForAgainAfterTheirAnswerWasAbandoned)
@@ -186,11 +189,39 @@ TEST_F(ChannelPollTest, ARestartForgetsEverything)
     EXPECT_THAT(line.sent, ElementsAre(modules, readings));
 }
 
-TEST(LoadCommandTest, ALoadCommandNamesItsChannelAndState)
+TEST_F(ChannelPollTest, TheLimitsAreAskedForOnceInAModeAndRange)
 {
-    EXPECT_EQ(loadCommand(1, true), ":LOAD1 ON");
-    EXPECT_EQ(loadCommand(8, false), ":LOAD8 OFF");
-    EXPECT_EQ(allOffCommand(), ":LOAD:ALL OFF");
+    pollTimes(20);
+    line.sent.clear();
+    poll.hurry();
+    pollTimes(10);
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes, setValues));
+    EXPECT_EQ(poll.readouts().at(0).limits, (SetLimits{0, 20}));
+    const auto answer = line.onLine;
+    line.onLine = [&](const QByteArray& query) { query == modes ? line.say("CCL;LOW;2;NONE\n") : answer(query); };
+    line.sent.clear();
+    poll.hurry();
+    pollTimes(10);
+    EXPECT_THAT(line.sent, ElementsAre(readings, modes, limits, setValues));
+}
+
+TEST_F(ChannelPollTest, ReadoutsCarryTheNumberOfTheirQuery)
+{
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), 0);
+    pollTimes(20);
+    EXPECT_EQ(poll.sentCount(), 5);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Modules), 1);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), 2);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::SetValues), 5);
+    poll.hurry();
+    pollAfter(0);
+    EXPECT_EQ(poll.sentCount(), 6);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), 2) << "its new query is not answered yet";
+    pollAfter(10);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), 6);
+    poll.restart(1);
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), 0);
+    EXPECT_EQ(poll.sentCount(), 7);
 }
 
 } // namespace orb

@@ -30,9 +30,11 @@ protected:
     {
         const ChannelCard& card = *page().cards.at(static_cast<std::size_t>(index));
         QStringList texts;
-        for (const Label* label : {&card.lblNumber, &card.lblModule, &card.lblState, &card.lblVolts, &card.lblAmperes,
-                                   &card.lblWatts, &card.lblMode, &card.lblSetValue})
+        for (const Label* label :
+             {&card.lblNumber, &card.lblModule, &card.lblState, &card.lblVolts, &card.lblAmperes, &card.lblWatts})
             texts += label->caption();
+        texts += {card.cmbMode.text(),    card.cmbRange.text(),     card.txtSetValue.text(),
+                  card.lblUnit.caption(), card.lblLimits.caption(), card.lblNote.caption()};
         return texts.join(QStringLiteral(" | ")) + QStringLiteral(" | ") + card.cmdLoad.caption();
     }
     QByteArray answerTo(const QByteArray& query) const
@@ -42,7 +44,9 @@ protected:
         if (query.startsWith(":FETC"))
             return "12.7193,499.95,5,;2.0000,-0.5,0,;25.4386,1924.1,12000,;1,0,0\n";
         if (query.startsWith(":MODE"))
-            return "CCH;1;NONE;CV;1;OV;CRL;2;NONE\n";
+            return "CCH;LOW;1;NONE;CV;HIGH;1;OV;CRL;LOW;2;NONE\n";
+        if (query.contains("MIN"))
+            return "0;20;0;500;0.05;8000\n";
         return query == ":CURR1:L1?;:VOLT2:L1?;:RES3:L2?" ? "2.0000;48.0000;4.7000\n" : "wrong query\n";
     }
 };
@@ -61,6 +65,7 @@ Go to the Connect page
     control->ShowControlPage();
     clock.advance(1000);
     EXPECT_EQ(textsOf(page()), R"(
+Channel 1
 1
 K11
 ON
@@ -70,9 +75,12 @@ V
 A
 3.0000
 W
-Mode —
-Set —
+[CC,CR,CV] | Mode. A change switches the input off first. | Mode, channel 1
+[Low,High] | Range. A change switches the input off first. | Range, channel 1
+Set value. Enter sends it, Escape takes an edit back; the arrow keys step the digit under the cursor. | Set value, channel 1
+The lowest and the highest set value in this mode and range
 LOAD OFF | LOAD OFF, channel 1
+Channel 2
 2
 K12A
 OFF
@@ -82,8 +90,10 @@ V
 A
 8.0000
 W
-Mode —
-Set —
+[CC,CR,CV] | Mode. A change switches the input off first. | Mode, channel 2
+[Low,High] | Range. A change switches the input off first. | Range, channel 2
+Set value. Enter sends it, Escape takes an edit back; the arrow keys step the digit under the cursor. | Set value, channel 2
+The lowest and the highest set value in this mode and range
 LOAD ON | LOAD ON, channel 2
 )");
 }
@@ -107,10 +117,15 @@ TEST_F(ControlPageTest, EachChannelHasACard)
     control->ShowControlPage();
     clock.advance(1000);
     ASSERT_EQ(page().cards.size(), 3u);
-    EXPECT_EQ(card(0), "1 | K11 | ON | 12.7193 | 2.0000 | 25.4386 | Mode CC High | Set 2 A | LOAD OFF");
-    EXPECT_EQ(card(1), "2 | K13 | OV | 499.950 | -0.5000 | 1924.10 | Mode CV | Set 48 V | LOAD ON");
-    EXPECT_EQ(card(2),
-              QString::fromUtf8("3 | K14 | OFF | 5.0000 | 0.0000 | 12000 | Mode CR Low | Set 4.7 \u03A9 | LOAD ON"));
+    EXPECT_EQ(card(0),
+              QString::fromUtf8(
+                  "1 | K11 | ON | 12.7193 | 2.0000 | 25.4386 | CC | High | 2.0000 | A | 0\u202620 |  | LOAD OFF"));
+    EXPECT_EQ(card(1),
+              QString::fromUtf8("2 | K13 | OV | 499.950 | -0.5000 | 1924.10 | CV | High | 48.000 | V | 0\u2026500 | "
+                                "Over voltage trip | LOAD ON"));
+    EXPECT_EQ(card(2), QString::fromUtf8(
+                           "3 | K14 | OFF | 5.0000 | 0.0000 | 12000 | CR | Low | 4.70 | \u03A9 | 0.05\u20268000 |  | "
+                           "LOAD ON"));
     EXPECT_FALSE(isReachable(page().cmdGoToConnect));
 }
 
@@ -131,9 +146,8 @@ TEST_F(ControlPageTest, UnknownValuesAreShownAsADash)
     clock.advance(100);
     control->ShowControlPage();
     clock.advance(3000);
-    EXPECT_EQ(card(1),
-              QString::fromUtf8(
-                  "2 | 2;nonsense;n\u2026 | \u2014 | \u2014 | \u2014 | \u2014 | Mode \u2014 | Set \u2014 | LOAD OFF"));
+    EXPECT_EQ(card(1), QString::fromUtf8(
+                           "2 | 2;nonsense;n\u2026 | \u2014 | \u2014 | \u2014 | \u2014 |  |  |  |  |  |  | LOAD OFF"));
 }
 
 TEST_F(ControlPageTest, ReadingsBecomeUnknownWhenTheInstrumentFallsSilent)
@@ -200,7 +214,8 @@ TEST_F(ControlPageTest, ASwitchedInputIsPolledAtOnce)
     connectInstrument([this](const QByteArray& query) { return answerTo(query); });
     control->ShowControlPage();
     clock.advance(1500);
-    for (PictureButton* button : {&page().cards.at(0)->cmdLoad, &control->cmdAllOff}) {
+    for (PictureButton* button :
+         std::initializer_list<PictureButton*>{&page().cards.at(0)->cmdLoad, &control->allOffBar.cmdAllOff}) {
         line.sent.clear();
         press(*button);
         clock.advance(50);
@@ -245,7 +260,7 @@ TEST_F(ControlPageTest, TheCardsFitTheDesignSizeFromTheirFirstPainting)
             for (const Label* reading : {&card->lblVolts, &card->lblAmperes, &card->lblWatts})
                 EXPECT_LE(reading->fontMetrics().horizontalAdvance(QStringLiteral("-00.0000")), reading->width());
             for (const QWidget* text : std::initializer_list<const QWidget*>{
-                     &card->lblNumber, &card->lblModule, &card->lblState, &card->lblMode, &card->lblSetValue}) {
+                     &card->lblNumber, &card->lblModule, &card->lblState, &card->lblUnit, &card->lblLimits}) {
                 EXPECT_LE(text->sizeHint().width(), text->width()) << channels;
                 EXPECT_LE(text->sizeHint().height(), text->height()) << channels;
             }
@@ -264,10 +279,10 @@ TEST_F(ControlPageTest, TheReadingsOfALoadedInputStandOutOnALightAndOnADarkCard)
         const auto distance = [&] {
             return std::abs(card.lblVolts.palette().color(QPalette::WindowText).lightness() - base.lightness());
         };
-        card.display(readoutOf(1, true));
+        card.display(readoutOf(1, true), {});
         EXPECT_GT(distance(), 100);
         const QColor loaded = card.lblVolts.palette().color(QPalette::WindowText);
-        card.display(readoutOf(1, false));
+        card.display(readoutOf(1, false), {});
         EXPECT_GT(distance(), 100);
         EXPECT_NE(card.lblVolts.palette().color(QPalette::WindowText), loaded);
     }
@@ -277,7 +292,7 @@ TEST_F(ControlPageTest, TheStateOfAnInputHasItsColor)
 {
     const auto ground = [](const ChannelReadout& readout) {
         ChannelCard card(1);
-        card.display(readout);
+        card.display(readout, {});
         return card.lblState.palette().color(QPalette::Window);
     };
     EXPECT_EQ(ground({}), toneColor(Tone::Neutral));
@@ -290,7 +305,7 @@ TEST_F(ControlPageTest, AReadingHasSevenCharactersAtMost)
 {
     ChannelCard card(1);
     const auto shown = [&](double volts) {
-        card.display(readoutOf(volts, true));
+        card.display(readoutOf(volts, true), {});
         return card.lblVolts.caption().toStdString();
     };
     EXPECT_EQ(shown(99.9999), "99.9999");
@@ -301,18 +316,28 @@ TEST_F(ControlPageTest, AReadingHasSevenCharactersAtMost)
     EXPECT_EQ(shown(10'000), "10000");
 }
 
-TEST_F(ControlPageTest, TheCardsStandInColumnsByTheirNumber)
+TEST_F(ControlPageTest, TheCardsFillThePageAtEveryNumber)
 {
-    const int columns[] = {1, 2, 3, 2, 3, 3, 4, 4};
+    ChannelPoll poll(clock);
+    ChannelChanges changes(clock, poll);
+    const int inFirstRow[] = {1, 2, 3, 2, 3, 3, 4, 4};
     for (int channels = 1; channels <= 8; ++channels) {
-        page().display(ChannelReadouts(static_cast<std::size_t>(channels)), {});
+        changes.restart(channels);
+        page().display(ChannelReadouts(static_cast<std::size_t>(channels)), changes, {});
         control->ShowControlPage();
         QApplication::processEvents();
-        int inFirstRow = 0;
-        for (const auto& card : page().cards)
-            inFirstRow += card->y() == page().cards.front()->y() ? 1 : 0;
-        EXPECT_EQ(inFirstRow, columns[channels - 1]) << channels;
-        EXPECT_NEAR(page().cards.front()->width(), page().cards.back()->width(), 1) << channels;
+        int first = 0;
+        int area = 0;
+        QRect all;
+        for (const auto& card : page().cards) {
+            first += card->y() == page().cards.front()->y() ? 1 : 0;
+            area += card->width() * card->height();
+            all |= card->geometry();
+            EXPECT_NEAR(card->height(), page().cards.front()->height(), 1) << channels;
+        }
+        EXPECT_EQ(first, inFirstRow[channels - 1]) << channels;
+        EXPECT_EQ(all, page().rect()) << channels;
+        EXPECT_GT(area, page().width() * page().height() * 95 / 100) << channels << " leave a hole";
     }
 }
 

@@ -2,7 +2,6 @@
 #include "channel_queries.h"
 
 #include "identity.h"
-#include "values.h"
 
 #include <QList>
 
@@ -14,21 +13,6 @@ namespace orb {
 namespace {
 
 constexpr qsizetype longestModule = 12;
-
-struct Mode {
-    const char* name;
-    const char* setHeader; // of its set value; the channel's number follows
-    const char* unit;
-};
-
-constexpr std::array<Mode, 3> modes{{{"CC", ":CURR", "A"}, {"CR", ":RES", "\u03A9"}, {"CV", ":VOLT", "V"}}};
-
-const Mode* findMode(const QString& text)
-{
-    const auto found =
-        std::ranges::find_if(modes, [&](const Mode& mode) { return text.startsWith(QLatin1String(mode.name)); });
-    return found == modes.end() || text.size() > 3 ? nullptr : &*found;
-}
 
 /// The parts of an answer to joined queries; none where it has another number of them.
 QList<QByteArray> partsOf(const QByteArray& answer, std::size_t count)
@@ -91,24 +75,80 @@ QByteArray modesQuery(const ChannelReadouts& readouts)
     QByteArray query;
     for (std::size_t i = 1; i <= readouts.size(); ++i) {
         const QByteArray channel = QByteArray::number(static_cast<int>(i));
-        query += ";:MODE" + channel + "?;:LEV" + channel + "?;:LOAD" + channel + ":PROT?";
+        query += ";:MODE" + channel + "?;:VOLT" + channel + ":RANG?;:LEV" + channel + "?;:LOAD" + channel + ":PROT?";
     }
     return query.mid(1);
 }
 
+std::optional<bool> rangeOf(const QByteArray& field)
+{
+    return field == "HIGH" || field == "LOW" ? std::optional(field == "HIGH") : std::nullopt;
+}
+
+QString trippedOf(const QByteArray& field)
+{
+    return field == "OV" || field == "OP" || field == "OC" ? QString::fromLatin1(field) : QString();
+}
+
+/// Set value and limits belong to a mode and its range.
+void setMode(ChannelReadout& readout, const QString& mode, const std::optional<bool>& isHighVoltage)
+{
+    const auto range = isHighRange(readout);
+    const bool isSameMode = readout.mode == mode;
+    readout.mode = mode;
+    readout.isHighVoltage = isHighVoltage;
+    if (isSameMode && range == isHighRange(readout))
+        return;
+    readout.setValue.reset();
+    readout.limits.reset();
+    readout.areLimitsAsked = false;
+}
+
 void readModes(const QByteArray& answer, ChannelReadouts& readouts)
 {
-    const auto parts = partsOf(answer, 3 * readouts.size());
+    const auto parts = partsOf(answer, 4 * readouts.size());
     for (std::size_t i = 0; i < readouts.size(); ++i) {
-        const QString mode = QString::fromLatin1(fieldOf(parts, 3 * i));
-        const QByteArray tripped = fieldOf(parts, 3 * i + 2);
-        readouts[i].mode = findMode(mode) != nullptr ? mode : QString();
-        readouts[i].level = fieldOf(parts, 3 * i + 1) == "2" ? 2 : 1;
-        const bool isTripped = tripped == "OV" || tripped == "OP" || tripped == "OC";
-        readouts[i].tripped = isTripped ? QString::fromLatin1(tripped) : QString();
-        if (readouts[i].mode.isEmpty())
-            readouts[i].setValue.clear();
+        const QString mode = QString::fromLatin1(fieldOf(parts, 4 * i));
+        setMode(readouts[i], findMode(mode) != nullptr ? mode : QString(), rangeOf(fieldOf(parts, 4 * i + 1)));
+        readouts[i].level = fieldOf(parts, 4 * i + 2) == "2" ? 2 : 1;
+        readouts[i].tripped = trippedOf(fieldOf(parts, 4 * i + 3));
     }
+}
+
+/// The query of the set value of a channel, counted from 0.
+QByteArray setValueQuery(const ChannelReadout& readout, std::size_t channel)
+{
+    return findMode(readout.mode)->setHeader + QByteArray::number(static_cast<int>(channel + 1)) + ":L" +
+           QByteArray::number(readout.level) + '?';
+}
+
+bool needsLimits(const ChannelReadout& readout)
+{
+    return !readout.mode.isEmpty() && !readout.areLimitsAsked;
+}
+
+QByteArray limitsQuery(const ChannelReadouts& readouts)
+{
+    QByteArray query;
+    for (std::size_t i = 0; i < readouts.size(); ++i)
+        if (needsLimits(readouts[i]))
+            query += ';' + setValueQuery(readouts[i], i) + " MIN;" + setValueQuery(readouts[i], i) + " MAX";
+    return query.mid(1);
+}
+
+void readLimits(const QByteArray& answer, ChannelReadouts& readouts)
+{
+    const auto asked = std::ranges::count_if(readouts, needsLimits);
+    const auto values = partsOf(answer, 2 * static_cast<std::size_t>(asked));
+    std::size_t next = 0;
+    for (ChannelReadout& readout : readouts)
+        if (needsLimits(readout)) {
+            const auto lowest = readingOf(fieldOf(values, next++));
+            const auto highest = readingOf(fieldOf(values, next++));
+            readout.areLimitsAsked = true;
+            if (lowest && highest && *lowest <= *highest)
+                readout.limits = {*lowest, *highest};
+        }
 }
 
 /// Asks for the channels whose mode is known.
@@ -116,9 +156,8 @@ QByteArray setValuesQuery(const ChannelReadouts& readouts)
 {
     QByteArray query;
     for (std::size_t i = 0; i < readouts.size(); ++i)
-        if (const Mode* mode = findMode(readouts[i].mode))
-            query += QByteArray(";") + mode->setHeader + QByteArray::number(static_cast<int>(i + 1)) + ":L" +
-                     QByteArray::number(readouts[i].level) + '?';
+        if (!readouts[i].mode.isEmpty())
+            query += ';' + setValueQuery(readouts[i], i);
     return query.mid(1);
 }
 
@@ -128,18 +167,16 @@ void readSetValues(const QByteArray& answer, ChannelReadouts& readouts)
     const auto values = partsOf(answer, static_cast<std::size_t>(asked));
     std::size_t next = 0;
     for (ChannelReadout& readout : readouts)
-        if (const Mode* mode = findMode(readout.mode)) {
-            const auto value = readingOf(fieldOf(values, next++));
-            readout.setValue =
-                value ? QStringLiteral("%1 %2").arg(text(*value), QString::fromUtf8(mode->unit)) : QString();
-        }
+        if (!readout.mode.isEmpty())
+            readout.setValue = readingOf(fieldOf(values, next++));
 }
 
 } // namespace
 
-const std::array<ChannelQuery, 4> channelQueries{{{modulesQuery, readModules},
+const std::array<ChannelQuery, 5> channelQueries{{{modulesQuery, readModules},
                                                   {readingsQuery, readReadings},
                                                   {modesQuery, readModes},
+                                                  {limitsQuery, readLimits},
                                                   {setValuesQuery, readSetValues}}};
 
 } // namespace orb

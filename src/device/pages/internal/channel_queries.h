@@ -16,8 +16,8 @@ struct ChannelQuery {
     void (*read)(const QByteArray& answer, ChannelReadouts& readouts);
 };
 
-/// The modules, which are asked for once; readings and loads; modes, levels and protection; set values, which depend on
-/// the modes.
-extern const std::array<ChannelQuery, 4> channelQueries;
+/// By `ChannelQueryKind`: the modules; readings and loads; modes, voltage ranges, levels and protection; the limits of
+/// the set values, once for each mode and range; the set values.
+extern const std::array<ChannelQuery, 5> channelQueries;
 
 } // namespace orb
