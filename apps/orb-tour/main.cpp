@@ -8,6 +8,7 @@
 #include "program_tour.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
+#include "sequence_tour.h"
 #include "service_tour.h"
 #include "simulator_process.h"
 #include "tour.h"
@@ -61,6 +62,7 @@ int runTour(const QDir& out)
     dataLogSteps(tour, *form);
     consoleSteps(tour, *form);
     programSteps(tour, *form);
+    sequenceSteps(tour, *form, *CORB);
     serviceSteps(tour, *form);
     return tour.run();
 }

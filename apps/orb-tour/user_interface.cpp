@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTableView>
 #include <QWheelEvent>
 
 namespace orb::ui {
@@ -23,6 +24,15 @@ namespace {
 template <typename Dialog> Dialog* up()
 {
     return qobject_cast<Dialog*>(QApplication::activeModalWidget());
+}
+
+void typeIntoCell(QTableView& grid, const QString& text)
+{
+    auto* editor = grid.viewport()->findChild<QLineEdit*>();
+    if (!editor)
+        throw TourFailure(QStringLiteral("the cell can't be edited"));
+    type(*editor, text);
+    pressKey(*editor, Qt::Key_Return);
 }
 
 QString plain(QString caption)
@@ -108,6 +118,35 @@ void type(QWidget& box, const QString& text)
         QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
         QCoreApplication::sendEvent(edit, &key);
     }
+}
+
+void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (!widget.isVisible() || !widget.isEnabled())
+        throw TourFailure(QStringLiteral("the widget takes no keys"));
+    QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void editByMouse(QTableView& grid, int row, int column, const QString& text)
+{
+    const QModelIndex index = grid.model()->index(row, column);
+    grid.scrollTo(index);
+    const QPointF at = grid.visualRect(index).center();
+    const QPointF onScreen = grid.viewport()->mapToGlobal(at);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                            QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, onScreen, Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(grid.viewport(), &event);
+    }
+    typeIntoCell(grid, text);
+}
+
+void editByKeys(QTableView& grid, const QString& text)
+{
+    pressKey(grid, Qt::Key_F2);
+    typeIntoCell(grid, text);
 }
 
 QString messageUp()

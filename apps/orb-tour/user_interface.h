@@ -9,6 +9,7 @@
 
 class QAbstractButton;
 class QListWidget;
+class QTableView;
 
 namespace orb {
 
@@ -42,6 +43,15 @@ void turnWheel(QWidget& widget, const QPoint& at, int notches);
 
 /// Replaces the text of an editable box by typing.
 void type(QWidget& box, const QString& text);
+
+/// Presses a key on the widget.
+void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// Double-clicks a cell of the grid, types a text into it and presses Enter.
+void editByMouse(QTableView& grid, int row, int column, const QString& text);
+
+/// The same for the current cell, with F2 in place of the double click.
+void editByKeys(QTableView& grid, const QString& text);
 
 /// The text of the message box that is open; empty if there is none.
 QString messageUp();
