@@ -90,17 +90,18 @@ QPixmap withPointer(FormORB& form, const QPoint& at)
 
 void pointerSteps(Tour& tour, FormORB& form)
 {
-    const std::initializer_list<std::pair<const char*, QPoint>> places{
-        {"pointer_key.png", {173, 407}},
-        {"pointer_knob_left.png", {251, 432}},
-        {"pointer_knob_right.png", {318, 432}},
-        {"pointer_knob_press.png", {285, 432}},
+    struct Place {
+        const char* picture;
+        QPoint at;
     };
-    for (const auto& [name, at] : places)
-        tour.then(QStringLiteral("takes the picture ") + QLatin1String(name), [&tour, &form, name, at] {
-            mouse(form.fraDisplay.Image2, QEvent::MouseMove, at);
+    for (const Place& place :
+         {Place{"pointer_key.png", {173, 407}}, Place{"pointer_knob_left.png", {251, 432}},
+          Place{"pointer_knob_right.png", {318, 432}}, Place{"pointer_knob_press.png", {285, 432}}})
+        tour.then(QStringLiteral("takes the picture ") + QLatin1String(place.picture), [&tour, &form, place] {
+            mouse(form.fraDisplay.Image2, QEvent::MouseMove, place.at);
             require(form.cursor().shape() == Qt::BitmapCursor, "the pointer is not that of a key");
-            require(withPointer(form, at).save(tour.path(QLatin1String(name))), "can't write the picture");
+            require(withPointer(form, place.at).save(tour.path(QLatin1String(place.picture))),
+                    "can't write the picture");
         });
 }
 
