@@ -4,6 +4,7 @@
 #include "form_test.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
