@@ -79,7 +79,8 @@ void FormORB::layoutRowEnd()
 {
     if (!rowEnd_)
         return;
-    const int left = pageExit.geometry().right() + rowEndMargin;
+    const PictureButton& last = pageDisplay.visible() ? pageDisplay : pageExit;
+    const int left = last.geometry().right() + rowEndMargin;
     rowEnd_->setGeometry(left, rowEndMargin, width() - left - 2 * rowEndMargin, pageExit.height() - 2 * rowEndMargin);
 }
 

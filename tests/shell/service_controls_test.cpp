@@ -46,4 +46,17 @@ TEST_F(ServiceControlsTest, SequenceSimulateIsShownOnlyWithThem)
     EXPECT_TRUE(form.fraSequence.seqPlot.visible());
 }
 
+TEST_F(ServiceControlsTest, TheEndOfTheRowKeepsItsPlaceBesideTheNinthButton)
+{
+    QWidget bar;
+    form.setRowEnd(bar);
+    const QRect place = bar.geometry();
+    run.enter([this] { showServiceControls(form); });
+    press(form.pageConnect);
+    press(form.pageSequence);
+    EXPECT_NEAR(bar.geometry().left(), place.left(), 8);
+    EXPECT_GT(bar.geometry().left(), form.pageDisplay.geometry().right());
+    EXPECT_GT(form.pageDisplay.geometry().left(), form.pageExit.geometry().right());
+}
+
 } // namespace

@@ -55,7 +55,9 @@ void ValueField::display(const std::optional<double>& value, const std::optional
     const bool isSame = limits == limits_ && unit == unit_;
     limits_ = limits;
     unit_ = unit;
-    shown_ = value ? numberText(*value, limits ? limits->highest : *value) : QString();
+    // In a range of five digits a small value would lose its decimals.
+    const bool byRange = limits && limits->highest < 10'000;
+    shown_ = value ? numberText(*value, byRange ? limits->highest : *value) : QString();
     if (!isEdited_)
         setText(shown_);
     else if (!isSame)

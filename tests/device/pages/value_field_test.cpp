@@ -55,6 +55,14 @@ protected:
     int edits = 0;
 };
 
+TEST_F(ValueFieldTest, ASmallValueKeepsItsDecimalsInARangeOfFiveDigits)
+{
+    display(9.6, SetLimits{8, 32000});
+    EXPECT_EQ(text(), "9.6000");
+    display(9.6, SetLimits{8, 3200});
+    EXPECT_EQ(text(), "9.60");
+}
+
 TEST_F(ValueFieldTest, EnterConfirmsAnEdit)
 {
     type(QStringLiteral("3.25"));
