@@ -231,8 +231,9 @@ TEST(SequenceTextTest, AWrongSettingIsAnErrorWithItsPlace)
         {"On end of sequence,32768\n", "line 1, column 2: \"32768\" is no whole number from -32768 to 32767"},
         {"Sequence version,1.00\n", "line 1, column 2: \"1.00\" is not 3 characters"},
     };
+    const std::string rest = head + point;
     for (const auto& [settings, error] : cases)
-        EXPECT_EQ(errorOf(settings + head + point), error);
+        EXPECT_EQ(errorOf(settings + rest), error);
     EXPECT_EQ(errorOf("Load module,K11\n" + head.substr(head.find('\n') + 1) + point),
               "line 1, column 2: \"K11\" is none of K11AB, K12A, K13, K14, K15, K16, K17, K12B");
 }

@@ -4,6 +4,8 @@
 #include "failure.h"
 #include "record_file.h"
 
+#include <QStringList>
+
 #include <gmock/gmock.h>
 
 using namespace orb;
