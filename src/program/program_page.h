@@ -169,6 +169,11 @@ private:
     void spreadStep(int program, int step);
     void enableSendIfConnected();
 
+    static constexpr int enterKey = 13; // the code of a pressed key
+    // Where a step is edited, in twips. The grid of cells begins below it, so that the frame covers no cell.
+    static constexpr int memorySettingLeft = 1620;
+    static constexpr int memorySettingTop = 2000;
+
     static int numberOfCell(int program, int step) { return (program - 1) * stepCount + step - 1; }
     void beginProgress(const QString& caption);
     void showProgramProgress(int program);

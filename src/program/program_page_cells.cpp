@@ -11,11 +11,8 @@ namespace orb {
 
 namespace {
 
-constexpr int frameLeft = 1620;
-constexpr int frameTop = 2000;
 constexpr int fieldCount = 13;
 constexpr int filledFontSize = 12;
-constexpr int enterKey = 13;
 constexpr int pfTime = 2;
 constexpr double endOfTimes = 60;
 const QString firstTime = QStringLiteral("0.01");
@@ -29,7 +26,7 @@ void ProgramPage::txtMemSettingMouseDown(int index)
     const QString program = QString::number(index / stepCount + 1);
     const QString step = QString::number(index % stepCount + 1);
     frameMemorySetting.bringToFront();
-    frameMemorySetting.moveTwips(frameLeft, frameTop);
+    frameMemorySetting.moveTwips(memorySettingLeft, memorySettingTop);
     frameMemorySetting.setCaption(QStringLiteral("Program: [%1] Sequence:[%2]").arg(program, step));
     if (cell.text().isEmpty()) { // all other controls keep the values of the cell edited before
         cmbMemoryProg.setText(program);

@@ -6,7 +6,6 @@ namespace orb {
 namespace {
 
 constexpr int waitMs = 100;
-constexpr int enterKey = 13;
 const QString askWithoutLink = QStringLiteral("Device is not Connected, Continue?");
 
 } // namespace

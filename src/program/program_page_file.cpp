@@ -7,10 +7,6 @@
 
 namespace orb {
 
-namespace {
-constexpr int enterKey = 13;
-} // namespace
-
 /// The path that waits, which is taken once, or the one that the operator selects. After a Cancel the dialog still holds
 /// the name of its last use.
 QString ProgramPage::fileToOpen()

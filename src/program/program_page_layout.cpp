@@ -14,9 +14,6 @@ namespace {
 
 constexpr int pageWidthTwips = 9285;
 constexpr int pageHeightTwips = 9900;
-// Where a step is edited. The grid of cells begins below it, so that the frame covers no cell.
-constexpr int settingLeftTwips = 1620;
-constexpr int settingTopTwips = 2000;
 constexpr int settingWidthTwips = 7545;
 constexpr int settingHeightTwips = 2850;
 constexpr int progressTopTwips = 1200;
@@ -167,7 +164,7 @@ void ProgramPage::layoutMemorySetting()
 {
     frameMemorySetting.setParent(this);
     frameMemorySetting.setVisible(false);
-    frameMemorySetting.moveTwips(settingLeftTwips, settingTopTwips);
+    frameMemorySetting.moveTwips(memorySettingLeft, memorySettingTop);
     frameMemorySetting.resizeTwips(settingWidthTwips, settingHeightTwips);
     auto* frame = new QVBoxLayout(&frameMemorySetting);
     frame->setContentsMargins(8, 4, 8, 6);
@@ -296,7 +293,7 @@ void ProgramPage::layoutProgress()
 {
     frameProgress.setParent(this);
     frameProgress.setVisible(false);
-    frameProgress.moveTwips(settingLeftTwips, progressTopTwips);
+    frameProgress.moveTwips(memorySettingLeft, progressTopTwips);
     frameProgress.resizeTwips(settingWidthTwips, progressHeightTwips);
     auto* row = new QHBoxLayout(&frameProgress);
     row->setContentsMargins(8, 4, 8, 6);
@@ -319,7 +316,7 @@ void ProgramPage::fitFrames()
 {
     for (FloatingFrame* frame : {&frameMemorySetting, &fraProgramOrder, &frameProgress})
         frame->resize(frame->size().expandedTo(frame->minimumSizeHint()));
-    const int covered = pixels(settingTopTwips) + frameMemorySetting.height();
+    const int covered = pixels(memorySettingTop) + frameMemorySetting.height();
     layout()->activate();
     const int legendHeight = lblMemory.at(7).height() + layout()->spacing();
     chainArea_->setMinimumHeight(covered - legendHeight - chainArea_->y());

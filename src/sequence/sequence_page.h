@@ -71,6 +71,9 @@ public:
     /// Shows the currents over time, or hides them again.
     void seqPlotClick();
     void graphSeqClick();
+    /// The time of the curve's first point, for a first point of so many seconds: with a fraction below one second, so
+    /// that the axis shows fractions.
+    static QString simulationStart(double firstDuration);
 
 private:
     void createLayout();

@@ -24,8 +24,12 @@ void SequencePage::plotPoints()
     const double firstDuration = points.field(QStringLiteral("durtime")).toDouble();
     for (std::int16_t i = 0; !points.isEof(); points.moveNext(), i = toInteger(i + 1.0))
         plottedValues_[static_cast<std::size_t>(i)] = points.field(QStringLiteral("current")).toDouble();
-    const QString start = firstDuration < 1 ? QStringLiteral("0:0:00.0000") : QStringLiteral("0:0:00");
-    graphSeq.plot(1).PlotY(plottedValues_, start, firstDuration * secondInDays);
+    graphSeq.plot(1).PlotY(plottedValues_, simulationStart(firstDuration), firstDuration * secondInDays);
+}
+
+QString SequencePage::simulationStart(double firstDuration)
+{
+    return firstDuration < 1 ? QStringLiteral("0:0:00.0000") : QStringLiteral("0:0:00");
 }
 
 void SequencePage::graphSeqClick()

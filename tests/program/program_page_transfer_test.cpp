@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program_page_test.h"
+#include "random_program_files.h"
 
 #include <QDir>
 
-#include <algorithm>
 #include <map>
 #include <random>
 #include <span>
@@ -22,27 +22,6 @@ const QString updating = "The Progress of Updating Program Setting";
 
 class ProgramPageTransferTest : public ProgramPageTest {
 protected:
-    /// A file with reserved bytes of its own and random steps whose times are at most so long, in 0.1 s.
-    QByteArray randomFile(int longestTime)
-    {
-        const auto upTo = [this](int highest) { return std::uniform_int_distribution<int>(0, highest)(random); };
-        ProgFileRecord record;
-        for (std::byte& byte : imageOf(record))
-            byte = static_cast<std::byte>(upTo(255));
-        for (ProgramBlock& block : record.programs)
-            for (std::size_t s = 0; s < 10; ++s) {
-                block.Memory[s] = static_cast<quint8>(upTo(119));
-                block.RunMode[s] = static_cast<quint8>(upTo(2));
-                for (auto* times : {&block.OnTimer, &block.OffTime, &block.PFTime, &block.ShortTime})
-                    (*times)[s] = static_cast<qint16>(upTo(3) == 0 ? 0 : upTo(longestTime));
-                block.ShortCH[s] = static_cast<qint16>(upTo(255));
-            }
-        for (std::size_t p = 0; p < 12; ++p)
-            record.ChainNext[p] = static_cast<quint8>(upTo(12));
-        record.ChainStart = static_cast<quint8>(upTo(11));
-        return finished(record);
-    }
-
     static QByteArray uploaded() { return stagingBytes(staging::programUpload); }
 
     /// Loads a file from the instrument, and sends afterwards.
@@ -77,12 +56,12 @@ protected:
         EXPECT_TRUE(page.frameProgress.visible());
     }
 
-    std::mt19937 random{11};
+    RandomProgramFiles files;
 };
 
 TEST_F(ProgramPageTransferTest, TheImportWithoutALinkAsksAndEndsWhateverTheAnswer)
 {
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         instrument.connected = true;
         logic([this] { page.InitProgramPage(); }); // enabled while the link stood
@@ -96,7 +75,7 @@ TEST_F(ProgramPageTransferTest, TheImportWithoutALinkAsksAndEndsWhateverTheAnswe
 
 TEST_F(ProgramPageTransferTest, TheImportReadsTheFetchedFileWithoutADialogAndEnablesTheTransfer)
 {
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     sPendingProgFile = "other.b";
 
     press(page.progLoad);
@@ -110,7 +89,7 @@ TEST_F(ProgramPageTransferTest, TheImportReadsTheFetchedFileWithoutADialogAndEna
 
 TEST_F(ProgramPageTransferTest, TheImportDeletesAnOlderFileBeforeTheFetchSoThatAFailedFetchLoadsNothing)
 {
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     instrument.FetchProgramFile();
     ASSERT_TRUE(fileExists(staging::program));
     instrument.onFetchProgramFile = [this] {
@@ -129,7 +108,7 @@ TEST_F(ProgramPageTransferTest, TheImportDeletesAnOlderFileBeforeTheFetchSoThatA
 
 TEST_F(ProgramPageTransferTest, TheFetchedFileStaysOnTheDisk)
 {
-    const QByteArray file = randomFile(255);
+    const QByteArray file = finished(files.record(255));
     loadAndSend(file);
     EXPECT_EQ(stagingBytes(staging::program), file);
     EXPECT_NE(uploaded(), QByteArray());
@@ -146,7 +125,7 @@ TEST_F(ProgramPageTransferTest, ASendWithoutALinkAnsweredWithNoDoesNothing)
 
 TEST_F(ProgramPageTransferTest, ASendWithoutALinkAnsweredWithYesEndsSilentlyWhenNoFileComes)
 {
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     instrument.FetchProgramFile(); // an older one, which must not be taken
     instrument.onFetchProgramFile = nullptr;
     page.progSend.setEnabled(true);
@@ -164,7 +143,7 @@ TEST_F(ProgramPageTransferTest, ASendWithoutALinkAnsweredWithYesEndsSilentlyWhen
 TEST_F(ProgramPageTransferTest, ASendOverAFetchedFileWithABadChecksumWritesNothing)
 {
     fillAll("AUTO,5,1,2.5,0,Off,1,0.01,1,1.0,17");
-    QByteArray bad = randomFile(255);
+    QByteArray bad = finished(files.record(255));
     bad[100] = static_cast<char>(bad[100] + 1);
     serve(bad);
     journal.clear();
@@ -180,7 +159,7 @@ TEST_F(ProgramPageTransferTest, ASendOverAFetchedFileWithABadChecksumWritesNothi
 TEST_F(ProgramPageTransferTest, AFileThatIsLoadedAndSentBackIsTheSameByteForByte)
 {
     for (int i = 0; i < 12; ++i) {
-        const QByteArray file = randomFile(255);
+        const QByteArray file = finished(files.record(255));
         loadAndSend(file);
         ASSERT_THAT(processExit.reports, IsEmpty());
         EXPECT_EQ(uploaded(), file) << i;
@@ -203,13 +182,13 @@ TEST_F(ProgramPageTransferTest, AFileWithATimeBeyondTwentyFiveAndAHalfSecondsLoa
 
 TEST_F(ProgramPageTransferTest, RandomFilesWithLongTimesMakeNoUploadFile)
 {
-    loadAndSend(randomFile(590));
+    loadAndSend(finished(files.record(590)));
     expectFatalBeforeTheUpload();
 }
 
 TEST_F(ProgramPageTransferTest, AnOlderUploadFileIsLeftAloneByASendThatEndsTheProgram)
 {
-    loadAndSend(randomFile(255));
+    loadAndSend(finished(files.record(255)));
     const QByteArray older = uploaded();
     cell(60).setTag("7,1,AUTO,0,1,59.9,1,1,1,1,1,1,5");
     press(page.progSend);
@@ -301,7 +280,7 @@ TEST_F(ProgramPageTransferTest, AnEmptyCellGetsTheValuesOfTheStepBefore)
 TEST_F(ProgramPageTransferTest, AnEmptyFirstStepWithoutAMemoryEndsTheProgram)
 {
     page.progSend.setEnabled(true);
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     press(page.progSend);
     expectFatalBeforeTheUpload();
 }
@@ -310,7 +289,7 @@ TEST_F(ProgramPageTransferTest, AFirstStepWithoutARunModeEndsTheProgram)
 {
     page.progSend.setEnabled(true);
     page.cmbMemory.setText("1");
-    serve(randomFile(255));
+    serve(finished(files.record(255)));
     press(page.progSend);
     expectFatalBeforeTheUpload();
 }
@@ -348,7 +327,7 @@ TEST_F(ProgramPageTransferTest, AnOlderUploadFileIsDeletedAndNotWrittenOver)
     const QString other = write("other", "other.txt");
     ASSERT_TRUE(QFile::link(other, realPath(staging::programUpload)));
 
-    loadAndSend(randomFile(255));
+    loadAndSend(finished(files.record(255)));
 
     EXPECT_EQ(contentOf(other), "other");
     EXPECT_EQ(uploaded().size(), 5580);
@@ -358,7 +337,7 @@ TEST_F(ProgramPageTransferTest, TheFileIsClosedAndWholeWhenTheInstrumentTakesIt)
 {
     qint64 size = 0;
     instrument.onSendProgramFile = [&] { size = uploaded().size(); };
-    loadAndSend(randomFile(255));
+    loadAndSend(finished(files.record(255)));
     EXPECT_EQ(size, 5580);
     EXPECT_THAT(instrument.calls, ElementsAre("FetchProgramFile", "FetchProgramFile", "SendProgramFile"));
     EXPECT_THAT(dialogs.shown, IsEmpty()) << "a success is silent";
@@ -427,7 +406,7 @@ TEST_F(ProgramPageTransferTest, TheTransferStaysDisabledAfterEditingAFreshPage)
 
 TEST_F(ProgramPageTransferTest, TheButtonsDoNotFollowALinkThatComesOrGoesLater)
 {
-    loadAndSend(randomFile(255));
+    loadAndSend(finished(files.record(255)));
     instrument.connected = false;
     clock.advance(5000);
     EXPECT_TRUE(page.progSend.enabled());
@@ -440,86 +419,6 @@ TEST_F(ProgramPageTransferTest, AnEventDuringTheTransferRunsAtTheYield)
     clock.at(clock.elapsed() + 5, [this] { cell(60).setTag("7,1,SKIP,5,1,2.5,0,Off,1,0.01,1,1.0,44"); });
     press(page.progSend);
     EXPECT_EQ(uploadedRecord().programs[6].Memory[0], 43);
-}
-
-/// What a file of any bytes does: it fills the page, is refused by its checksum, or ends the program at a list index or a
-/// ninth channel.
-class ProgramFileFuzzTest : public ProgramPageTransferTest {
-protected:
-    enum Outcome { Filled, Refused, Ended };
-
-    /// A page of its own, since a run that is over handles nothing any more.
-    Outcome outcomeOf(const QByteArray& bytes)
-    {
-        RecordedExit exit;
-        orb::Run fuzzRun(exit);
-        VirtualClock fuzzClock(fuzzRun);
-        ScriptedDialogs fuzzDialogs;
-        QString pending = write(bytes);
-        ProgramPage fuzzed(fuzzClock, fuzzDialogs, paths, instrument, dbMain, dialog, pending);
-        fuzzRun.enter([&] { fuzzed.InitProgramPage(); });
-        fuzzRun.enter([&] { fuzzed.progOpenClick(); });
-        int filled = 0;
-        for (const MemoryCell& step : fuzzed.txtMemSetting)
-            filled += !step.tag().isEmpty();
-        const bool checksum = !fuzzDialogs.shown.empty() && fuzzDialogs.shown.front().text == "Checksum Error";
-        if (exit.reports.empty())
-            EXPECT_EQ(filled, checksum ? 0 : 120);
-        else
-            EXPECT_THAT(exit.reports,
-                        ElementsAre(testing::AnyOf("Run-time error '380':\n\nInvalid property value",
-                                                   "Run-time error '340':\n\nControl array element doesn't exist")));
-        return !exit.reports.empty() ? Ended : checksum ? Refused : Filled;
-    }
-
-    int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
-
-    /// Changes some bytes of a good file, half of them within the programs and the chain.
-    QByteArray mutated(QByteArray bytes)
-    {
-        for (int changes = 1 + below(4); changes > 0; --changes)
-            bytes[below(2) ? 4116 + below(1464) : below(5580)] = static_cast<char>(below(256));
-        return bytes;
-    }
-
-    static QByteArray withChecksum(const QByteArray& bytes)
-    {
-        ProgFileRecord record{};
-        std::ranges::copy(std::as_bytes(std::span(bytes)), imageOf(record).begin());
-        return finished(record);
-    }
-};
-
-TEST_F(ProgramFileFuzzTest, AnyChangedFileEndsInOneOfTheDescribedResults)
-{
-    std::map<Outcome, int> outcomes;
-    for (int i = 0; i < 60; ++i) {
-        const QByteArray bytes = mutated(randomFile(700));
-        ++outcomes[outcomeOf(i % 3 == 0 ? bytes : withChecksum(bytes))];
-    }
-    EXPECT_GT(outcomes[Filled], 0);
-    EXPECT_GT(outcomes[Refused], 0);
-    EXPECT_GT(outcomes[Ended], 0);
-}
-
-TEST_F(ProgramFileFuzzTest, RandomBytesWithAGoodChecksumEndInOneOfTheDescribedResults)
-{
-    for (int i = 0; i < 20; ++i) {
-        QByteArray bytes(5580, '\0');
-        for (char& byte : bytes)
-            byte = static_cast<char>(below(256));
-        outcomeOf(withChecksum(bytes));
-    }
-}
-
-TEST_F(ProgramFileFuzzTest, AFileOfAnyOtherLengthEndsInOneOfTheDescribedResults)
-{
-    for (const int length : {0, 1, 3, 4, 5, 4115, 4116, 4126, 5555, 5557, 5572, 5579, 5581, 9000}) {
-        QByteArray bytes = randomFile(255);
-        bytes.resize(length, 'x');
-        const Outcome outcome = outcomeOf(bytes);
-        EXPECT_EQ(outcome, length > 5580 || length <= 1 ? Filled : Refused) << length;
-    }
 }
 
 } // namespace

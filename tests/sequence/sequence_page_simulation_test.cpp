@@ -114,6 +114,14 @@ TEST_F(SequencePageSimulationTest, AFirstDurationOfTwoSecondsIsTheStepInDays)
     EXPECT_THAT(plottedX(), ElementsAre(0, 2.0 / 86400, 4.0 / 86400));
 }
 
+TEST_F(SequencePageSimulationTest, AFirstDurationBelowASecondStartsWithAFractionAndOneOfASecondOrMoreWithout)
+{
+    EXPECT_EQ(SequencePage::simulationStart(0.5), "0:0:00.0000");
+    EXPECT_EQ(SequencePage::simulationStart(0.999), "0:0:00.0000");
+    EXPECT_EQ(SequencePage::simulationStart(1), "0:0:00");
+    EXPECT_EQ(SequencePage::simulationStart(2), "0:0:00");
+}
+
 TEST_F(SequencePageSimulationTest, ThreeRowsPlotTheirCurrentsAndAZero)
 {
     rows("(1,1,1,0,0),(2,1,2,0,0),(3,1,3,0,0)");
