@@ -36,13 +36,15 @@ constexpr qint64 fileHeader = 14;
 constexpr qint64 pictureHeader = 40;
 constexpr qint64 longestSide = 4096;
 
-/// Not a QSaveFile, which waits for the disk: a staging file need not outlive a failure of the power.
+/// Not a QSaveFile, which waits for the disk: a staging file need not outlive a failure of the power. The old file goes
+/// first, since ext4 writes a file out at once that is renamed over another. A folder in its place stays.
 bool replaceFile(const QString& path, const QByteArray& data)
 {
     QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
     if (!file.open() || file.write(data) != data.size() || !file.flush())
         return false;
     file.close();
+    QFile::remove(path);
     std::error_code failed;
     std::filesystem::rename(QFileInfo(file.fileName()).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
                             failed);
@@ -108,10 +110,7 @@ bool writeStagingFile(const QString& literal, const QByteArray& data) noexcept
     try {
         if (!prepareFolder())
             return false;
-        const QString path = realPath(literal);
-        if (!isStagingFile(path))
-            QFile::remove(path); // a folder in its place stays
-        return replaceFile(path, data);
+        return replaceFile(realPath(literal), data);
     } catch (...) {
         return false;
     }
