@@ -3,24 +3,67 @@
 
 #include "device_control.h"
 #include "form_orb.h"
+#include "program_instance.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
 
 #include <QApplication>
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace orb {
+
+namespace {
+
+constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
+
+/// Says that the program is running, after its window was asked for.
+void showRunning(const ProgramInstance& instance, RealDialogs& dialogs)
+{
+    constexpr int noticeMs = 5000;
+    const bool shown = instance.requestShow(qgetenv(activationToken));
+    const QString text = applicationTitle + QStringLiteral(" is running already.\n") +
+                         (shown ? QStringLiteral("Its window is in front now.")
+                                : QStringLiteral("Its window can't be reached: it may be another user's."));
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    dialogs.notice(text, noticeMs);
+}
+
+/// `token` lets the window take the focus where the desktop asks for a reason.
+void bringToFront(FormORB& form, const QByteArray& token)
+{
+    if (!form.isVisible())
+        return;
+    if (!token.isEmpty())
+        qputenv(activationToken, token);
+    form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+    form.raise();
+    form.activateWindow();
+}
+
+} // namespace
 
 int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjust)
 {
     const QApplication application(argc, argv);
     RealDialogs dialogs(applicationTitle);
+    const Paths paths(QCoreApplication::applicationDirPath());
+    ProgramInstance instance(paths.inApplication(QStringLiteral("\\orb.mdb")));
+    if (!instance.isFirst()) {
+        showRunning(instance, dialogs);
+        return EXIT_SUCCESS;
+    }
     RealSystemTools systemTools;
     RealProcessExit processExit(dialogs);
     Run run(processExit);
     RealClock clock(run);
-    const Paths paths(QCoreApplication::applicationDirPath());
     std::optional<DeviceControl> CORB;
     std::optional<FormORB> form;
+    instance.onShowRequest = [&form](const QByteArray& token) {
+        if (form)
+            bringToFront(*form, token);
+    };
     run.enter([&] { // so that a failure of the construction is reported too
         CORB.emplace(clock);
         form.emplace(clock, dialogs, paths, *CORB, systemTools);

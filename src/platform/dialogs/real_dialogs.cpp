@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -60,16 +61,29 @@ RealDialogs::RealDialogs(const QString& title) : title_(title) {}
 
 RealDialogs::~RealDialogs() = default;
 
-Answer RealDialogs::message(const QString& text, Icon icon, Buttons buttons)
+void RealDialogs::prepare(QMessageBox& box, const QString& text, Icon icon) const
 {
-    QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(title_);
     box.setText(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setIcon(qtIcon(icon));
+    box.setStandardButtons(QMessageBox::Ok);
+}
+
+void RealDialogs::notice(const QString& text, int ms)
+{
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, text, Icon::Information);
+    QTimer::singleShot(ms, &box, &QDialog::accept);
+    box.exec();
+}
+
+Answer RealDialogs::message(const QString& text, Icon icon, Buttons buttons)
+{
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, text, icon);
     if (buttons == Buttons::Ok) {
-        box.setStandardButtons(QMessageBox::Ok);
         box.exec();
         return Answer::Ok;
     }

@@ -7,6 +7,7 @@
 #include <memory>
 
 class QFileDialog;
+class QMessageBox;
 
 namespace orb {
 
@@ -26,7 +27,11 @@ public:
     bool showPrinter() override;
     Printer& printer() override;
 
+    /// A message that needs no answer: it closes after `ms` milliseconds, unless the operator closes it before.
+    void notice(const QString& text, int ms);
+
 private:
+    void prepare(QMessageBox& box, const QString& text, Icon icon) const;
     void prepare(QFileDialog& dialog) const;
     bool show(QFileDialog& dialog);
 

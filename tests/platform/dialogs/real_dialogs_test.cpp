@@ -96,6 +96,17 @@ TEST_F(RealDialogsTest, AMessageBoxShowsItsTextAsPlainTextUnderTheApplicationsTi
     EXPECT_EQ(dialogs.message("<b>first</b>\r\nsecond\nthird", Icon::None, Buttons::Ok), Answer::Ok);
 }
 
+TEST_F(RealDialogsTest, ANoticeClosesByItself)
+{
+    when<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "running");
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+    });
+
+    dialogs.notice("running", 20);
+}
+
 TEST_F(RealDialogsTest, EachIconIsShown)
 {
     const std::vector<std::pair<Icon, QMessageBox::Icon>> icons{{Icon::None, QMessageBox::NoIcon},
