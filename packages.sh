@@ -21,6 +21,16 @@ build_packages=(
     fonts-dejavu-core       # Qt brings no font of its own
 )
 
+# What the tests need besides: programs of others, which are run against the simulated instrument.
+test_packages=(
+    lxi-tools
+    sigrok-cli
+    socat                   # makes a serial line of a socket
+    python3-pyvisa
+    python3-pyvisa-py
+    python3-serial
+)
+
 # What a session without an X server needs besides.
 wayland_packages=(qt6-wayland)
 
