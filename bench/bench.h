@@ -61,6 +61,7 @@ public:
     bool showOpen() override { return false; }
     bool showSave() override { return false; }
     bool showPrinter() override { return false; }
+    bool showDocument(const QString&) override { return false; }
     Printer& printer() override { qFatal("no printer here"); }
 };
 

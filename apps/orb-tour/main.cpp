@@ -3,6 +3,7 @@
 // saves a picture of each page.
 #include "console_tour.h"
 #include "data_log_tour.h"
+#include "desktop.h"
 #include "device_control.h"
 #include "form_orb.h"
 #include "program_tour.h"
@@ -34,7 +35,7 @@ void createApplicationFolder(const QDir& application)
     QFile::link(beside.filePath(QStringLiteral("ICON")), application.filePath(QStringLiteral("ICON")));
 }
 
-int runTour(const QDir& out)
+int runTour(const QDir& out, bool isMaximized)
 {
     const QTemporaryDir folder;
     createApplicationFolder(QDir(folder.path()));
@@ -54,7 +55,7 @@ int runTour(const QDir& out)
         form.emplace(clock, dialogs, paths, *CORB, systemTools);
         form->setRowEnd(CORB->allOffBar);
         form->FormLoad();
-        form->show();
+        isMaximized ? form->showMaximized() : form->show();
     });
 
     Tour tour(out);
@@ -69,20 +70,9 @@ int runTour(const QDir& out)
 
 } // namespace
 
-/// Selects the offscreen platform where there is no display.
-void selectPlatform()
-{
-#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
-    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        if (qEnvironmentVariableIsSet(variable))
-            return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
-}
-
 int main(int argc, char** argv)
 {
-    selectPlatform();
+    const Desktop desktop(argc, argv);
     QStandardPaths::setTestModeEnabled(true); // the settings of the user stay as they are
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("orb-tour"));
@@ -92,12 +82,19 @@ int main(int argc, char** argv)
     const QCommandLineOption outOption(QStringLiteral("out"), QStringLiteral("The folder for pictures and files."),
                                        QStringLiteral("folder"), QStringLiteral("build/tour"));
     parser.addOption(outOption);
+    parser.addOptions(
+        {{QStringLiteral("screen"), QStringLiteral("The screen in pixels, which nobody sees."),
+          QStringLiteral("WIDTHxHEIGHT")},
+         {QStringLiteral("font"), QStringLiteral("The size of the desktop's font."), QStringLiteral("points")},
+         {QStringLiteral("dark"), QStringLiteral("A dark desktop.")},
+         {QStringLiteral("maximized"), QStringLiteral("The window fills the screen.")}});
     parser.process(application);
+    desktop.dress();
     const QDir out(QDir().absoluteFilePath(parser.value(outOption)));
     if (!QDir().mkpath(out.path()))
         return EXIT_FAILURE;
     try {
-        const int result = runTour(out);
+        const int result = runTour(out, desktop.isMaximized());
         std::printf("The pictures and files are in %s\n", qPrintable(out.path()));
         return result;
     } catch (const TourFailure& failure) {

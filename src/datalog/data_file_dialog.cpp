@@ -2,6 +2,7 @@
 #include "data_file_dialog.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 
 namespace orb {
 
@@ -19,6 +20,7 @@ DataFileDialog::DataFileDialog(QWidget* parent) : FloatingFrame({}, parent)
     for (ListBox* list : {&lstLogMain, &listLogDel, &lstProgFile}) { // the lists share one place
         grid->addWidget(list, 1, 0, 1, 3);
         list->setVisible(false);
+        QObject::connect(list, &QListWidget::itemDoubleClicked, this, [this] { enter(cmdOKDataLogFile.onClick); });
     }
     grid->setColumnStretch(0, 1);
     for (PictureButton* button : {&cmdOKDataLogFile, &cmdCancelDataLogFile})
@@ -36,6 +38,34 @@ void DataFileDialog::showOn(QWidget& page)
     move((page.width() - width()) / 2, pixels(topTwips));
     bringToFront();
     setVisible(true);
+}
+
+void DataFileDialog::focusOn(ListBox& list)
+{
+    QWidget* before = window()->focusWidget();
+    if (!isAncestorOf(before))
+        focusBefore_ = before;
+    list.setFocus();
+}
+
+void DataFileDialog::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter)
+        cmdOKDataLogFile.click();
+    else if (event->key() == Qt::Key_Escape)
+        cmdCancelDataLogFile.click();
+    else
+        FloatingFrame::keyPressEvent(event);
+}
+
+/// Qt would pass the focus to the control after the dialog.
+void DataFileDialog::hideEvent(QHideEvent* event)
+{
+    FloatingFrame::hideEvent(event);
+    if (focusBefore_ && focusBefore_->isVisible())
+        focusBefore_->setFocus();
+    focusBefore_ = nullptr;
 }
 
 /// The page must not delete the dialog with its other children.

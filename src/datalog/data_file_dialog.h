@@ -5,6 +5,8 @@
 #include "list_box.h"
 #include "picture_button.h"
 
+#include <QPointer>
+
 namespace orb {
 
 /// The small frame in which the operator selects a saved log, or a stored program, to open or to delete. The tag of
@@ -22,9 +24,18 @@ public:
 
     /// Shows it on a page, in front of all controls there. Either may be destroyed before the other.
     void showOn(QWidget& page);
+    /// The keys go to that list from now on: Enter and a double click on a line press OK, Escape presses Cancel. When
+    /// the dialog is hidden, the focus goes back to where it was.
+    void focusOn(ListBox& list);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void moveTo(QWidget& page);
+
+    QPointer<QWidget> focusBefore_;
 };
 
 } // namespace orb

@@ -95,6 +95,7 @@ void DataLogPage::offerLogs(ListBox& list, const QString& title, const QString& 
     }
     list.setVisible(true);
     list.bringToFront(); // the lists share one place
+    FrameDataFileOperate.focusOn(list);
 }
 
 void DataLogPage::cmdOKDataLogFileClick()

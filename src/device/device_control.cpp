@@ -48,7 +48,11 @@ void DeviceControl::wire()
     allOffBar.cmdAllOff.onClick = [this] { cmdAllOffClick(); };
     controlPage.onChange = [this](int channel, const ChannelChange& change) { this->change(channel, change); };
     changes_.onSent = [this](const QByteArray& line) { lineSent(line); };
-    controlPage.cmdGoToConnect.onClick = [this] { ShowConnectPage(); };
+    controlPage.cmdGoToConnect.onClick = [this] {
+        ShowConnectPage();
+        if (onConnectPage)
+            onConnectPage();
+    };
     connectPage.onConnect = [this](const QString& resourceName, const QStringList& choices) {
         connectTo(resourceName, choices);
     };

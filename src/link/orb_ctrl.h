@@ -14,6 +14,9 @@ namespace orb {
 /// page. No member throws: each fails by its result (false, an empty text, a missing file).
 class ORBCtrl : public Control<QWidget> {
 public:
+    /// The control went to its Connect page by a button of its own.
+    std::function<void()> onConnectPage;
+
     explicit ORBCtrl(QWidget* parent = nullptr) : Control<QWidget>(parent) {}
 
     /// Sends one command line, given without line end, and returns as soon as it is on its way. An empty line is sent as

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memory_cell.h"
 
+#include "focus_ring.h"
 #include "run_modes.h"
 
 #include <QKeyEvent>
@@ -96,10 +97,11 @@ void MemoryCell::paintEvent(QPaintEvent*)
     drawTexts(painter);
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
-        painter.drawRect(rect().adjusted(1, 1, -2, -2));
-    }
+    if (!hasFocus())
+        return;
+    painter.setPen(Qt::white); // between the outline and a dark cell
+    painter.drawRect(rect().adjusted(2, 2, -3, -3));
+    drawFocusRing(painter, rect(), palette());
 }
 
 void MemoryCell::mousePressEvent(QMouseEvent*)

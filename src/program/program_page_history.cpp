@@ -65,6 +65,7 @@ void ProgramPage::offerCases(const QString& tag, const QColor& color, const QStr
     FrameDataFileOperate_.showOn(*this);
     FrameDataFileOperate_.lblLogTitle.setCaption(title);
     FrameDataFileOperate_.cmdOKDataLogFile.setTag(QStringLiteral("PROCROGRAM"));
+    FrameDataFileOperate_.focusOn(list);
 }
 
 void ProgramPage::ApplyProgramHistory()

@@ -33,6 +33,7 @@ FormORB::FormORB(Clock& clock, Dialogs& dialogs, const Paths& paths, ORBCtrl& CO
     layoutPageButtons();
     layoutGroups();
     wire();
+    createKeys();
 }
 
 /// The form does not own the instrument control, nor what stands at the end of the row.
@@ -106,6 +107,7 @@ void FormORB::wire()
     pageAbout.onClick = [this] { pageAboutClick(); };
     pageExit.onClick = [this] { pageExitClick(); };
     pageDisplay.onClick = [this] { pageDisplayClick(); };
+    CORB_.onConnectPage = [this] { markPage(pageConnect); };
     frmDatalog.ApplyProgramHistory = [this] { fraProgram.ApplyProgramHistory(); };
     fraDisplay.onMouseMove = [this] { setCursor(Qt::ArrowCursor); };
     onActivate = [this] { bFullScrMode = false; };

@@ -67,6 +67,9 @@ public:
     void pageExitClick();
     void pageDisplayClick();
 
+    /// Shows the manual in the program that the desktop has for it; F1 does so.
+    void openManual();
+
     /// Erases the first two buffers of the data log and its graph. Nothing calls it.
     void ClearGraphSeq();
 
@@ -75,7 +78,9 @@ private:
     void layoutRowEnd();
     void layoutGroups();
     void wire();
-    void place(QWidget& group, int top);
+    void createKeys();
+    void place(QWidget& group, int top, PictureButton& button);
+    void markPage(const PictureButton& shown);
     void fitHeight(const QWidget& group);
     void fitWidth(int width);
     void resizeWindow(QSize size);

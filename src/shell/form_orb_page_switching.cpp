@@ -30,13 +30,22 @@ void hideGroups(std::initializer_list<QWidget*> groups)
 
 } // namespace
 
-/// Puts a group in front, at the fixed place and in its design size.
-void FormORB::place(QWidget& group, int top)
+/// Puts a group in front, at the fixed place and in its design size, and marks the button of its page.
+void FormORB::place(QWidget& group, int top, PictureButton& button)
 {
     shown_ = nullptr;
+    markPage(button);
     group.raise();
     group.resize(designSizes_.at(&group));
     group.move(pixels(groupLeft), pixels(top));
+}
+
+/// The button of the page that is shown is marked, and no other.
+void FormORB::markPage(const PictureButton& shown)
+{
+    for (PictureButton* button :
+         {&pageConnect, &pageControl, &pageCommand, &pageWave, &pageSequence, &PageProgram, &pageDisplay})
+        button->setMarked(button == &shown);
 }
 
 void FormORB::fitHeight(const QWidget& group)
@@ -93,7 +102,7 @@ void FormORB::pageControlClick()
     stopIfEnabled(fraCommand.cmdStop);
     hideGroups({&frmDatalog, &fraDisplay, &fraSequence, &fraProgram});
     CORB_.setVisible(true);
-    place(CORB_, controlTop);
+    place(CORB_, controlTop, pageControl);
     hideGroups({&fraCommand});
     fitHeight(CORB_);
     CORB_.ShowControlPage();
@@ -106,7 +115,7 @@ void FormORB::pageConnectClick()
     stopIfEnabled(fraDisplay.dispStop);
     hideGroups({&frmDatalog, &fraDisplay, &fraSequence, &fraProgram});
     CORB_.setVisible(true);
-    place(CORB_, controlTop);
+    place(CORB_, controlTop, pageConnect);
     hideGroups({&fraCommand});
     fitHeight(CORB_);
     CORB_.ShowConnectPage();
@@ -122,7 +131,7 @@ void FormORB::pageDisplayClick()
                     CORB_.PanelActive(false);
                     hideGroups({&CORB_, &fraSequence, &frmDatalog, &fraProgram, &fraCommand});
                     fraDisplay.setVisible(true);
-                    place(fraDisplay, frameTop);
+                    place(fraDisplay, frameTop, pageDisplay);
                 },
                 [this] { fraDisplay.RefreshDisplayPage(); }, [this] { fit(fraDisplay, usualWidth); });
 }
@@ -134,7 +143,7 @@ void FormORB::pageCommandClick()
     CORB_.PanelActive(false);
     hideGroups({&frmDatalog, &fraSequence, &fraProgram});
     fraCommand.setVisible(true);
-    place(fraCommand, frameTop);
+    place(fraCommand, frameTop, pageCommand);
     hideGroups({&fraDisplay, &CORB_});
     fraCommand.RefreshCommandPage();
     fit(fraCommand, usualWidth);
@@ -148,7 +157,7 @@ void FormORB::pageWaveClick()
     CORB_.PanelActive(false);
     hideGroups({&fraSequence, &fraDisplay, &fraCommand, &fraProgram, &CORB_});
     frmDatalog.RefreshDataLogPage();
-    place(frmDatalog, frameTop);
+    place(frmDatalog, frameTop, pageWave);
     fit(frmDatalog, dataLogWidth);
 }
 
@@ -160,7 +169,7 @@ void FormORB::pageSequenceClick()
     stopIfEnabled(fraCommand.cmdStop);
     CORB_.PanelActive(false);
     hideGroups({&frmDatalog, &fraDisplay, &fraCommand, &fraProgram, &CORB_});
-    place(fraSequence, frameTop);
+    place(fraSequence, frameTop, pageSequence);
     fraSequence.ResetSequencePage();
     fit(fraSequence, usualWidth);
 }
@@ -173,7 +182,7 @@ void FormORB::PageProgramClick()
     CORB_.PanelActive(false);
     hideGroups({&frmDatalog, &fraSequence, &fraCommand, &fraDisplay, &CORB_});
     fraProgram.setVisible(true);
-    place(fraProgram, frameTop);
+    place(fraProgram, frameTop, PageProgram);
     fraProgram.InitProgramPage();
     fit(fraProgram, usualWidth);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_file_dialog.h"
 #include "form_test.h"
+#include "press.h"
 
 using namespace orb;
 
@@ -104,6 +105,67 @@ TEST_F(DataFileDialogTest, ThePageThatItIsShownOnMayGoFirst)
     dialog.showOn(page);
     EXPECT_EQ(dialog.parentWidget(), &page);
     EXPECT_TRUE(dialog.visible());
+}
+
+/// The dialog as it is open for a log to open, with what its buttons do written down.
+class DataFileDialogKeysTest : public DataFileDialogTest {
+protected:
+    DataFileDialogKeysTest()
+    {
+        opener.setParent(&page);
+        dialog.cmdOKDataLogFile.onClick = [this] { done << "OK " + dialog.lstLogMain.selectedText(); };
+        dialog.cmdCancelDataLogFile.onClick = [this] {
+            done << "Cancel";
+            dialog.setVisible(false);
+        };
+        dialog.lstLogMain.addItems({"a", "b"});
+        form.show();
+        giveFocus(opener);
+        dialog.showOn(page);
+        dialog.lstLogMain.setVisible(true);
+        dialog.focusOn(dialog.lstLogMain);
+        QCoreApplication::processEvents();
+    }
+
+    PictureButton opener{"Open"};
+    QStringList done;
+};
+
+TEST_F(DataFileDialogKeysTest, TheArrowKeysSelectALineAndEnterPressesOk)
+{
+    EXPECT_TRUE(dialog.lstLogMain.hasFocus());
+    hitKey(dialog.lstLogMain, Qt::Key_Down);
+    hitKey(dialog.lstLogMain, Qt::Key_Down);
+    hitKey(dialog.lstLogMain, Qt::Key_Return);
+    hitKey(dialog.lstLogMain, Qt::Key_Up);
+    hitKey(dialog.lstLogMain, Qt::Key_Enter);
+    EXPECT_THAT(done, testing::ElementsAre("OK b", "OK a"));
+}
+
+TEST_F(DataFileDialogKeysTest, ADoubleClickOnALinePressesOkAndOneBelowTheLinesDoesNot)
+{
+    doubleClick(dialog.lstLogMain, 1);
+    EXPECT_THAT(done, testing::ElementsAre("OK b"));
+    const QPoint below(20, dialog.lstLogMain.viewport()->height() - 5);
+    QMouseEvent press(QEvent::MouseButtonDblClick, below, dialog.lstLogMain.viewport()->mapToGlobal(below),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(dialog.lstLogMain.viewport(), &press);
+    EXPECT_EQ(done.size(), 1);
+}
+
+TEST_F(DataFileDialogKeysTest, EscapePressesCancelAndTheFocusGoesBackToWhereItWas)
+{
+    dialog.focusOn(dialog.lstLogMain); // opened a second time
+    hitKey(dialog.lstLogMain, Qt::Key_Escape);
+    EXPECT_THAT(done, testing::ElementsAre("Cancel"));
+    EXPECT_TRUE(opener.hasFocus());
+}
+
+TEST_F(DataFileDialogKeysTest, OtherKeysPressNothing)
+{
+    hitKey(dialog.lstLogMain, Qt::Key_A);
+    hitKey(dialog.lstLogMain, Qt::Key_Tab);
+    EXPECT_TRUE(done.isEmpty());
 }
 
 } // namespace

@@ -126,6 +126,9 @@ TEST_F(MemoryCellTest, TheCellWithTheFocusIsDrawnDifferently)
     ASSERT_TRUE(cell.hasFocus());
 
     EXPECT_NE(cell.grab().toImage(), before);
+    const QImage focused = cell.grab().toImage();
+    EXPECT_EQ(focused.pixelColor(1, 12), cell.palette().color(QPalette::Highlight));
+    EXPECT_EQ(focused.pixelColor(2, 12), QColor(Qt::white));
 }
 
 } // namespace

@@ -28,12 +28,12 @@ TEST_F(FormORBTest, TheFormAndItsPageButtonsHaveTheirTextsPicturesAndPlaces)
 
     const QStringList expected{
         "ZN ORB Device[DisConnected]",
-        "Connect||PageConnect.png|120 0 1005 975||",
-        "Control||A3RMTCTRLSTOP.JPG|1125 0 1005 975||",
-        "Command||PageCommand.png|2130 0 1005 975||",
-        "Data Log||PageDataLog.png|3135 0 1005 975||",
-        "Sequence||PageSequence.png|4140 0 1005 975||",
-        "Program||PageProgram.png|5145 0 1005 975||",
+        "Connect|Connect (Ctrl+1)|PageConnect.png|120 0 1005 975||",
+        "Control|Control (Ctrl+2)|A3RMTCTRLSTOP.JPG|1125 0 1005 975||",
+        "Command|Command (Ctrl+3)|PageCommand.png|2130 0 1005 975||",
+        "Data Log|Data Log (Ctrl+4)|PageDataLog.png|3135 0 1005 975||",
+        "Sequence|Sequence (Ctrl+5)|PageSequence.png|4140 0 1005 975||",
+        "Program|Program (Ctrl+6)|PageProgram.png|5145 0 1005 975||",
         "About||PageAbout.png|6150 0 1005 975||",
         "Exit||PageExit.png|7155 0 1005 975||",
         "Display||PageDisplay.png|8160 0 1005 975|hidden|",

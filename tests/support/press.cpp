@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,27 @@ bool isReachable(const QWidget& control)
             widget->testAttribute(Qt::WA_ForceDisabled))
             return false;
     return control.isEnabled();
+}
+
+void hitKey(QWidget& focused, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    giveFocus(focused);
+    QTest::keyClick(&focused, key, modifiers);
+}
+
+void giveFocus(QWidget& control)
+{
+    control.activateWindow();
+    QCoreApplication::processEvents();
+    control.setFocus();
+    ASSERT_TRUE(control.hasFocus());
+}
+
+void doubleClick(ListBox& list, int line)
+{
+    const QPoint at = list.visualItemRect(list.item(line)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
 }
 
 void pick(ComboBox& combo, const QString& item)

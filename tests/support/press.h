@@ -18,6 +18,15 @@ template <typename Button> void press(Button& button)
         button.click();
 }
 
+/// The operator presses a key while that control has the focus, in the active window. Shortcuts see it first.
+void hitKey(QWidget& focused, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// Makes the window the active one and gives the control the focus.
+void giveFocus(QWidget& control);
+
+/// The operator double-clicks a line of a list.
+void doubleClick(ListBox& list, int line);
+
 /// The operator picks an item of a drop-down list.
 void pick(ComboBox& combo, const QString& item);
 

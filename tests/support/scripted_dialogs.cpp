@@ -62,4 +62,10 @@ bool ScriptedDialogs::showPrinter()
     return printerAccepted;
 }
 
+bool ScriptedDialogs::showDocument(const QString& path)
+{
+    write(QStringLiteral("document %1").arg(path));
+    return documentsCanBeShown;
+}
+
 } // namespace orb

@@ -48,6 +48,7 @@ public:
     std::vector<ShownFileDialog> fileDialogs;
     int printerDialogs = 0;
     bool printerAccepted = true;
+    bool documentsCanBeShown = true;
     RecordedPrinter recordedPrinter;
     /// Called while the printer dialog is up.
     std::function<void()> onPrinterDialog;
@@ -60,6 +61,7 @@ public:
     bool showOpen() override { return showFile(QStringLiteral("open")); }
     bool showSave() override { return showFile(QStringLiteral("save")); }
     bool showPrinter() override;
+    bool showDocument(const QString& path) override;
     Printer& printer() override { return recordedPrinter; }
 
 private:

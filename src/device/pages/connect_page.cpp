@@ -36,6 +36,8 @@ ConnectPage::ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings&
     cmdConnect.onClick = [this] { cmdConnectClick(); };
     QObject::connect(cmbAddress.lineEdit(), &QLineEdit::returnPressed, this,
                      [this] { enter([this] { cmdConnectClick(); }); });
+    cmdCancel.setToolTip(QStringLiteral("End the attempt (Esc)"));
+    QObject::connect(&keyCancel_, &QShortcut::activated, this, [this] { cmdCancel.click(); });
 }
 
 void ConnectPage::createLayout()
@@ -221,6 +223,7 @@ void ConnectPage::display(const InstrumentLink& link, const QString& resourceNam
     options_.setEnabled(down);
     cmdConnect.setEnabled(down);
     cmdCancel.setEnabled(link.isConnecting());
+    keyCancel_.setEnabled(link.isConnecting());
     cmdDisconnect.setEnabled(link.stage() == InstrumentLink::Stage::Up);
     if (hadFocus)
         keepFocus(link.stage());

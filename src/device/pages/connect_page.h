@@ -7,6 +7,8 @@
 #include "picture_button.h"
 #include "status_label.h"
 
+#include <QShortcut>
+
 namespace orb {
 
 /// The connection page: the kind and address of the link, its state, and the connected instrument.
@@ -68,6 +70,7 @@ private:
     const LinkSettings& settings_;
     StatusLine linkStatus_;
     QString inputError_;
+    QShortcut keyCancel_{QKeySequence(Qt::Key_Escape), this}; ///< wherever the focus is while the page is shown
     QWidget* focusWhenDown_ = nullptr; // the control that had the focus when the connecting began
     std::array<Label, LinkKind::mostOptions> optionTitles_;
     std::array<Label, 6> captions_;

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "list_box.h"
 
+#include "focus_ring.h"
+
 #include <QKeyEvent>
+
+#include <algorithm>
 
 namespace orb {
 
@@ -119,9 +123,28 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
         enter(onDblClick);
 }
 
+/// Without a selection an arrow key selects the line at which the focus stands, which Qt would leave for the next one.
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    handleEvent([&] { QListWidget::keyPressEvent(event); });
+    const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    handleEvent([&] {
+        if (isArrow && listIndex() < 0 && count() > 0)
+            select(std::max(currentRow(), 0));
+        else
+            QListWidget::keyPressEvent(event);
+    });
+}
+
+void ListBox::paintEvent(QPaintEvent* event)
+{
+    QListWidget::paintEvent(event);
+    drawFocusRing(*this);
+}
+
+void ListBox::scrollContentsBy(int dx, int dy)
+{
+    QListWidget::scrollContentsBy(dx, dy);
+    viewport()->update();
 }
 
 } // namespace orb

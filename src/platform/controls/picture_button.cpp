@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picture_button.h"
 
+#include "focus_ring.h"
 #include "picture.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyleOptionToolButton>
 
 #include <cmath>
 
 namespace orb {
+
+namespace {
+constexpr int markHeight = 4;
+} // namespace
 
 PictureButton::PictureButton(const QString& caption, QWidget* parent) : Control<QToolButton>(parent)
 {
@@ -60,6 +66,23 @@ void PictureButton::initStyleOption(QStyleOptionToolButton* option) const
 {
     Control<QToolButton>::initStyleOption(option);
     option->text = shownCaption();
+}
+
+void PictureButton::setMarked(bool marked)
+{
+    setCheckable(true); // assistive tools report the mark too
+    setChecked(marked);
+}
+
+/// The mark is a bar along the lower edge, so that it is seen in any style of the desktop.
+void PictureButton::paintEvent(QPaintEvent* event)
+{
+    Control<QToolButton>::paintEvent(event);
+    QPainter painter(this);
+    if (marked())
+        painter.fillRect(3, height() - markHeight - 2, width() - 6, markHeight, palette().color(QPalette::Highlight));
+    if (hasFocus())
+        drawFocusRing(painter, rect(), palette());
 }
 
 /// Enter presses the button as the space bar does.

@@ -25,9 +25,15 @@ public:
     /// Shows the caption on two lines, broken at the blank that is nearest to its middle.
     void setOnTwoLines(bool onTwoLines);
 
+    /// A marked button shows that what it stands for is in force. A press does not change the mark.
+    void setMarked(bool marked);
+    bool marked() const { return isChecked(); }
+
     QSize sizeHint() const override;
 
 protected:
+    void nextCheckState() override {}
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void initStyleOption(QStyleOptionToolButton* option) const override;
 

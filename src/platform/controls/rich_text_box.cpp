@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "rich_text_box.h"
 
+#include "focus_ring.h"
 #include "text_file.h"
 
 #include <QTextCursor>
@@ -39,6 +40,30 @@ void RichTextBox::saveFile(const QString& literal) const
     const QByteArray content = richText(text_);
     file.write({content.constData(), static_cast<std::size_t>(content.size())});
     file.close();
+}
+
+void RichTextBox::focusInEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    viewport()->update();
+}
+
+void RichTextBox::focusOutEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    viewport()->update();
+}
+
+void RichTextBox::paintEvent(QPaintEvent* event)
+{
+    QPlainTextEdit::paintEvent(event);
+    drawFocusRing(*this);
+}
+
+void RichTextBox::scrollContentsBy(int dx, int dy)
+{
+    QPlainTextEdit::scrollContentsBy(dx, dy);
+    viewport()->update();
 }
 
 QByteArray richText(const QString& text)

@@ -23,6 +23,12 @@ public:
     /// Writes the text as a rich text file. Throws as `OutputFile` does.
     void saveFile(const QString& literal) const;
 
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
 private:
     QString text_;
 };

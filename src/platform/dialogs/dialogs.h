@@ -29,7 +29,8 @@ public:
 
     virtual ~Dialogs() = default;
 
-    /// A message box. A line end in `text` may be CR LF or LF. Closed by its frame, Yes and No count as No.
+    /// A message box. A line end in `text` may be CR LF or LF. Yes and No stand on No: that is what Enter answers, and
+    /// what counts when the box is closed by its frame.
     virtual Answer message(const QString& text, Icon icon = Icon::None, Buttons buttons = Buttons::Ok) = 0;
 
     /// `CommonDialog1` in its open and in its save form. False on Cancel.
@@ -37,6 +38,8 @@ public:
     virtual bool showSave() = 0;
     /// The system's printer dialog, which sets up `printer`. False on Cancel, which leaves the printer unchanged.
     virtual bool showPrinter() = 0;
+    /// Shows a document in the program that the desktop has for it, and does not wait. False where there is none.
+    virtual bool showDocument(const QString& path) = 0;
 
     /// The printer, as the dialog last set it up.
     virtual Printer& printer() = 0;

@@ -5,10 +5,12 @@
 #include "real_printer.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QTimer>
+#include <QUrl>
 
 #include <cstdio>
 #include <cstdlib>
@@ -88,6 +90,7 @@ Answer RealDialogs::message(const QString& text, Icon icon, Buttons buttons)
         return Answer::Ok;
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
@@ -145,6 +148,11 @@ bool RealDialogs::showPrinter()
     printer();
     QPrintDialog dialog(&printer_->device(), QApplication::activeWindow());
     return dialog.exec() == QDialog::Accepted;
+}
+
+bool RealDialogs::showDocument(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void RealProcessExit::report(const QString& text)

@@ -25,6 +25,7 @@ public:
     bool showOpen() override;
     bool showSave() override;
     bool showPrinter() override;
+    bool showDocument(const QString& path) override;
     Printer& printer() override;
 
     /// A message that needs no answer: it closes after `ms` milliseconds, unless the operator closes it before.

@@ -2,6 +2,7 @@
 #include "db_grid.h"
 
 #include "cell_delegate.h"
+#include "focus_ring.h"
 #include "grid_model.h"
 
 #include <QClipboard>
@@ -72,6 +73,18 @@ void DBGrid::changeEvent(QEvent* event)
     Control<QTableView>::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         setRowHeight();
+}
+
+void DBGrid::paintEvent(QPaintEvent* event)
+{
+    Control<QTableView>::paintEvent(event);
+    drawFocusRing(*this);
+}
+
+void DBGrid::scrollContentsBy(int dx, int dy)
+{
+    Control<QTableView>::scrollContentsBy(dx, dy);
+    viewport()->update();
 }
 
 // Columns

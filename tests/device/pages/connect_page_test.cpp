@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device_control_fixture.h"
 #include "page_texts.h"
+#include "text_box.h"
 
 #include <QApplication>
 #include <QFile>
@@ -53,7 +54,7 @@ Kind of &link
 []
 For example anything
 Connect
-Cancel
+Cancel | End the attempt (Esc)
 Disconnect
 Not connected. Choose the link and press Connect.
 Instrument
@@ -72,7 +73,7 @@ Kind of &link
 [needs no address]
 Runs inside this program: nothing to plug in.
 Connect
-Cancel
+Cancel | End the attempt (Esc)
 Disconnect
 Not connected. Choose the link and press Connect.
 Instrument
@@ -138,7 +139,7 @@ Baud rate
 Parity
 [None,Even] | Parity
 Connect
-Cancel
+Cancel | End the attempt (Esc)
 Disconnect
 Not connected. Choose the link and press Connect.
 Instrument
@@ -257,6 +258,36 @@ TEST_F(ConnectPageTest, ConnectingCanBeCancelledWhileTheLinkOpens)
     EXPECT_EQ(offered(), "Connect");
     clock.advance(60'000);
     EXPECT_EQ(status(), "Connecting was cancelled.");
+}
+
+TEST_F(ConnectPageTest, EscapeCancelsConnectingWhereverTheFocusIsAndNothingElse)
+{
+    TextBox elsewhere;
+    put(elsewhere).show();
+    line.opensAfter = std::nullopt;
+    hitKey(elsewhere, Qt::Key_Escape);
+    EXPECT_EQ(status(), "Not connected. Choose the link and press Connect.");
+    connectScripted();
+    clock.advance(1000);
+    EXPECT_EQ(status(), "Connecting to load...");
+
+    hitKey(elsewhere, Qt::Key_Escape);
+
+    EXPECT_EQ(status(), "Connecting was cancelled.");
+    EXPECT_EQ(offered(), "Connect");
+}
+
+TEST_F(ConnectPageTest, EscapeOnTheControlPageLeavesTheConnectingAlone)
+{
+    line.opensAfter = std::nullopt;
+    connectScripted();
+    control->ShowControlPage();
+    TextBox elsewhere;
+    put(elsewhere).show();
+
+    hitKey(elsewhere, Qt::Key_Escape);
+
+    EXPECT_EQ(status(), "Connecting to load...");
 }
 
 TEST_F(ConnectPageTest, ConnectingCanBeCancelledWhileTheIdentityIsAwaited)

@@ -104,7 +104,10 @@ TEST_F(ControlPageTest, WithoutALinkThePageLeadsToTheConnectPage)
     EXPECT_TRUE(page().cards.empty());
     EXPECT_TRUE(isReachable(page().cmdGoToConnect));
     EXPECT_EQ(page().lblNoLink.caption(), "Not connected. Choose the link and press Connect.");
+    int timesNotified = 0;
+    control->onConnectPage = [&] { ++timesNotified; };
     press(page().cmdGoToConnect);
+    EXPECT_EQ(timesNotified, 1);
     EXPECT_TRUE(control->connectPage.isVisible());
     EXPECT_FALSE(page().isVisible());
 }

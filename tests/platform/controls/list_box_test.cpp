@@ -180,4 +180,55 @@ TEST_F(ListBoxTest, ClearingRunsNoHandler)
     EXPECT_THAT(clicked, IsEmpty());
 }
 
+TEST_F(ListBoxTest, WithoutASelectionAnArrowKeySelectsTheFirstLine)
+{
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
+        list.setListIndex(-1);
+        clicked.clear();
+        hitKey(list, key);
+        EXPECT_EQ(list.listIndex(), 0);
+        EXPECT_THAT(clicked, ElementsAre("a"));
+    }
+    hitKey(list, Qt::Key_Down);
+    EXPECT_EQ(list.listIndex(), 1);
+    list.clear();
+    hitKey(list, Qt::Key_Down);
+    EXPECT_EQ(list.listIndex(), -1);
+}
+
+TEST_F(ListBoxTest, TheFocusIsAnOutlineAndTheSelectionIsFilled)
+{
+    ListBox other;
+    put(other);
+    other.show();
+    const QColor accent = list.palette().color(QPalette::Highlight);
+    const auto pixel = [&](QPoint at) { return list.viewport()->grab().toImage().pixelColor(at); };
+    const QPoint lineEnd(150, static_cast<int>(row(1).y()));
+    const QPoint edge(1, 150);
+    giveFocus(list);
+    EXPECT_EQ(pixel(edge), accent);
+    EXPECT_NE(pixel(lineEnd), accent);
+
+    list.setListIndex(1);
+    giveFocus(other);
+
+    EXPECT_NE(pixel(edge), accent);
+    EXPECT_EQ(pixel(lineEnd), accent);
+}
+
+TEST_F(ListBoxTest, TheOutlineOfTheFocusStaysInPlaceWhileTheListScrolls)
+{
+    for (int i = 0; i < 50; ++i)
+        list.addItem(QString::number(i));
+    giveFocus(list);
+    QImage shown(list.size(), QImage::Format_RGB32);
+    list.render(&shown);
+    list.scrollToBottom();
+    QCoreApplication::processEvents();
+    const QImage scrolled = list.viewport()->grab().toImage();
+    for (const int y : {40, 80, 120})
+        EXPECT_NE(scrolled.pixelColor(100, y), list.palette().color(QPalette::Highlight));
+    EXPECT_EQ(scrolled.pixelColor(1, 100), list.palette().color(QPalette::Highlight));
+}
+
 } // namespace

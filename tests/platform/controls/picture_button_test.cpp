@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "control_fixture.h"
 #include "picture_button.h"
+#include "press.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -121,6 +122,44 @@ TEST_F(PictureButtonTest, TheLinesOfACaptionOnTwoLinesAreDrawnBeneathEachOther)
     const QImage twoLines = button.grab().toImage();
     button.setOnTwoLines(false);
     EXPECT_NE(button.grab().toImage(), twoLines);
+}
+
+TEST_F(PictureButtonTest, AMarkIsShownAndAPressDoesNotChangeIt)
+{
+    PictureButton button("Control");
+    put(button).resize(67, 65);
+    form.show();
+    const QColor mark = button.palette().color(QPalette::Highlight);
+    const auto lowerEdge = [&] { return button.grab().toImage().pixelColor(33, 60); };
+    EXPECT_NE(lowerEdge(), mark);
+
+    button.setMarked(true);
+    EXPECT_EQ(lowerEdge(), mark);
+    button.click();
+    EXPECT_TRUE(button.marked());
+    button.setMarked(false);
+    button.click();
+
+    EXPECT_FALSE(button.marked());
+    EXPECT_NE(lowerEdge(), mark);
+}
+
+TEST_F(PictureButtonTest, TheButtonWithTheFocusHasAnOutlineAndNoMark)
+{
+    PictureButton button("Control");
+    PictureButton other;
+    put(button).resize(67, 65);
+    put(other);
+    form.show();
+    const QColor ring = button.palette().color(QPalette::Highlight);
+    const auto edge = [&] { return button.grab().toImage().pixelColor(1, 30); };
+    giveFocus(other);
+    EXPECT_NE(edge(), ring);
+
+    giveFocus(button);
+
+    EXPECT_EQ(edge(), ring);
+    EXPECT_NE(button.grab().toImage().pixelColor(33, 60), ring);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "control_fixture.h"
+#include "press.h"
 #include "rich_text_box.h"
 
 #include <QTemporaryDir>
@@ -74,6 +75,21 @@ TEST_F(RichTextBoxTest, RichTextIsAsciiAlone)
     EXPECT_TRUE(richText(QString(QChar(0x80))).contains("\\u128?"));
     EXPECT_TRUE(richText(QString(QChar(0xFFFD))).contains("\\u-3?"));
     EXPECT_FALSE(richText(QString(QChar(1))).contains('\1'));
+}
+
+TEST_F(RichTextBoxTest, TheFocusIsAnOutline)
+{
+    RichTextBox box;
+    RichTextBox other;
+    put(other);
+    put(box).resize(200, 100);
+    form.show();
+    const QColor accent = box.palette().color(QPalette::Highlight);
+    const auto edge = [&] { return box.viewport()->grab().toImage().pixelColor(1, 50); };
+    giveFocus(other);
+    EXPECT_NE(edge(), accent);
+    giveFocus(box);
+    EXPECT_EQ(edge(), accent);
 }
 
 } // namespace

@@ -64,6 +64,15 @@ protected:
         return file.fileName();
     }
 
+    /// Presses Enter in the message box.
+    void pressEnter()
+    {
+        when<QMessageBox>([](QMessageBox& box) {
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+            QApplication::sendEvent(&box, &enter);
+        });
+    }
+
     QTemporaryDir folder;
     RealDialogs dialogs{"ZN ORB Device"};
 
@@ -289,6 +298,24 @@ TEST_F(RealProcessExitTest, AReportIsShownAndPrintedBeforeTheProcessEndsWithAFai
 TEST_F(RealProcessExitTest, AnExitIsASuccess)
 {
     EXPECT_EXIT(processExit.exit(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
+
+TEST_F(RealDialogsTest, AQuestionStandsOnNoWithTheIconItWasGivenAndBothButtons)
+{
+    when<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        box.reject();
+    });
+    pressEnter();
+    EXPECT_EQ(dialogs.message("Delete?", Icon::None, Buttons::YesNo), Answer::No);
+    EXPECT_EQ(dialogs.message("Delete?", Icon::Critical, Buttons::YesNo), Answer::No) << "Enter";
+}
+
+TEST_F(RealDialogsTest, ADocumentThatNoProgramTakesIsReported)
+{
+    EXPECT_FALSE(dialogs.showDocument(folder.filePath("manual.html"))) << "without a desktop nothing opens it";
 }
 
 } // namespace

@@ -338,4 +338,20 @@ TEST_F(DBGridTest, AClosedDatabaseShowsNoRow)
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
 
+TEST_F(DBGridTest, TheFocusIsAnOutlineAndTheCurrentRowIsFilled)
+{
+    show(3);
+    QLineEdit other(&form);
+    other.show();
+    const QColor accent = DBGrid1.palette().color(QPalette::Highlight);
+    const auto pixel = [&](int x, int y) { return DBGrid1.viewport()->grab().toImage().pixelColor(x, y); };
+    const int row = cell(0, 1).center().y();
+    EXPECT_EQ(pixel(1, 200), accent);
+
+    other.setFocus();
+
+    EXPECT_NE(pixel(1, 200), accent);
+    EXPECT_EQ(pixel(cell(0, 1).right() - 4, row), accent);
+}
+
 } // namespace
