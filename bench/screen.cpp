@@ -3,14 +3,11 @@
 // A screen over TCP on the loopback: from the socket to the picture that the mirror shows, against a bare socket that
 // reads the same bytes and QImage::loadFromData. Both ask the same server, in turns.
 #include "bench.h"
-#include "form.h"
-#include "real_clock.h"
 #include "screen_picture.h"
 #include "tcp_bench.h"
 
 #include <QApplication>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -66,34 +63,21 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QStandardPaths::setTestModeEnabled(true); // another folder than the user's for the file of the screen
     const QApplication application(argc, argv);
-    orb::bench::ServerThread server;
-    orb::bench::FatalExit processExit;
-    orb::Run run(processExit);
-    orb::RealClock clock(run);
-    orb::Form form(run);
-    const QTemporaryDir settings;
-    orb::DeviceControl control(clock, orb::standardLinkKinds(clock), settings.filePath(QStringLiteral("link.ini")), {},
-                               &form);
-    orb::PictureBox Picture1(&form);
+    orb::bench::TcpPair pair;
+    orb::PictureBox Picture1(&pair.form);
     orb::Image Image1(&Picture1);
-    form.show();
-
-    const int bare = orb::bench::connectBare(server.port());
-    if (bare < 0 || !orb::bench::connectControl(control, server.port())) {
-        std::fprintf(stderr, "screen: no connection\n");
+    if (!pair.connect())
         return 2;
-    }
     std::vector<double> bareTimes;
     std::vector<double> mirrorTimes;
     for (int i = 0; i < rounds; ++i) {
-        bareTimes.push_back(timeOf([&] { return showBare(bare); }));
-        mirrorTimes.push_back(timeOf([&] { return showMirrored(control, Picture1, Image1); }));
+        bareTimes.push_back(timeOf([&] { return showBare(pair.bare); }));
+        mirrorTimes.push_back(timeOf([&] { return showMirrored(pair.control, Picture1, Image1); }));
         if (bareTimes.back() < 0 || mirrorTimes.back() < 0) {
             std::fprintf(stderr, "screen: a picture did not come\n");
             return 2;
         }
     }
-    ::close(bare);
     const double ratio = orb::bench::undisturbed(mirrorTimes) / orb::bench::undisturbed(bareTimes);
     return orb::bench::report("screen", ratio, budget);
 }

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "bench.h"
 #include "device_control.h"
+#include "form.h"
+#include "real_clock.h"
 #include "simulator_server.h"
 
 #include <QCoreApplication>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <arpa/inet.h>
@@ -13,6 +17,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -92,5 +97,32 @@ inline bool connectControl(DeviceControl& control, quint16 port)
     control.PanelActive(false);
     return control.IsConnected();
 }
+
+/// The instrument control on a form that is shown and a bare socket, both to be connected to the same server.
+struct TcpPair {
+    TcpPair() { form.show(); }
+    ~TcpPair() { ::close(bare); }
+    TcpPair(const TcpPair&) = delete;
+    TcpPair& operator=(const TcpPair&) = delete;
+
+    /// False, with a line on standard error, where one of them gets no connection.
+    bool connect()
+    {
+        bare = connectBare(server.port());
+        const bool isConnected = bare >= 0 && connectControl(control, server.port());
+        if (!isConnected)
+            std::fputs("no connection to the server of this measurement\n", stderr);
+        return isConnected;
+    }
+
+    ServerThread server;
+    FatalExit processExit;
+    Run run{processExit};
+    RealClock clock{run};
+    Form form{run};
+    QTemporaryDir settings;
+    DeviceControl control{clock, standardLinkKinds(clock), settings.filePath(QStringLiteral("link.ini")), {}, &form};
+    int bare = -1;
+};
 
 } // namespace orb::bench

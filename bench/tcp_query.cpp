@@ -3,12 +3,9 @@
 // A query over TCP on the loopback: through the instrument control, against a bare socket that sends the same line and
 // reads until the line feed. Both ask the same server, in turns.
 #include "bench.h"
-#include "form.h"
-#include "real_clock.h"
 #include "tcp_bench.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -61,26 +58,14 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    orb::bench::ServerThread server;
-    orb::bench::FatalExit processExit;
-    orb::Run run(processExit);
-    orb::RealClock clock(run);
-    orb::Form form(run);
-    const QTemporaryDir settings;
-    orb::DeviceControl control(clock, orb::standardLinkKinds(clock), settings.filePath(QStringLiteral("link.ini")), {},
-                               &form);
-    form.show();
-
-    const int bare = orb::bench::connectBare(server.port());
-    if (bare < 0 || !orb::bench::connectControl(control, server.port())) {
-        std::fprintf(stderr, "tcp query: no connection\n");
+    orb::bench::TcpPair pair;
+    if (!pair.connect())
         return 2;
-    }
     std::vector<double> bareTimes;
     std::vector<double> controlTimes;
     for (int i = 0; i < batches; ++i) {
-        const double bareTime = batch([&] { return askBare(bare); });
-        const double controlTime = batch([&] { return askControl(control); });
+        const double bareTime = batch([&] { return askBare(pair.bare); });
+        const double controlTime = batch([&] { return askControl(pair.control); });
         if (bareTime < 0 || controlTime < 0) {
             std::fprintf(stderr, "tcp query: a query was not answered\n");
             return 2;
@@ -88,7 +73,6 @@ int main(int argc, char** argv)
         bareTimes.push_back(bareTime);
         controlTimes.push_back(controlTime);
     }
-    ::close(bare);
     const double ratio = orb::bench::undisturbed(controlTimes) / orb::bench::undisturbed(bareTimes);
     return orb::bench::report("tcp query", ratio, budget);
 }
