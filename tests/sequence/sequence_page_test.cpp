@@ -80,6 +80,22 @@ TEST_F(SequencePageTest, ASetUpDisablesTheSimulationAndHidesTheGraph)
     EXPECT_FALSE(page.graphSeq.visible());
 }
 
+TEST_F(SequencePageTest, ASetUpDisablesTheSimulationThenHidesTheGraphThenSeesToTheTransferButtons)
+{
+    open(sequenceRecord());
+    run.enter([this] { page.seqPlotClick(); });
+    page.SeqLoad.setPicture(paths.inApplication("\\ICON\\SEQOUTSTOP.JPG"));
+    page.SeqLoad.setEnabled(false);
+    journal.clear();
+
+    reset();
+
+    EXPECT_THAT(journal.linesOf({"picture", "enable", "disable", "show", "hide", "read"}),
+                ElementsAre("disable seqPlot", "picture seqPlot APP\\ICON\\SEQSimulateStop.JPG", "hide graphSeq",
+                            "read IsConnected True", "picture SeqLoad APP\\ICON\\SEQOUT.JPG",
+                            "read IsConnected True", "enable SeqLoad"));
+}
+
 TEST_F(SequencePageTest, ASetUpWhileConnectedLeavesThePictureOfTheSendButton)
 {
     instrument.connected = false;
