@@ -316,6 +316,7 @@ TEST_F(ProgramPageChainTest, OkWithAnEmptyChainEndsTheProgramAndChangesNoLink)
 
     EXPECT_THAT(processExit.reports, ElementsAre("Run-time error '340':\n\nControl array element doesn't exist"));
     EXPECT_EQ(links(), "4 0 0 0 0 0 0 0 0 0 0 0 0");
+    EXPECT_TRUE(page.fraProgramOrder.visible()); // it ends before the frame is hidden
 }
 
 TEST_F(ProgramPageChainTest, CancelLeavesTheLinks)
