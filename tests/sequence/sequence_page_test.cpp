@@ -92,8 +92,8 @@ TEST_F(SequencePageTest, ASetUpDisablesTheSimulationThenHidesTheGraphThenSeesToT
 
     EXPECT_THAT(journal.linesOf({"picture", "enable", "disable", "show", "hide", "read"}),
                 ElementsAre("disable seqPlot", "picture seqPlot APP\\ICON\\SEQSimulateStop.JPG", "hide graphSeq",
-                            "read IsConnected True", "picture SeqLoad APP\\ICON\\SEQOUT.JPG",
-                            "read IsConnected True", "enable SeqLoad"));
+                            "read IsConnected True", "picture SeqLoad APP\\ICON\\SEQOUT.JPG", "read IsConnected True",
+                            "enable SeqLoad"));
 }
 
 TEST_F(SequencePageTest, ASetUpWhileConnectedLeavesThePictureOfTheSendButton)
