@@ -41,6 +41,14 @@ void SerialLine::say(const std::string& bytes) const
     EXPECT_EQ(::write(master_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
+void SerialLine::limitReads(cc_t tenths) const
+{
+    termios limited = settings();
+    limited.c_cc[VMIN] = 0;
+    limited.c_cc[VTIME] = tenths;
+    ::tcsetattr(master_, TCSANOW, &limited);
+}
+
 void SerialLine::unplug()
 {
     ending_ = true;
@@ -51,10 +59,10 @@ void SerialLine::unplug()
     master_ = -1;
 }
 
-void SerialLine::serve(const std::function<std::string(const std::string&)>& onLine) const
+void SerialLine::serve(const std::function<std::string(const std::string&)>& onLine)
 {
     std::string line;
-    while (!ending_) {
+    while (!ending_ && !hungUp_) {
         pollfd readable{master_, POLLIN, 0};
         char c = 0;
         if (::poll(&readable, 1, 5) <= 0)
@@ -66,6 +74,8 @@ void SerialLine::serve(const std::function<std::string(const std::string&)>& onL
         else
             say(onLine(std::exchange(line, {})));
     }
+    if (hungUp_)
+        ::close(std::exchange(master_, -1));
 }
 
 } // namespace orb

@@ -26,15 +26,21 @@ public:
     termios settings() const;
     /// Sends bytes without being asked.
     void say(const std::string& bytes) const;
+    /// A read of the program ends after this many tenths of a second without a byte, as one of the kernel's USB driver
+    /// does. Without it a read waits for ever.
+    void limitReads(cc_t tenths) const;
+    /// Takes the line away when `onLine`, from which this is called, returns.
+    void hangUp() { hungUp_ = true; }
     /// Takes the line away, as pulling a cable of a USB adapter does.
     void unplug();
 
 private:
-    void serve(const std::function<std::string(const std::string&)>& onLine) const;
+    void serve(const std::function<std::string(const std::string&)>& onLine);
 
     int master_ = -1;
     QString device_;
     std::atomic<bool> ending_{false};
+    bool hungUp_ = false; // of the thread
     std::thread thread_;
 };
 

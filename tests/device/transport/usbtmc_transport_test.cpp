@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <mutex>
+#include <thread>
 
 namespace orb {
 
@@ -81,6 +82,27 @@ TEST_F(UsbtmcTransportTest, ADeviceThatIsPulledEndsTheLink)
     EXPECT_EQ(transport.state(), Transport::State::Closed);
     EXPECT_EQ(transport.error(), LinkError::Broken);
     EXPECT_FALSE(transport.write("b\n"));
+}
+
+TEST_F(UsbtmcTransportTest, ADeviceThatIsPulledEndsTheLinkThoughNothingIsSent)
+{
+    ASSERT_TRUE(transport.open(0));
+    EXPECT_EQ(transport.state(), Transport::State::Open);
+    line.unplug();
+
+    EXPECT_EQ(transport.state(), Transport::State::Closed);
+    EXPECT_EQ(transport.error(), LinkError::Broken);
+}
+
+TEST_F(UsbtmcTransportTest, AWaitEndsWhenTheDeviceIsPulled)
+{
+    ASSERT_TRUE(transport.open(0));
+    std::thread pull([&] { line.unplug(); });
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(transport.waitReadable(generousMs));
+    EXPECT_LT(timer.elapsed(), generousMs);
+    pull.join();
 }
 
 TEST_F(UsbtmcTransportTest, AMissingDeviceIsReported)

@@ -3,10 +3,12 @@
 
 #include "is_query.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 
 #ifdef Q_OS_LINUX
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <condition_variable>
@@ -15,6 +17,7 @@
 #include <fcntl.h>
 #include <linux/usb/tmc.h>
 #include <mutex>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <system_error>
 #include <thread>
@@ -27,6 +30,7 @@ namespace {
 /// How long the driver waits for an answer. A session that has no answer by then asks for its place.
 constexpr __u32 readLimitMs = 2000;
 constexpr qsizetype mostUnsent = 1024 * 1024;
+constexpr qint64 longestWaitMs = 50;
 
 LinkError openError(int systemError)
 {
@@ -71,6 +75,7 @@ struct UsbtmcTransport::Worker {
     void readAnswer();
     void fail(int systemError);
     void append(const char* bytes, qsizetype size);
+    bool isPulled() const;
     template <class Condition> bool wait(int limitMs, Condition condition)
     {
         std::unique_lock lock(mutex);
@@ -149,6 +154,13 @@ void UsbtmcTransport::Worker::fail(int error)
     changed.notify_all();
 }
 
+/// The driver knows it at once, though nothing is written or read.
+bool UsbtmcTransport::Worker::isPulled() const
+{
+    pollfd poll{file, 0, 0};
+    return ::poll(&poll, 1, 0) > 0 && (poll.revents & POLLHUP) != 0;
+}
+
 UsbtmcTransport::UsbtmcTransport(QString deviceFile) : deviceFile_(std::move(deviceFile)) {}
 
 UsbtmcTransport::~UsbtmcTransport()
@@ -208,7 +220,8 @@ Transport::State UsbtmcTransport::state()
     int systemError = 0;
     {
         const std::scoped_lock lock(worker_->mutex);
-        systemError = worker_->unread.isEmpty() ? worker_->systemError : 0;
+        if (worker_->unread.isEmpty())
+            systemError = worker_->systemError == 0 && worker_->isPulled() ? ENODEV : worker_->systemError;
     }
     if (systemError != 0)
         fail(LinkError::Broken, systemError);
@@ -255,8 +268,14 @@ bool UsbtmcTransport::waitReadable(int limitMs)
 {
     if (state() != State::Open)
         return false;
-    Worker& worker = *worker_;
-    return worker.wait(limitMs, [&] { return !worker.unread.isEmpty() || worker.systemError != 0; });
+    const QDeadlineTimer deadline(limitMs);
+    const auto worker = worker_;
+    const auto isReadable = [&] { return !worker->unread.isEmpty() || worker->systemError != 0; };
+    // A device that is pulled wakes nobody.
+    while (!worker->wait(static_cast<int>(std::min(deadline.remainingTime(), longestWaitMs)), isReadable))
+        if (deadline.hasExpired() || state() != State::Open)
+            return false;
+    return true;
 }
 
 } // namespace orb
