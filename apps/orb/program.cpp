@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "program.h"
 
-#include "device_control.h"
-#include "form_orb.h"
 #include "program_instance.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
@@ -11,6 +9,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace orb {
 
@@ -44,6 +44,13 @@ void bringToFront(FormORB& form, const QByteArray& token)
 
 } // namespace
 
+Program::Program(Clock& clock, Dialogs& dialogs, const Paths& paths, SystemTools& systemTools,
+                 std::vector<LinkKind> kinds, const QString& settingsFile)
+    : CORB(clock, std::move(kinds), settingsFile), form(clock, dialogs, paths, CORB, systemTools)
+{
+    form.setRowEnd(CORB.allOffBar);
+}
+
 int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjust)
 {
     const QApplication application(argc, argv);
@@ -58,20 +65,17 @@ int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjus
     RealProcessExit processExit(dialogs);
     Run run(processExit);
     RealClock clock(run);
-    std::optional<DeviceControl> CORB;
-    std::optional<FormORB> form;
-    instance.onShowRequest = [&form](const QByteArray& token) {
-        if (form)
-            bringToFront(*form, token);
+    std::optional<Program> program;
+    instance.onShowRequest = [&program](const QByteArray& token) {
+        if (program)
+            bringToFront(program->form, token);
     };
     run.enter([&] { // so that a failure of the construction is reported too
-        CORB.emplace(clock);
-        form.emplace(clock, dialogs, paths, *CORB, systemTools);
-        form->setRowEnd(CORB->allOffBar);
-        form->FormLoad();
+        program.emplace(clock, dialogs, paths, systemTools, standardLinkKinds(clock), LinkSettings::userFile());
+        program->form.FormLoad();
         if (adjust)
-            adjust(*form);
-        form->show();
+            adjust(program->form);
+        program->form.show();
     });
     return QApplication::exec();
 }
