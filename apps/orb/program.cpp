@@ -55,15 +55,16 @@ int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjus
 {
     const QApplication application(argc, argv);
     RealDialogs dialogs(applicationTitle);
-    const Paths paths(QCoreApplication::applicationDirPath());
+    RealProcessExit processExit(dialogs);
+    Run run(processExit);
+    const Paths paths = Paths::forUser(QCoreApplication::applicationDirPath());
+    run.enter([&] { paths.createOwnDirectory(); });
     ProgramInstance instance(paths.inApplication(QStringLiteral("\\orb.mdb")));
     if (!instance.isFirst()) {
         showRunning(instance, dialogs);
         return EXIT_SUCCESS;
     }
     RealSystemTools systemTools;
-    RealProcessExit processExit(dialogs);
-    Run run(processExit);
     RealClock clock(run);
     std::optional<Program> program;
     instance.onShowRequest = [&program](const QByteArray& token) {

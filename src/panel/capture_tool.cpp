@@ -57,7 +57,7 @@ void CaptureTool::Command1Click()
     lstCommand_.clear();
     if (channel11_)
         throw RuntimeFailure(failure::FileAlreadyOpen);
-    channel11_.emplace(paths_.inApplication(QStringLiteral("\\orbbutton.dat")));
+    channel11_.emplace(paths_.toWrite(QStringLiteral("\\orbbutton.dat")));
 }
 
 void CaptureTool::Command2Click()

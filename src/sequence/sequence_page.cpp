@@ -87,7 +87,7 @@ void SequencePage::preventSimulation()
 
 void SequencePage::seqSaveClick()
 {
-    const QString path = paths_.inApplication(QStringLiteral("\\test.a"));
+    const QString path = paths_.toWrite(QStringLiteral("\\test.a"));
     attemptEach([&] { deleteFile(path); }, [&] { writeRecord(path, record); });
 }
 

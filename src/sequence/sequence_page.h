@@ -60,7 +60,7 @@ public:
     /// the buttons keep their state. Throws what the file and the database throw, and 13 at a point whose time base is
     /// undefined.
     void seqOpenClick();
-    /// Writes `record` as it is to the file "test.a" beside the executable. Failures are ignored.
+    /// Writes `record` as it is to the file "test.a" in the application directory. Failures are ignored.
     void seqSaveClick();
     /// Sets the page up. The file that was opened stays.
     void seqDeleteClick();

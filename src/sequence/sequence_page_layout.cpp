@@ -65,7 +65,8 @@ QWidget* SequencePage::toolBar()
     seqSend.setPicture(icon("\\ICON\\SEQINTO.JPG"));
     SeqLoad.setPicture(icon("\\ICON\\SEQOUT.JPG"));
     seqPlot.setPicture(icon("\\ICON\\SEQSimulateStop.JPG"));
-    seqSave.setToolTip(QStringLiteral("Write the file as it was read to test.a beside the program"));
+    seqSave.setToolTip(QStringLiteral("Write the file as it was read to ") +
+                       QDir::toNativeSeparators(realPath(paths_.toWrite(QStringLiteral("\\test.a")))));
     seqDelete.setToolTip(QStringLiteral("Empty the page; the file stays"));
     QWidget* bar = toolBarOf({&seqOpen, &seqSave, &seqDelete, &seqSend, &SeqLoad, &seqPlot});
     for (PictureButton* button : {&seqOpen, &seqSave, &seqDelete, &seqSend, &SeqLoad, &seqPlot})

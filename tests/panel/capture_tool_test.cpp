@@ -129,4 +129,21 @@ TEST_F(CaptureToolTest, OpeningAnOpenFileEndsTheProgramAndKeepsItsRows)
     EXPECT_EQ(written(), ",Label14,Label15,Label14,Label15\r\n");
 }
 
+TEST_F(CaptureToolTest, WhereTheProgramsFolderIsNotToBeWrittenTheFileGoesToTheUsersOwn)
+{
+    const QTemporaryDir own;
+    const Paths installed(application.path(), own.path());
+    CaptureTool itsTool(installed, lstCommand);
+    itsTool.setParent(&form);
+    itsTool.setVisible(true);
+    QFile shipped(application.filePath("orbbutton.dat"));
+    ASSERT_TRUE(shipped.open(QIODevice::WriteOnly));
+
+    press(itsTool.Command1);
+    press(itsTool.Command3);
+
+    EXPECT_EQ(contentOf(own.filePath("orbbutton.dat")), ",Label14,Label15,Label14,Label15\r\n");
+    EXPECT_EQ(written(), "");
+}
+
 } // namespace

@@ -92,7 +92,7 @@ TEST_F(SequencePageLayoutTest, TheButtonsHaveTheirCaptionsAndToolTips)
          {&page.seqOpen, &page.seqSave, &page.seqDelete, &page.seqSend, &page.SeqLoad, &page.seqPlot})
         texts << button->caption() + " | " + button->toolTip();
     EXPECT_THAT(texts, ElementsAre("Open Sequence File | ",
-                                   "Save Sequence File | Write the file as it was read to test.a beside the program",
+                                   "Save Sequence File | Write the file as it was read to " + file("test.a"),
                                    "Delete Sequence File | Empty the page; the file stays",
                                    "Transfer Sequence to ORB | ", "Load Sequence from ORB | ", "Sequence Simulate | "));
     EXPECT_EQ(page.caption(), "Sequence");

@@ -201,6 +201,19 @@ TEST_F(SequencePageTest, ASaveBeforeAnyOpenReplacesTheFileByZeros)
     EXPECT_THAT(journal.lines(), IsEmpty());
 }
 
+TEST_F(SequencePageTest, WhereTheProgramsFolderIsNotToBeWrittenASaveGoesToTheUsersOwn)
+{
+    const QTemporaryDir own;
+    const Paths installed(application.path(), own.path());
+    SequencePage itsPage(clock, dialogs, installed, instrument, wsMain, dbMain, sPendingSeqFile, plottedValues);
+    write("test.a", "shipped");
+
+    itsPage.seqSaveClick();
+
+    EXPECT_EQ(contentOf(own.filePath("test.a")), QString(4380, QChar(0)));
+    EXPECT_EQ(contentOf(file("test.a")), "shipped");
+}
+
 TEST_F(SequencePageTest, ASaveThatCanNeitherDeleteNorWriteEndsQuietly)
 {
     QDir(application.path()).mkpath("test.a/inside");

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 
 #ifndef Q_OS_WIN
 #include <unistd.h>
@@ -100,6 +101,69 @@ void deleteFile(const QString& literal)
         throw RuntimeFailure(failure::FileNotFound);
     if (!QFile::remove(path))
         throw RuntimeFailure(failure::PathFileAccessError);
+}
+
+namespace {
+
+const QString database = QStringLiteral("/orb.mdb");
+const QString examples = QStringLiteral("/examples");
+
+/// False for a file without the permission to write even where the user, as an administrator, could do it.
+bool canBeWritten(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isWritable() && file.permission(QFile::WriteOwner);
+}
+
+/// Copies the file, whole or not at all, unless there is one of the new name. The copy can be written.
+void copyUnlessThere(const QString& from, const QString& to)
+{
+    QFile source(from);
+    if (QFileInfo::exists(to) || !source.open(QIODevice::ReadOnly))
+        return;
+    QTemporaryFile draft(to + QStringLiteral(".XXXXXX"));
+    const QByteArray content = source.readAll();
+    const bool isWhole = draft.open() && draft.write(content) == content.size() && draft.flush();
+    // Another program may have put its copy there meanwhile: a rename never replaces a file.
+    if (!isWhole || (!draft.rename(to) && !QFileInfo::exists(to)))
+        throw RuntimeFailure(failure::PathFileAccessError);
+    draft.setAutoRemove(false);
+}
+
+} // namespace
+
+QString userDataFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/orb");
+}
+
+Paths Paths::forUser(const QString& executableDirectory)
+{
+    const QString file = executableDirectory + database;
+    const bool isOwn = QFileInfo(executableDirectory).isWritable() && (!QFileInfo::exists(file) || canBeWritten(file));
+    return isOwn ? Paths(executableDirectory) : Paths(executableDirectory, userDataFolder());
+}
+
+QString Paths::inApplication(const QString& literal) const
+{
+    const QString own = toWrite(literal);
+    const bool isOwn = ownDirectory_ == executableDirectory_ || QFileInfo::exists(realPath(own));
+    return isOwn ? own : executableDirectory_ + literal;
+}
+
+void Paths::createOwnDirectory() const
+{
+    if (ownDirectory_ == executableDirectory_ || QFileInfo::exists(ownDirectory_ + database))
+        return;
+    if (!folderExists(ownDirectory_))
+        createFolder(ownDirectory_);
+    const QDir from(executableDirectory_ + examples);
+    if (!folderExists(ownDirectory_ + examples) && from.exists())
+        createFolder(ownDirectory_ + examples);
+    for (const QString& name : from.entryList(QDir::Files))
+        copyUnlessThere(from.filePath(name), ownDirectory_ + examples + QLatin1Char('/') + name);
+    // The last one, since a start that finds it has nothing left to copy.
+    copyUnlessThere(executableDirectory_ + database, ownDirectory_ + database);
 }
 
 } // namespace orb

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "failure.h"
 #include "paths.h"
+#include "printing.h"
 #include "text_file.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -68,6 +70,176 @@ TEST(PathsTest, DeletingAFileThatIsNotThereIsFileNotFound)
     } catch (const RuntimeFailure& failure) {
         EXPECT_EQ(failure.number(), failure::FileNotFound);
     }
+}
+
+/// A program that is installed, and the home of a user who never started it.
+class InstalledPathsTest : public testing::Test {
+protected:
+    InstalledPathsTest()
+    {
+        qputenv("XDG_DATA_HOME", home.filePath("data").toUtf8());
+        write(executable.filePath("orb.mdb"), "empty tables");
+        QDir(executable.path()).mkdir("examples");
+        write(executable.filePath("examples/stair.a"), "points");
+    }
+    ~InstalledPathsTest() override { qunsetenv("XDG_DATA_HOME"); }
+
+    static void write(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+        file.write(content);
+    }
+    static QByteArray read(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+    }
+    void makeDatabaseReadOnly() const
+    {
+        ASSERT_TRUE(QFile::setPermissions(executable.filePath("orb.mdb"), QFile::ReadOwner | QFile::ReadOther));
+    }
+    QString own(const QString& name) const { return home.filePath("data/orb/" + name); }
+    /// All files of the user's folder.
+    QStringList ownFiles() const
+    {
+        QStringList files;
+        QDirIterator all(own(""), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (all.hasNext())
+            files << QDir(own("")).relativeFilePath(all.next());
+        files.sort();
+        return files;
+    }
+
+    QTemporaryDir executable;
+    QTemporaryDir home;
+};
+
+TEST_F(InstalledPathsTest, WhereTheExecutablesFolderCanBeWrittenEverythingStandsThere)
+{
+    const Paths paths = Paths::forUser(executable.path());
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(paths.applicationDirectory(), executable.path());
+    EXPECT_EQ(paths.inApplication("\\orb.mdb"), executable.path() + "\\orb.mdb");
+    EXPECT_EQ(paths.toWrite("\\test.a"), executable.path() + "\\test.a");
+    EXPECT_FALSE(QFileInfo::exists(home.filePath("data")));
+}
+
+TEST_F(InstalledPathsTest, AFolderThatCanBeWrittenNeedsNoDatabaseToBeInForce)
+{
+    ASSERT_TRUE(QFile::remove(executable.filePath("orb.mdb")));
+    EXPECT_EQ(Paths::forUser(executable.path()).applicationDirectory(), executable.path());
+}
+
+TEST_F(InstalledPathsTest, WithAReadOnlyDatabaseTheUsersFolderIsTheOneToWriteTo)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+
+    EXPECT_EQ(paths.applicationDirectory(), home.filePath("data/orb"));
+    EXPECT_EQ(realPath(paths.toWrite("\\test.a")), own("test.a"));
+    EXPECT_FALSE(QFileInfo::exists(own(""))) << "nothing is created before it is asked for";
+}
+
+TEST_F(InstalledPathsTest, AFolderThatCanNotBeWrittenLeavesTheUsersFolderToWriteTo)
+{
+    const QString none = executable.filePath("none"); // can't be written by anyone, the administrator included
+    EXPECT_EQ(Paths::forUser(none).applicationDirectory(), home.filePath("data/orb"));
+}
+
+TEST_F(InstalledPathsTest, TheFirstStartCopiesTheDatabaseAndTheExamples)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), (QStringList{"examples/stair.a", "orb.mdb"}));
+    EXPECT_EQ(read(own("orb.mdb")), "empty tables");
+    EXPECT_EQ(read(own("examples/stair.a")), "points");
+    EXPECT_TRUE(QFile::permissions(own("orb.mdb")) & QFile::WriteOwner);
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    EXPECT_FALSE(QFile::permissions(own("")) & others);
+    EXPECT_EQ(realPath(paths.inApplication("\\orb.mdb")), own("orb.mdb"));
+}
+
+TEST_F(InstalledPathsTest, LaterStartsOverwriteNothingAndBringNothingBack)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+    paths.createOwnDirectory();
+    write(own("orb.mdb"), "logs");
+    ASSERT_TRUE(QFile::remove(own("examples/stair.a")));
+    ASSERT_TRUE(QFile::setPermissions(own(""), QFile::permissions(own("")) | QFile::ReadOther));
+
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(read(own("orb.mdb")), "logs");
+    EXPECT_EQ(ownFiles(), QStringList{"orb.mdb"});
+    EXPECT_TRUE(QFile::permissions(own("")) & QFile::ReadOther) << "the user's choice";
+}
+
+TEST_F(InstalledPathsTest, AStartAfterAnUnfinishedFirstOneCopiesWhatIsMissing)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+    QDir().mkpath(own("examples"));
+    write(own("examples/stair.a"), "edited");
+    write(executable.filePath("examples/ramp.a"), "more points");
+
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), (QStringList{"examples/ramp.a", "examples/stair.a", "orb.mdb"}));
+    EXPECT_EQ(read(own("examples/stair.a")), "edited");
+}
+
+TEST_F(InstalledPathsTest, WithoutADatabaseToCopyTheMissingOneIsThatBesideTheExecutable)
+{
+    const Paths paths(executable.path(), own("."));
+    ASSERT_TRUE(QFile::remove(executable.filePath("orb.mdb")));
+
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), QStringList{"examples/stair.a"});
+    EXPECT_EQ(paths.inApplication("\\orb.mdb"), executable.path() + "\\orb.mdb");
+}
+
+TEST_F(InstalledPathsTest, AFolderThatCanNotBeCreatedIsAPathError)
+{
+    makeDatabaseReadOnly();
+    write(home.filePath("data"), "a file in the way");
+    try {
+        Paths::forUser(executable.path()).createOwnDirectory();
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.number(), failure::PathFileAccessError);
+    }
+}
+
+TEST_F(InstalledPathsTest, AFileOfTheUsersFolderIsReadBeforeTheOneBesideTheExecutable)
+{
+    const Paths paths(executable.path(), own("."));
+    write(executable.filePath("orbCommands.dat"), "all");
+    QDir(executable.path()).mkdir("ICON");
+    write(executable.filePath("ICON/Save.png"), "disk");
+    QDir().mkpath(own("icon"));
+    write(own("icon/save.PNG"), "own disk");
+    write(executable.filePath("ICON/Open.png"), "folder");
+
+    EXPECT_EQ(read(realPath(paths.inApplication("\\ICON\\Save.png"))), "own disk");
+    EXPECT_EQ(read(realPath(paths.inApplication("\\icon\\open.png"))), "folder");
+    EXPECT_EQ(read(realPath(paths.inApplication("\\orbCommands.dat"))), "all");
+    write(own("orbcommands.dat"), "some");
+    EXPECT_EQ(read(realPath(paths.inApplication("\\orbCommands.dat"))), "some");
+}
+
+TEST_F(InstalledPathsTest, TheFolderOfTheFileDialogsIsTheUsersOwn)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+    paths.createOwnDirectory();
+    EXPECT_EQ(QDir(realPath(paths.inApplication("\\"))), QDir(own("")));
 }
 
 } // namespace
