@@ -24,6 +24,7 @@ and programs (.b, 5580 bytes). The length of a file tells which one it is.
               Where anything is wrong, TO stays what it was.
   check       Test length and checksum of each file.
   -h, --help  Print this help and exit.
+  --version   Print the version and exit.
 
 The exit status is 0 when all is well, 1 when a file is wrong or can't be read
 or written, and 2 for an invalid command line. An error in comma-separated
@@ -114,14 +115,20 @@ FilesArguments readFilesArguments(const QStringList& words)
     QCommandLineParser parser;
     const QString csv = QStringLiteral("csv");
     const QString help = QStringLiteral("help");
+    const QString version = QStringLiteral("version");
     parser.addOption(QCommandLineOption(csv));
     parser.addOption(QCommandLineOption(QStringList{QStringLiteral("h"), help}));
+    parser.addOption(QCommandLineOption(version));
     if (!parser.parse(words))
         fail(parser.errorText());
     FilesArguments arguments;
     arguments.help = helpText();
     if (parser.isSet(help))
         return arguments;
+    if (parser.isSet(version)) {
+        arguments.job = FilesArguments::Job::Version;
+        return arguments;
+    }
     arguments.files = parser.positionalArguments();
     if (arguments.files.isEmpty())
         fail(QStringLiteral("there is nothing to do"));

@@ -10,7 +10,7 @@ namespace orb {
 
 /// The command line.
 struct FilesArguments {
-    enum class Job { Help, Show, MakeSequence, MakeProgram, Check };
+    enum class Job { Help, Version, Show, MakeSequence, MakeProgram, Check };
 
     Job job = Job::Help;
     /// The files, in the order in which they were given: one to show, two to make one from the other, any number from 1

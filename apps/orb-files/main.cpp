@@ -5,6 +5,7 @@
 #include "program_text.h"
 #include "record_file.h"
 #include "sequence_text.h"
+#include "version.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -121,6 +122,8 @@ int run(const orb::FilesArguments& arguments)
         return make(arguments.files, orb::readProgram);
     case Job::Check:
         return check(arguments.files);
+    case Job::Version:
+        return print("orb-files " + orb::programVersion().toStdString() + '\n');
     case Job::Help:
         break;
     }

@@ -23,6 +23,7 @@ void addOptions(QCommandLineParser& parser)
         QStringLiteral("A simulated modular DC electronic load that listens on 127.0.0.1.\nThe first line of output is "
                        "\"port N\". SIGTERM and SIGINT end the program."));
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Print this help and exit.")});
+    add("version", "Print the version and exit.");
     add("port", "The port to listen on, 0 for any free one; 5025 if not given.", "N");
     add("channels", "The number of channels, 1 to 8; 6 if not given.", "N");
     add("modules", "A channel for each of these load modules, as in K11,K13,K14.", "LIST");
@@ -89,9 +90,9 @@ SimulatorConfiguration configurationFrom(const QCommandLineParser& parser)
 Arguments::Job jobFrom(const QCommandLineParser& parser)
 {
     constexpr std::pair<const char*, Arguments::Job> jobs[] = {
-        {"help", Arguments::Job::Help},       {"commands", Arguments::Job::Commands},
-        {"console", Arguments::Job::Console}, {"catalogue", Arguments::Job::Modules},
-        {"errors", Arguments::Job::Errors},
+        {"help", Arguments::Job::Help},         {"version", Arguments::Job::Version},
+        {"commands", Arguments::Job::Commands}, {"console", Arguments::Job::Console},
+        {"catalogue", Arguments::Job::Modules}, {"errors", Arguments::Job::Errors},
     };
     for (const auto& [option, job] : jobs) {
         if (parser.isSet(QString::fromLatin1(option)))

@@ -12,7 +12,7 @@ namespace orb {
 
 /// The command line.
 struct Arguments {
-    enum class Job { Serve, Help, Commands, Console, Modules, Errors };
+    enum class Job { Serve, Help, Version, Commands, Console, Modules, Errors };
 
     Job job = Job::Serve;
     quint16 port = 0;

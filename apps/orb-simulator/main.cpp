@@ -5,6 +5,7 @@
 #include "console_catalogue.h"
 #include "simulator_manual.h"
 #include "simulator_server.h"
+#include "version.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -67,6 +68,8 @@ int run(const QCoreApplication& application, const orb::Arguments& arguments)
     switch (arguments.job) {
     case orb::Arguments::Job::Help:
         return print(arguments.help.toStdString());
+    case orb::Arguments::Job::Version:
+        return print("orb-simulator " + orb::programVersion().toStdString() + '\n');
     case orb::Arguments::Job::Commands:
         return print(orb::commandsManual());
     case orb::Arguments::Job::Console:

@@ -19,7 +19,7 @@ public:
     CaptureTool(const Paths& paths, ListBox& lstCommand);
 
     TextBox Text7;                                            ///< the name of the key
-    TextBox Text2{QStringLiteral("C:\\temp\\orbbutton.dat")}; ///< shown alone: the file stands in the application directory
+    TextBox Text2{QStringLiteral("C:\\temp\\orbbutton.dat")}; ///< shown alone: not where the file stands
     Label lblX1{QStringLiteral("Label14")};
     Label lblY1{QStringLiteral("Label15")};
     Label lblX2{QStringLiteral("Label14")};

@@ -2,6 +2,7 @@
 #include "about_box.h"
 
 #include "paths.h"
+#include "version.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -12,8 +13,7 @@ AboutBox::AboutBox(QWidget& owner, Run& run, const Paths& paths, SystemInfo& sys
 {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setCaption(QStringLiteral("About ") + applicationTitle);
-    lblVersion.setCaption(
-        QStringLiteral("Version %1.%2.%3").arg(ORB_VERSION_MAJOR).arg(ORB_VERSION_MINOR).arg(ORB_VERSION_REVISION));
+    lblVersion.setCaption(QStringLiteral("Version ") + programVersion());
     Image1.setPicture(paths.inApplication(QStringLiteral("\\ICON\\orb.png")));
     createLayout();
     cmdOK.onClick = [this] { close(); };

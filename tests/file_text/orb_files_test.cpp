@@ -3,6 +3,7 @@
 #include "program_text.h"
 #include "random_record.h"
 #include "sequence_text.h"
+#include "version.h"
 
 #include <QFile>
 #include <QProcess>
@@ -189,6 +190,12 @@ std::string exampleIn(const std::string& help, const std::string& first)
         text += line.substr(0, line.find("  ")) + '\n';
     }
     return text;
+}
+
+TEST_F(OrbFilesTest, TheVersionIsPrinted)
+{
+    EXPECT_EQ(run({"--version"}), 0);
+    EXPECT_EQ(output, "orb-files " + programVersion().toStdString() + "\n");
 }
 
 TEST_F(OrbFilesTest, TheExamplesOfTheHelpMakeFiles)

@@ -3,6 +3,7 @@
 #include "directories.h"
 #include "loopback.h"
 #include "simulator_manual.h"
+#include "version.h"
 
 #include <QFile>
 #include <QProcess>
@@ -186,6 +187,12 @@ TEST_F(OrbSimulatorTest, APortInUseIsAnError)
     ASSERT_TRUE(second.waitForFinished(30'000));
     EXPECT_EQ(second.exitCode(), 1);
     EXPECT_THAT(second.readAllStandardError().toStdString(), HasSubstr("port " + std::to_string(port) + ": "));
+}
+
+TEST_F(OrbSimulatorTest, TheVersionIsPrinted)
+{
+    EXPECT_EQ(run({"--version"}), 0);
+    EXPECT_EQ(output, "orb-simulator " + programVersion().toStdString() + "\n");
 }
 
 TEST_F(OrbSimulatorTest, TheManualIsPrinted)
