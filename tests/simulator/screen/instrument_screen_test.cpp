@@ -144,6 +144,16 @@ TEST_F(InstrumentScreenTest, EachSoftKeyShowsItsOwnPageAndLightsItsCaption)
     }
 }
 
+TEST_F(InstrumentScreenTest, ThePageOfAllChannelsHasARowForEachWithABarForTheSelectedOne)
+{
+    send(":KEYB:CODE 114,1;:CHAN 3");
+    for (int number = 1; number <= 3; ++number) {
+        const QRect row(0, page.top() + 19 + (number - 1) * 18, 320, 17);
+        EXPECT_TRUE(changes(row, ":CHAN " + std::to_string(number))) << number;
+        EXPECT_TRUE(changes(row, ":LOAD ON")) << number;
+    }
+}
+
 TEST_F(InstrumentScreenTest, ARunningSequenceIsInTheStatusLineAndOnItsPage)
 {
     send(":SEQ:EDIT:POIN 1;:SEQ:POIN:DATA 1,1,0.8,0.8;:SEQ:EDIT:POIN 2;:SEQ:POIN:DATA 1,0.5,0.8,0.8;:SEQ:END 2");
