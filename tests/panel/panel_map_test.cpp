@@ -126,6 +126,12 @@ TEST_F(PanelMapTest, AMapOf51RowsIsReadAndOneOf52IsNot)
     EXPECT_EQ(read(row.repeated(52)), failure::SubscriptOutOfRange);
 }
 
+TEST_F(PanelMapTest, AMapThatWasNotReadHasNoRow)
+{
+    EXPECT_THAT(rows(), testing::IsEmpty());
+    EXPECT_EQ(hit(0, 0), "none");
+}
+
 TEST_F(PanelMapTest, AMissingFileIsAFailure)
 {
     EXPECT_EQ(read(), failure::FileNotFound);
