@@ -115,6 +115,13 @@ TEST_F(DisplayPageTest, EveryControlHasItsTextAndState)
     EXPECT_EQ(fresh.Picture1.tag(), "");
 }
 
+TEST_F(DisplayPageTest, BeforeTheFirstPictureTheBoxHoldsABlackOneOfTheSizeOfTheScreen)
+{
+    const QImage blank = page.Picture1.pixmap().toImage();
+    EXPECT_EQ(blank.size(), QSize(320, 240));
+    EXPECT_EQ(blank.pixelColor(319, 239), QColor(Qt::black));
+}
+
 TEST_F(DisplayPageTest, PlayWithoutALinkShowsItsMessageStopsTheTimerAndChangesNoButton)
 {
     instrument.connected = false;

@@ -144,6 +144,15 @@ TEST_F(InstrumentScreenTest, EachSoftKeyShowsItsOwnPageAndLightsItsCaption)
     }
 }
 
+TEST_F(InstrumentScreenTest, TheVerdictIsShownWhileTheChannelIsJudged)
+{
+    const QRect verdict(236, 94, 74, 18);
+    EXPECT_FALSE(changes(verdict, ":LIM1:VOLT:LOW 11;:LIM1:VOLT:HIGH 13"));
+    EXPECT_TRUE(changes(verdict, ":LIM1 ON"));
+    EXPECT_TRUE(changes(verdict, ":LIM1:VOLT:LOW 13;:LIM1:VOLT:HIGH 14")) << "from one verdict to the other";
+    EXPECT_TRUE(changes(verdict, ":LIM1 OFF"));
+}
+
 TEST_F(InstrumentScreenTest, ThePageOfAllChannelsHasARowForEachWithABarForTheSelectedOne)
 {
     send(":KEYB:CODE 114,1;:CHAN 3");
