@@ -15,6 +15,7 @@ build_packages=(
     libqcustomplot2.1-qt6   # QCustomPlot built for Qt 6
     libsqlite3-dev
     sqlite3                 # makes the database from its schema, and is the export's yardstick
+    python3-markdown        # makes the pages of the manual
     libgtest-dev
     libgmock-dev
     libbenchmark-dev

@@ -7,13 +7,11 @@ namespace orb {
 
 namespace {
 
-/// The manual stands beside the executable. Empty where it is missing.
+/// The first page of the manual, in a folder beside the executable. Empty where it is missing.
 QString manualPath(const Paths& paths)
 {
-    for (const char* name : {"\\manual.html", "\\manual.md"})
-        if (const QString literal = paths.inApplication(QLatin1String(name)); fileExists(literal))
-            return realPath(literal);
-    return {};
+    const QString literal = paths.inApplication(QStringLiteral("\\manual\\index.html"));
+    return fileExists(literal) ? realPath(literal) : QString();
 }
 
 } // namespace
@@ -44,7 +42,7 @@ void FormORB::openManual()
 {
     const QString manual = manualPath(paths_);
     if (manual.isEmpty())
-        dialogs_.message(QStringLiteral("The manual is missing: it belongs beside the program as manual.html."),
+        dialogs_.message(QStringLiteral("The manual is missing: it belongs beside the program, in the folder manual."),
                          Icon::Information);
     else if (!dialogs_.showDocument(manual))
         dialogs_.message(QStringLiteral("There is no program to show the manual. It is the file\n") + manual,

@@ -26,9 +26,10 @@ protected:
         return captions.join(", ");
     }
 
-    void writeManual(const QString& name) const
+    void writeManual() const
     {
-        QFile file(application.filePath(name));
+        EXPECT_TRUE(QDir(application.path()).mkpath(QStringLiteral("manual")));
+        QFile file(application.filePath(QStringLiteral("manual/index.html")));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     }
 };
@@ -105,29 +106,26 @@ TEST_F(FormORBKeysTest, AKeyPressedDuringARecordingIsHandledAtItsNextYield)
 
 TEST_F(FormORBKeysTest, F1OpensTheManualThatStandsBesideTheProgram)
 {
-    writeManual("manual.md");
+    writeManual();
     hitKey(form.pageExit, Qt::Key_F1);
-    writeManual("manual.html");
-    hitKey(form.pageExit, Qt::Key_F1);
-    EXPECT_THAT(journal.linesOf({"document", "message"}),
-                ElementsAre("document APP/manual.md", "document APP/manual.html"));
+    EXPECT_THAT(journal.linesOf({"document", "message"}), ElementsAre("document APP/manual/index.html"));
 }
 
 TEST_F(FormORBKeysTest, WithoutAManualOrAProgramToShowItF1SaysSo)
 {
     hitKey(form.pageExit, Qt::Key_F1);
     EXPECT_THAT(journal.linesOf({"document", "message"}),
-                ElementsAre("message \"The manual is missing: it belongs beside the program as manual.html.\" "
+                ElementsAre("message \"The manual is missing: it belongs beside the program, in the folder manual.\" "
                             "information Ok"));
-    writeManual("manual.html");
+    writeManual();
     dialogs.documentsCanBeShown = false;
     journal.clear();
 
     hitKey(form.pageExit, Qt::Key_F1);
 
     EXPECT_THAT(journal.linesOf({"document", "message"}),
-                ElementsAre("document APP/manual.html",
-                            "message \"There is no program to show the manual. It is the file\\nAPP/manual.html\" "
+                ElementsAre("document APP/manual/index.html",
+                            "message \"There is no program to show the manual. It is the file\\nAPP/manual/index.html\" "
                             "information Ok"));
 }
 
