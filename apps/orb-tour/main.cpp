@@ -5,6 +5,7 @@
 #include "data_log_tour.h"
 #include "desktop.h"
 #include "device_control.h"
+#include "first_test_tour.h"
 #include "form_orb.h"
 #include "program_tour.h"
 #include "real_clock.h"
@@ -35,7 +36,22 @@ void createApplicationFolder(const QDir& application)
     QFile::link(beside.filePath(QStringLiteral("ICON")), application.filePath(QStringLiteral("ICON")));
 }
 
-int runTour(const QDir& out, bool isMaximized)
+/// The tour of everything, with a simulated instrument in a process of its own; or only the first test of the manual.
+enum class Route { Everything, FirstTest };
+
+void addSteps(Tour& tour, Route route, FormORB& form, DeviceControl& CORB, const SimulatorProcess& simulator)
+{
+    if (route == Route::FirstTest)
+        return firstTestSteps(tour, form, CORB);
+    connectSteps(tour, form, CORB, simulator);
+    dataLogSteps(tour, form);
+    consoleSteps(tour, form);
+    programSteps(tour, form);
+    sequenceSteps(tour, form, CORB);
+    serviceSteps(tour, form);
+}
+
+int runTour(const QDir& out, Route route, bool isMaximized)
 {
     const QTemporaryDir folder;
     createApplicationFolder(QDir(folder.path()));
@@ -59,12 +75,7 @@ int runTour(const QDir& out, bool isMaximized)
     });
 
     Tour tour(out);
-    connectSteps(tour, *form, *CORB, simulator);
-    dataLogSteps(tour, *form);
-    consoleSteps(tour, *form);
-    programSteps(tour, *form);
-    sequenceSteps(tour, *form, *CORB);
-    serviceSteps(tour, *form);
+    addSteps(tour, route, *form, *CORB, simulator);
     return tour.run();
 }
 
@@ -88,13 +99,17 @@ int main(int argc, char** argv)
          {QStringLiteral("font"), QStringLiteral("The size of the desktop's font."), QStringLiteral("points")},
          {QStringLiteral("dark"), QStringLiteral("A dark desktop.")},
          {QStringLiteral("maximized"), QStringLiteral("The window fills the screen.")}});
+    const QCommandLineOption firstTestOption(
+        QStringLiteral("first-test"), QStringLiteral("Only the first discharge test of the manual: three minutes."));
+    parser.addOption(firstTestOption);
     parser.process(application);
     desktop.dress();
     const QDir out(QDir().absoluteFilePath(parser.value(outOption)));
     if (!QDir().mkpath(out.path()))
         return EXIT_FAILURE;
     try {
-        const int result = runTour(out, desktop.isMaximized());
+        const Route route = parser.isSet(firstTestOption) ? Route::FirstTest : Route::Everything;
+        const int result = runTour(out, route, desktop.isMaximized());
         std::printf("The pictures and files are in %s\n", qPrintable(out.path()));
         return result;
     } catch (const TourFailure& failure) {

@@ -123,10 +123,11 @@ TEST_F(FormORBKeysTest, WithoutAManualOrAProgramToShowItF1SaysSo)
 
     hitKey(form.pageExit, Qt::Key_F1);
 
-    EXPECT_THAT(journal.linesOf({"document", "message"}),
-                ElementsAre("document APP/manual/index.html",
-                            "message \"There is no program to show the manual. It is the file\\nAPP/manual/index.html\" "
-                            "information Ok"));
+    EXPECT_THAT(
+        journal.linesOf({"document", "message"}),
+        ElementsAre("document APP/manual/index.html",
+                    "message \"There is no program to show the manual. It is the file\\nAPP/manual/index.html\" "
+                    "information Ok"));
 }
 
 } // namespace
