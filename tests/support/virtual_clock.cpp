@@ -92,6 +92,7 @@ bool VirtualClock::runNextDue(qint64 until)
         return false;
     elapsed_ = std::max(elapsed_, timer->at);
     timer->at = elapsed_ + timer->timer->interval();
+    ++ticks;
     timer->timer->tick();
     return true;
 }

@@ -17,6 +17,8 @@ public:
     std::function<void()> onOverrun;
     /// Every sleep so far, in milliseconds.
     std::vector<int> sleeps;
+    /// Every tick of a timer so far.
+    int ticks = 0;
 
     /// Writes sleeps, yields and the watched timers into `journal`, which must outlive the clock.
     explicit VirtualClock(Run& run, Journal* journal = nullptr);
