@@ -23,7 +23,7 @@ public:
     /// What is sent when `message` is received, in order. An answer that a fault has held back comes first.
     std::vector<DeliveryStep> receive(const std::string& message)
     {
-        const Fault fault = faults_.onMessage(message);
+        const Fault fault = faultOf(message);
         std::vector<DeliveryStep> due = std::exchange(held_, {});
         for (DeliveryStep& step : deliver(fault, answer(message), ++messages_))
             (step.afterNext ? held_ : due).push_back(std::move(step));
@@ -36,6 +36,7 @@ public:
     int faultCount() const { return faultCount_; }
 
 protected:
+    virtual Fault faultOf(const std::string& message) { return faults_.onMessage(message); }
     virtual std::string answer(const std::string& message) { return instrument_.execute(message); }
 
 private:
