@@ -35,6 +35,12 @@ test_packages=(
 # What a session without an X server needs besides.
 wayland_packages=(qt6-wayland)
 
+# What ./test fuzz needs besides.
+fuzz_packages=(
+    clang
+    libclang-rt-14-dev      # libFuzzer and the sanitizers of clang
+)
+
 # What bench/run needs besides.
 bench_packages=(xvfb xauth)
 
