@@ -16,7 +16,8 @@ namespace orb {
 ///
 /// Changes are painted from the event queue, at most 25 times a second; a hidden graph is not painted.
 /// The wheel zooms at the mouse, over an axis that axis alone; a double click returns to the ranges last set. Neither
-/// works while `TrackMode` is `TrackNone`.
+/// works while `TrackMode` is `TrackNone`. The right button and the menu key open a menu that fits the ranges to the curves,
+/// and copies and saves the picture; neither changes what the left button does.
 class Graph : public Control<QWidget> {
 public:
     /// What a drag of the mouse does.
@@ -31,6 +32,8 @@ public:
     std::function<void(double x, double y)> onCursorChange;
     /// The operator pressed and released the mouse without a drag.
     std::function<void()> onClick;
+    /// The operator asked for a file with the picture. The menu offers it only where this is set.
+    std::function<void()> onSavePicture;
 
     explicit Graph(const GraphPlan& plan, QWidget* parent = nullptr);
     ~Graph() override;
@@ -60,6 +63,15 @@ public:
     bool elementVisible(const QString& name) const;
     void setElementVisible(const QString& name, bool visible);
 
+    /// Shows all that the visible plots have. The ranges last set stay, and a double click returns to them.
+    void showAll();
+    /// Shows, on a value axis, all that the visible plots have in the x range in view.
+    void fitAxis(int number);
+
+    /// What the graph shows, in a sentence: which curves, from when to when, and their smallest and largest values in the
+    /// x range in view.
+    QString description() const;
+
     /// A picture of the graph as it is now, whether or not it is on the screen: at 192 dpi at least, for paper.
     QImage ControlImage() const;
 
@@ -81,10 +93,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     struct Parts;
     void reportCursor(const GraphCursor* cursor);
+    void showFocus(bool focused);
+    bool hasData(int axis) const;
 
     std::unique_ptr<Parts> parts_;
 };

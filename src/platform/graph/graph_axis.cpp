@@ -24,6 +24,11 @@ void GraphAxis::setCaption(const QString& caption)
     drawing_.repaints.ask();
 }
 
+const QString& GraphAxis::unit() const
+{
+    return drawing_.plan.unit;
+}
+
 void GraphAxis::SetMinMax(double minimum, double maximum)
 {
     drawing_.setHome(minimum, maximum);

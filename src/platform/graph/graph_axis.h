@@ -21,6 +21,9 @@ public:
     QString caption() const;
     void setCaption(const QString& caption);
 
+    /// The unit of a value axis, as in "V"; empty where its plan names none.
+    const QString& unit() const;
+
     /// Sets the range, to which a double click of the operator returns too, and ends a range that followed the data.
     /// Throws `RuntimeFailure` 380 unless both are finite and `minimum` is the lesser. A value beyond 1E+249 counts
     /// as that.

@@ -23,6 +23,9 @@ struct GraphAxisPlan {
     int divisions = 5;
     /// The range follows the data until `SetMinMax` gives it a fixed one.
     bool autoScale = false;
+    /// What a value axis measures, for the operator's choices and for a description: "Voltage", in "V".
+    QString quantity = {};
+    QString unit = {};
 };
 
 /// A plot as it is at the start: visible, and without data.
@@ -33,6 +36,11 @@ struct GraphPlotPlan {
     QColor color = {};
     /// Distinguishes it from a solid plot of the same color.
     bool dashed = false;
+    /// What the operator calls the curve, as in "Ch1 V".
+    QString title = {};
+    /// A character that is drawn on the curve now and then, and on its line in a legend. It distinguishes curves for
+    /// someone who does not distinguish their colors.
+    QString mark = {};
 };
 
 /// What a graph is made of. Axes and plots get their numbers, from 1, by their place here. Axis 1 is at the bottom and

@@ -65,8 +65,9 @@ protected:
     double covered(double x) const
     {
         const int column = 2 * graph.plotArea().left() + static_cast<int>(x / 100 * 2 * graph.plotArea().width());
+        constexpr int marks = 20; // at the edges
         double sum = 0;
-        for (int y = 2 * graph.plotArea().top() + 4; y < 2 * graph.plotArea().bottom() - 4; ++y)
+        for (int y = 2 * graph.plotArea().top() + marks; y < 2 * graph.plotArea().bottom() - marks; ++y)
             sum += image.pixelColor(column, y).redF();
         return sum;
     }

@@ -182,5 +182,44 @@ TEST(CurveTest, TheNearestSampleIsNeverAGap)
     EXPECT_EQ(curve.nearest(0), std::nullopt);
 }
 
+TEST(CurveTest, TheExtentWithinARangeOfXIsThatOfThePointsInIt)
+{
+    Curve curve;
+    curve.assign({1, 9, 3, 4, 5, 6}, 100, 10); // x 100 to 150
+    const auto within = [&](double lowest, double highest) {
+        const Extent extent = curve.extentWithin({lowest, highest});
+        return extent.isEmpty() ? std::pair(noNumber, noNumber) : std::pair(extent.lowest, extent.highest);
+    };
+    EXPECT_THAT(within(110, 130), Pair(3, 9)) << "both ends count";
+    EXPECT_THAT(within(111, 129), Pair(3, 3));
+    EXPECT_THAT(within(-1000, 1000), Pair(1, 9));
+    EXPECT_THAT(within(-1000, 100), Pair(1, 1));
+    EXPECT_THAT(within(150, 1000), Pair(6, 6));
+    EXPECT_TRUE(std::isnan(within(111, 119).first));
+    EXPECT_TRUE(std::isnan(within(151, 1000).first));
+    EXPECT_TRUE(std::isnan(within(0, 99).first));
+}
+
+TEST(CurveTest, TheExtentWithinARangeOfXIsThatOfAllRuns)
+{
+    Curve curve;
+    for (int i = 0; i < 1000; ++i)
+        curve.append(i, 1); // x 0 to 999
+    for (int i = 0; i < 1000; ++i)
+        curve.append(-i, -0.5); // and back to 499
+    EXPECT_EQ(curve.extentWithin({600, 610}), (Extent{-797, 610}));
+    EXPECT_EQ(curve.extentWithin({100, 110}), (Extent{100, 110}));
+}
+
+TEST(CurveTest, TheExtentWithinARangeOfXCountsTheEndsOfASecondInDays)
+{
+    constexpr double second = 1 / 86'400.0;
+    Curve curve;
+    for (int i = 0; i < 100'000; ++i)
+        curve.append(i, second);
+    for (int i = 0; i + 7 < 100'000; i += 997)
+        EXPECT_EQ(curve.extentWithin({i * second, (i + 7) * second}), (Extent{double(i), double(i + 7)})) << i;
+}
+
 } // namespace
 } // namespace orb

@@ -319,5 +319,80 @@ TEST_F(GraphTest, ALegendIsPaintedLikeTheCurve)
     EXPECT_EQ(drawnPixels(2), 2 * (4 * 7 + 6)); // four dashes and the beginning of a fifth
 }
 
+QImage plotAreaOf(const Graph& graph)
+{
+    const QImage image = graph.ControlImage();
+    return image.copy({graph.plotArea().topLeft() * 2, graph.plotArea().size() * 2});
+}
+
+/// Two channels whose curves have their number as a mark.
+GraphPlan markedChannels()
+{
+    GraphPlan plan = twoChannels();
+    for (std::size_t i = 0; i < plan.plots.size(); ++i)
+        plan.plots[i].mark = QString::number(i / 2 + 1);
+    return plan;
+}
+
+TEST(GraphDrawingTest, MarksStandOnTheCurveAndOnItsLineInALegend)
+{
+    const QColor character(226, 231, 238);
+    std::vector<int> counts;
+    for (const GraphPlan& plan : {twoChannels(), markedChannels()}) {
+        Graph graph(plan);
+        graph.resize(740, 420);
+        graph.plot(1).PlotY(std::vector<double>(3600, 15.0), "0:00", second);
+        counts.push_back(pixelsOf(plotAreaOf(graph), character));
+        QImage legend(60, 16, QImage::Format_ARGB32_Premultiplied);
+        legend.fill(graph.plotAreaColor());
+        QPainter painter(&legend);
+        graph.plot(3).paintLegend(painter, QRectF(5, 0, 50, 16));
+        counts.push_back(pixelsOf(legend, character));
+    }
+    EXPECT_EQ(counts[0], 0);
+    EXPECT_EQ(counts[1], 0);
+    EXPECT_GT(counts[2], 100);
+    EXPECT_GT(counts[3], 4);
+}
+
+TEST(GraphDrawingTest, TheMarksOfTwoCurvesAtTheSameHeightStandApart)
+{
+    const auto rings = [](std::initializer_list<int> plots) {
+        Graph graph(markedChannels());
+        graph.resize(740, 420);
+        graph.axis(3).SetMinMax(0, 30);
+        for (const int plot : plots)
+            graph.plot(plot).PlotY(std::vector<double>(3600, 15.0), "0:00", second);
+        return pixelsOf(plotAreaOf(graph), QColor(226, 231, 238));
+    };
+    const int first = rings({1});
+    const int second = rings({3});
+    EXPECT_NEAR(rings({1, 3}), first + second, (first + second) / 20);
+}
+
+TEST_F(GraphTest, ACurveThatLeavesTheRangeIsMarkedAtTheEdge)
+{
+    const auto greenAtTheTop = [&](double value) {
+        graph.plot(1).PlotY(std::vector<double>(3600, value), "0:00", second);
+        const QRect area = graph.plotArea();
+        const QImage top = graph.ControlImage().copy(2 * area.left(), 2 * area.top(), 2 * area.width(), 16);
+        return pixelsOf(top, QColor(0, 255, 0));
+    };
+    EXPECT_EQ(greenAtTheTop(25), 0);
+    EXPECT_GT(greenAtTheTop(31), 60);
+    graph.plot(1).setVisible(false);
+    EXPECT_EQ(greenAtTheTop(31), 0);
+}
+
+TEST_F(GraphTest, ACurveLongerThanTheTimesShownIsMarkedAtTheRight)
+{
+    const auto green = [&](double hours) {
+        graph.plot(1).PlotY({15, 15}, "0:00", hours / 24);
+        return pixelsOf(graph.ControlImage(), QColor(0, 255, 0));
+    };
+    const int whole = green(1);
+    EXPECT_GT(green(2), whole + 20);
+}
+
 } // namespace
 } // namespace orb

@@ -18,11 +18,18 @@ constexpr double narrowestView = 1e-9; // of the range last set
 constexpr double widestView = 1e6;
 constexpr int minorParts = 5;
 
-bool canBeDrawn(const QCPRange& view, const QCPRange& home)
+double distanceOf(const QCPRange& range)
 {
-    const double distance = std::max(std::abs(view.lower), std::abs(view.upper));
-    return view.size() > distance * finestView && view.size() > home.size() * narrowestView &&
-           distance < (std::abs(home.lower) + home.size()) * widestView && QCPRange::validRange(view);
+    return std::max(std::abs(range.lower), std::abs(range.upper));
+}
+
+/// `present` may be wider than an operator's zoom gets: it was fitted to the data.
+bool canBeDrawn(const QCPRange& view, const QCPRange& present, const QCPRange& home)
+{
+    const double distance = distanceOf(view);
+    const double limit = std::max((std::abs(home.lower) + home.size()) * widestView, distanceOf(present));
+    return view.size() > distance * finestView && view.size() > home.size() * narrowestView && distance < limit &&
+           QCPRange::validRange(view);
 }
 
 } // namespace
@@ -53,20 +60,34 @@ void GraphAxis::Drawing::setHome(double minimum, double maximum)
     restore();
 }
 
-void GraphAxis::Drawing::fit(double lowest, double highest)
+std::optional<QCPRange> GraphAxis::Drawing::around(double lowest, double highest) const
 {
     if (!std::isfinite(lowest) || !std::isfinite(highest))
-        return;
+        return std::nullopt;
     const QCPRange data(std::clamp(lowest, -farthest, farthest), std::clamp(highest, -farthest, farthest));
     const QCPRange range = roundRange(data, plan.divisions, isTimeFormat(plan.format));
-    if (QCPRange::validRange(range))
-        setHome(range.lower, range.upper);
+    return QCPRange::validRange(range) ? std::optional(range) : std::nullopt;
+}
+
+void GraphAxis::Drawing::fit(double lowest, double highest)
+{
+    if (const auto range = around(lowest, highest))
+        setHome(range->lower, range->upper);
+}
+
+void GraphAxis::Drawing::show(const Extent& data)
+{
+    const auto range = around(data.lowest, data.highest);
+    if (!range)
+        return;
+    axis.setRange(*range);
+    repaints.ask();
 }
 
 bool GraphAxis::Drawing::view(double minimum, double maximum)
 {
     const QCPRange range(minimum, maximum);
-    if (!canBeDrawn(range, home()))
+    if (!canBeDrawn(range, axis.range(), home()))
         return false;
     axis.setRange(range);
     repaints.ask();

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "axis_scale.h"
+#include "curve.h"
 #include "graph_axis.h"
 #include "graph_plan.h"
+
+#include <optional>
 
 namespace orb {
 
@@ -24,6 +27,8 @@ public:
     void setHome(double minimum, double maximum);
     /// Sets the range to round values around the data from `lowest` to `highest`.
     void fit(double lowest, double highest);
+    /// The same for the view alone: the range last set stays. Without an extent nothing changes.
+    void show(const Extent& data);
     /// Shows another part, as the operator's zoom and pan do. A range too narrow to differ from a point,
     /// or a million times as wide as the range last set, changes nothing and returns false.
     bool view(double minimum, double maximum);
@@ -39,6 +44,8 @@ public:
 
 private:
     Drawing(QCPAxis& drawnAxis, const GraphAxisPlan& start, RepaintQueue& queue);
+    /// Round values around the data; nothing where it can't be drawn.
+    std::optional<QCPRange> around(double lowest, double highest) const;
     QCPRange home() const { return {plan.minimum, plan.maximum}; }
     QVector<QString> labelsOf(const AxisScale& scale, const std::vector<std::int64_t>& numbers, double span) const;
     double roomFor(const QVector<QString>& labels) const;

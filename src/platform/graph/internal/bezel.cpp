@@ -15,6 +15,10 @@ void Bezel::draw(QCPPainter* painter)
     painter->drawRect(rim);
     painter->setPen(QPen(mixed(ground, Qt::white, 0.75), 1));
     painter->drawRect(rim.adjusted(1, 1, -1, -1));
+    if (focusLine.isValid()) {
+        painter->setPen(QPen(focusLine, 2));
+        painter->drawRect(rim.adjusted(3, 3, -3, -3));
+    }
     painter->setPen(QPen(mixed(ground, Qt::black, 0.45), 3));
     painter->drawRect(QRectF(area_.rect()).adjusted(-2, -2, 2, 2));
 }

@@ -13,6 +13,8 @@ public:
 
     /// The color of the surface around the plot area.
     QColor ground;
+    /// The color of a line inside the rim while the graph has the keyboard focus; otherwise invalid.
+    QColor focusLine;
 
 protected:
     void applyDefaultAntialiasingHint(QCPPainter* painter) const override { painter->setAntialiasing(true); }

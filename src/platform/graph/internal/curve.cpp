@@ -25,6 +25,13 @@ std::size_t nearestInRun(const Curve::Run& run, std::size_t end, double x)
     return run.first + static_cast<std::size_t>(std::min(place, last));
 }
 
+/// The steps from the start of a run to `x`; towards infinity where its points don't move.
+double stepsTo(const Curve::Run& run, double x)
+{
+    const double away = x - run.start;
+    return away == 0 ? 0 : away / run.increment;
+}
+
 } // namespace
 
 void Curve::append(double value, double increment)
@@ -68,6 +75,24 @@ Extent Curve::extent(std::size_t first, std::size_t end) const
     Extent result = extentOf(blocks_, firstBlock, endBlock);
     result.add(extentOf(values_, first, firstBlock * blockSize));
     result.add(extentOf(values_, endBlock * blockSize, end));
+    return result;
+}
+
+Extent Curve::extentWithin(const Extent& xRange) const
+{
+    constexpr double rounding = 1e-6; // of an increment
+    Extent result;
+    for (std::size_t number = 0; number < runs_.size(); ++number) {
+        const Run& run = runs_[number];
+        const auto count = static_cast<double>(endOfRun(number) - run.first);
+        Extent steps;
+        steps.add(stepsTo(run, xRange.lowest));
+        steps.add(stepsTo(run, xRange.highest));
+        const double first = std::clamp(std::ceil(steps.lowest - rounding), 0.0, count);
+        const double end = std::clamp(std::floor(steps.highest + rounding) + 1, 0.0, count);
+        if (first < end)
+            result.add(extent(run.first + static_cast<std::size_t>(first), run.first + static_cast<std::size_t>(end)));
+    }
     return result;
 }
 

@@ -65,6 +65,8 @@ public:
     /// Of the values from index `first` to before index `end`.
     Extent extent(std::size_t first, std::size_t end) const;
     Extent extent() const { return extent(0, size()); }
+    /// Of the values of the points whose x is in `xRange`, its ends included.
+    Extent extentWithin(const Extent& xRange) const;
     /// Of all x.
     Extent xExtent() const;
 

@@ -2,6 +2,7 @@
 #include "curve_layer.h"
 
 #include "contrast.h"
+#include "mark_painter.h"
 
 #include <cmath>
 
@@ -12,6 +13,7 @@ namespace {
 constexpr double solidWidth = 2;
 constexpr double dashedWidth = 1.5;
 constexpr double edgeWidth = 0.6; // of an edge, at either side of its line
+constexpr double markSlot = 13;   // pixels at 96 dpi; the marks of different curves stand in different slots
 
 /// From an axis to device pixels, counted from the corner of the plot area at `origin`.
 PixelScale pixelScale(const QCPAxis& axis, double origin, double scale)
@@ -38,22 +40,26 @@ void paintLines(QPainter& painter, const QVector<QLineF>& lines, const QColor& c
     painter.drawLines(lines);
 }
 
+CurveColors colorsOf(const GraphPlot::Drawing& plot)
+{
+    const QColor ground = plot.y.drawing().axis.axisRect()->backgroundBrush().color();
+    return {plot.plan.color, edgeFor(plot.plan.color, ground), ground};
+}
+
 /// Calls `paint` with the color and the width of the plot's line, and before that with those of its edge.
 template <typename Paint> void forEachStroke(const GraphPlot::Drawing& plot, Paint paint)
 {
     const double width = plot.plan.dashed ? dashedWidth : solidWidth;
-    const QColor ground = plot.y.drawing().axis.axisRect()->backgroundBrush().color();
-    const QColor edge = edgeFor(plot.plan.color, ground);
-    if (edge.isValid())
-        paint(edge, width + 2 * edgeWidth);
-    paint(plot.plan.color, width);
+    const CurveColors colors = colorsOf(plot);
+    if (colors.edge.isValid())
+        paint(colors.edge, width + 2 * edgeWidth);
+    paint(colors.line, width);
 }
 
-void paintCurve(QImage& canvas, const GraphPlot::Drawing& plot, const CurveArea& area, double scale)
+void paintCurve(QImage& canvas, const GraphPlot::Drawing& plot, const CurveShape& whole, const CurveArea& area,
+                double scale)
 {
-    CurveShape shape = curveShape(plot.curve, area);
-    if (plot.plan.dashed)
-        shape = dashed(shape, area, scale);
+    const CurveShape shape = plot.plan.dashed ? dashed(whole, area, scale) : whole;
     forEachStroke(plot, [&](const QColor& color, double width) {
         fillColumns(canvas, widened(shape.columns, width * scale), color);
         QPainter painter(&canvas);
@@ -89,6 +95,8 @@ void CurveLayer::paintLegend(const GraphPlot::Drawing& plot, QPainter& painter, 
         shape = dashed(shape, area, 1);
     painter.translate(rect.topLeft());
     forEachStroke(plot, [&](const QColor& color, double width) { paintLines(painter, shape.lines, color, width); });
+    if (!plot.plan.mark.isEmpty())
+        paintMark(painter, {std::round(rect.width() / 2), middle}, plot.plan.mark, colorsOf(plot), 1);
     painter.translate(-rect.topLeft());
 }
 
@@ -102,12 +110,35 @@ void CurveLayer::draw(QCPPainter* painter)
     canvas_.setDevicePixelRatio(1); // while it is painted, a pixel is a pixel
     canvas_.fill(Qt::transparent);
     const PixelScale x = pixelScale(x_, rect.left(), scale);
-    for (const GraphPlot::Drawing& plot : plots)
-        if (plot.visible)
-            paintCurve(canvas_, plot,
-                       {x, pixelScale(plot.y.drawing().axis, rect.top(), scale), size.width(), size.height()}, scale);
+    std::vector<Drawn> curves;
+    for (std::size_t i = 0; i < plots.size(); ++i) {
+        const GraphPlot::Drawing& plot = plots[i];
+        if (!plot.visible)
+            continue;
+        const CurveArea area{x, pixelScale(plot.y.drawing().axis, rect.top(), scale), size.width(), size.height()};
+        curves.push_back({plot, i, area, curveShape(plot.curve, area)});
+        paintCurve(canvas_, plot, curves.back().shape, area, scale);
+    }
+    paintMarks(curves, scale);
     canvas_.setDevicePixelRatio(scale);
     painter->drawImage(rect.topLeft(), canvas_);
+}
+
+/// After all curves, so that none covers them.
+void CurveLayer::paintMarks(const std::vector<Drawn>& curves, double scale)
+{
+    QPainter painter(&canvas_);
+    ExitPainter exits(painter, canvas_.size(), scale);
+    const double slot = markSlot * scale;
+    for (const auto& [plot, index, area, shape] : curves) {
+        const CurveColors colors = colorsOf(plot);
+        const double first = slot * (static_cast<double>(index) + 0.5);
+        if (!plot.plan.mark.isEmpty())
+            for (const QPointF& at : markPlaces(shape, area, first, slot * static_cast<double>(plots.size())))
+                paintMark(painter, at, plot.plan.mark, colors, scale);
+        for (const CurveExit& exit : curveExits(shape, plot.curve.xExtent(), area, scale))
+            exits.paint(exit, colors);
+    }
 }
 
 } // namespace orb

@@ -30,6 +30,15 @@ protected:
     void draw(QCPPainter* painter) override;
 
 private:
+    /// A curve as it was painted.
+    struct Drawn {
+        const GraphPlot::Drawing& plot;
+        std::size_t index; ///< of the plot
+        CurveArea area;
+        CurveShape shape;
+    };
+    void paintMarks(const std::vector<Drawn>& curves, double scale);
+
     QCPAxis& x_;
     QImage canvas_;
 };
