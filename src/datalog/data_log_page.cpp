@@ -3,6 +3,7 @@
 
 #include "graph_log.h"
 #include "run_picture.h"
+#include "save_picture.h"
 
 namespace orb {
 
@@ -60,6 +61,7 @@ void DataLogPage::wire()
     for (std::size_t i = 0; i < optGraphMode.size(); ++i)
         optGraphMode[i].onClick = [this, index = static_cast<int>(i)] { optGraphModeClick(index); };
     graphLog.onCursorChange = [this](double x, double y) { graphLogCursorChange(x, y); };
+    graphLog.onSavePicture = [this] { savePicture(dialogs_, graphLog.ControlImage()); };
     TimerDataLog.onTick = [this] { TimerDataLogTimer(); };
     TimerDataLog.setEnabled(true);
 }

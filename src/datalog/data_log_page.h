@@ -59,6 +59,7 @@ public:
     Frame FrameCursor{QStringLiteral("Cursor Information")};
     TextBox XPosition;
     TextBox YPosition;
+    Label lblYUnit; ///< the unit of `YPosition`
     TextBox AmplitudeVal;
     TextBox PeriodVal;
     ListBox lstChannel;
@@ -126,6 +127,7 @@ private:
     void showChannel(int channel);
     void setValueAxis(const ComboBox& combo, int axis);
     void attachCursor(int plot);
+    void clearReadOut(const QString& unit);
 
     void beginRecording();
     void sampleCycle();

@@ -86,6 +86,15 @@ void DataLogPage::attachCursor(int plot)
     cursor.setVisible(true);
     const GraphAxis& axis = graphLog.axis(plot % 2 ? 2 : 3);
     cursor.setYPosition((axis.maximum() + axis.minimum()) / 2);
+    clearReadOut(axis.unit());
+}
+
+/// What was read off is not of the curve that is read now.
+void DataLogPage::clearReadOut(const QString& unit)
+{
+    XPosition.setText({});
+    YPosition.setText({});
+    lblYUnit.setCaption(unit);
 }
 
 void DataLogPage::optGraphModeClick(int index)
@@ -103,6 +112,7 @@ void DataLogPage::optGraphModeClick(int index)
         return;
     FrameCursor.setVisible(true);
     FrameCursor.bringToFront();
+    clearReadOut({});
     for (int plot = 1; plot <= 2 * iLogChannels; ++plot)
         boxOf(plot).setValue(CheckBox::Unchecked);
 }

@@ -77,6 +77,7 @@ QLayout* DataLogPage::graphRow()
     side->addWidget(&FrameChannel);
     side->addWidget(&FrameGraphOperations);
     side->addStretch();
+    graphLog.setAccessibleName(QStringLiteral("Graph of the log"));
     auto* row = new QHBoxLayout;
     row->addWidget(&graphLog, 1);
     row->addLayout(side);
@@ -148,6 +149,8 @@ void DataLogPage::layoutCursorFrame()
         grid->addWidget(&box, row++, 1);
     };
     add(QStringLiteral("X Position:"), XPosition);
+    grid->addWidget(&lblYUnit, row, 2);
+    lblYUnit.setMinimumWidth(lblYUnit.fontMetrics().horizontalAdvance(u'A'));
     add(QStringLiteral("Y Position:"), YPosition);
     grid->addWidget(new Label(QStringLiteral("Measurements")), row++, 0, 1, 2);
     add(QStringLiteral("Amplitude:"), AmplitudeVal);

@@ -37,12 +37,14 @@ GraphPlan graphLogPlan()
 {
     GraphPlan plan;
     plan.axes = {{"X-Axis", AxisSide::Bottom, "Elapsed Time", 0, 1.0 / 24, "h:nn", 6},
-                 {"Y-Axis", AxisSide::Left, "Voltage", 0, 30, "", 5},
-                 {"YAxis-A", AxisSide::Right, "Amp", 0, 30, "", 5}};
+                 {"Y-Axis", AxisSide::Left, "Voltage", 0, 30, "", 5, false, "Voltage", "V"},
+                 {"YAxis-A", AxisSide::Right, "Amp", 0, 30, "", 5, false, "Current", "A"}};
     for (int plot = 0; plot < 2 * graphChannels; ++plot) {
         const bool isCurrent = plot % 2 == 1;
-        plan.plots.push_back(
-            {QStringLiteral("Plot-%1").arg(plot + 1), isCurrent ? 3 : 2, curveColor(plot / 2 + 1), isCurrent});
+        const int channel = plot / 2 + 1;
+        plan.plots.push_back({QStringLiteral("Plot-%1").arg(plot + 1), isCurrent ? 3 : 2, curveColor(channel),
+                              isCurrent, QStringLiteral("Ch%1 %2").arg(channel).arg(isCurrent ? "A" : "V"),
+                              QString::number(channel)});
     }
     plan.cursors = 2 * graphChannels;
     return plan;

@@ -9,7 +9,8 @@ namespace orb {
 constexpr int graphChannels = curveColorCount;
 
 /// The elements of `graphLog`: elapsed time, volts on the left, amperes on the right, two curves and two cursors for
-/// each channel. Odd plots show volts, even plots amperes; both plots of a channel have the same color.
+/// each channel. Odd plots show volts, even plots amperes; both plots of a channel have the same color,
+/// and the channel's number as their mark.
 GraphPlan graphLogPlan();
 
 /// One choice of `cmbXLength`: what it sets on the time axis.

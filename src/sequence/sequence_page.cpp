@@ -4,6 +4,7 @@
 #include "attempt.h"
 #include "graph_seq.h"
 #include "record_file.h"
+#include "save_picture.h"
 
 namespace orb {
 
@@ -35,6 +36,7 @@ void SequencePage::wire()
     SeqLoad.onClick = [this] { SeqLoadClick(); };
     seqPlot.onClick = [this] { seqPlotClick(); };
     graphSeq.onClick = [this] { graphSeqClick(); };
+    graphSeq.onSavePicture = [this] { savePicture(dialogs_, graphSeq.ControlImage()); };
 }
 
 void SequencePage::ResetSequencePage()

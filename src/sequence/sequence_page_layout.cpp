@@ -98,6 +98,7 @@ QWidget* SequencePage::tables()
     grid->setColumnStretch(0, 8);
     grid->setColumnStretch(1, 3);
     graphSeq.setVisible(false);
+    graphSeq.setAccessibleName(QStringLiteral("Graph of the sequence"));
     return area;
 }
 

@@ -2,6 +2,7 @@
 #include "data_log_page_test.h"
 
 #include <QApplication>
+#include <QLayout>
 
 using namespace orb;
 using testing::ElementsAre;
@@ -310,6 +311,57 @@ TEST_F(DataLogPageGraphControlsTest, OutsideOfCursorModeACursorIsNotReadOff)
     press(page.optGraphMode[0]);
     moveCursor(5);
     EXPECT_EQ(page.XPosition.text(), "");
+}
+
+TEST_F(DataLogPageGraphControlsTest, AnotherCurveClearsTheReadOutAndNamesItsUnit)
+{
+    recordedRows(10);
+    press(page.cbPlot[0]);
+    EXPECT_EQ(page.lblYUnit.caption(), "V");
+    moveCursor(5);
+    ASSERT_EQ(page.XPosition.text() + ' ' + page.YPosition.text(), "00:00:05 12.5");
+
+    press(page.cbPlot[1]);
+
+    EXPECT_EQ(page.XPosition.text() + ' ' + page.YPosition.text(), " ");
+    EXPECT_EQ(page.lblYUnit.caption(), "A");
+}
+
+TEST_F(DataLogPageGraphControlsTest, EnteringCursorModeAgainClearsTheReadOutOfTheCurveThatGoesOff)
+{
+    recordedRows(10);
+    press(page.cbPlot[0]);
+    moveCursor(5);
+    press(page.optGraphMode[0]);
+    EXPECT_EQ(page.XPosition.text() + ' ' + page.YPosition.text(), "00:00:05 12.5");
+
+    press(page.optGraphMode[2]);
+
+    EXPECT_EQ(page.XPosition.text() + ' ' + page.YPosition.text() + page.lblYUnit.caption(), " ");
+}
+
+TEST_F(DataLogPageGraphControlsTest, TheUnitStandsBesideTheValueThatItIsOf)
+{
+    form.show();
+    recordedRows(10);
+    press(page.cbPlot[0]);
+    QCoreApplication::processEvents();
+    page.FrameCursor.layout()->activate();
+    EXPECT_EQ(page.lblYUnit.geometry().center().y(), page.YPosition.geometry().center().y());
+    EXPECT_GT(page.lblYUnit.x(), page.YPosition.geometry().right());
+}
+
+TEST_F(DataLogPageGraphControlsTest, TheMenuSavesThePictureAndLeavesTheSharedDialogAsItWas)
+{
+    const QString name = application.filePath("night.png");
+    dialogs.CommonDialog1 = {"c:\\logs", "CSV(*.csv)|*.csv", "Export", "night.csv"};
+    dialogs.files = {name};
+    run.enter([&] { page.graphLog.onSavePicture(); });
+    EXPECT_EQ(QImage(name).size(), page.graphLog.ControlImage().size());
+    EXPECT_EQ(dialogs.fileDialogs.at(0).dialog.filter, "Picture(*.png)|*.png");
+    EXPECT_EQ(dialogs.CommonDialog1.fileName, "night.csv");
+    EXPECT_EQ(dialogs.CommonDialog1.filter, "CSV(*.csv)|*.csv");
+    EXPECT_EQ(dialogs.CommonDialog1.title, "Export");
 }
 
 } // namespace

@@ -52,6 +52,22 @@ TEST(GraphLogTest, ThePlotsOfAChannelShareAColorAndTheCurrentIsDashed)
                                      "Plot-15 on axis 2, 128 128 0", "Plot-16 on axis 3, 128 128 0 dashed"));
 }
 
+TEST(GraphLogTest, ThePlotsAreTitledAsTheirBoxesAndMarkedWithTheirChannel)
+{
+    QStringList lines;
+    for (const GraphPlotPlan& plot : graphLogPlan().plots)
+        lines << plot.title + u' ' + plot.mark;
+    EXPECT_EQ(lines.join(", "), "Ch1 V 1, Ch1 A 1, Ch2 V 2, Ch2 A 2, Ch3 V 3, Ch3 A 3, Ch4 V 4, Ch4 A 4, "
+                                "Ch5 V 5, Ch5 A 5, Ch6 V 6, Ch6 A 6, Ch7 V 7, Ch7 A 7, Ch8 V 8, Ch8 A 8");
+}
+
+TEST(GraphLogTest, TheValueAxesHaveAQuantityAndAUnit)
+{
+    const GraphPlan plan = graphLogPlan();
+    EXPECT_EQ(plan.axes[1].quantity + u' ' + plan.axes[1].unit, "Voltage V");
+    EXPECT_EQ(plan.axes[2].quantity + u' ' + plan.axes[2].unit, "Current A");
+}
+
 TEST(GraphLogTest, ThereAreSixteenCursors)
 {
     EXPECT_EQ(graphLogPlan().cursors, 16);

@@ -44,4 +44,13 @@ TEST_F(LegendLineTest, TheLineOfACurrentIsShorterInSumThanThatOfAVoltage)
     EXPECT_LT(pixelsOf(current, QColor(0, 255, 0)), pixelsOf(voltage, QColor(0, 255, 0)));
 }
 
+TEST_F(LegendLineTest, TheLinesOfTwoChannelsDifferInMoreThanTheirColor)
+{
+    LegendLine first(graph, 1);
+    LegendLine third(graph, 5);
+    EXPECT_NE(first.grab().toImage(), third.grab().toImage());
+    graph.plot(5).setLineColor(graph.plot(1).lineColor());
+    EXPECT_NE(first.grab().toImage(), third.grab().toImage());
+}
+
 } // namespace

@@ -12,7 +12,7 @@ namespace orb {
 class LegendLine final : public QWidget {
 public:
     /// `graph` must outlive the line.
-    LegendLine(const Graph& graph, int plot) : graph_(graph), plot_(plot) { setFixedSize(26, 16); }
+    LegendLine(const Graph& graph, int plot) : graph_(graph), plot_(plot) { setFixedSize(38, 16); }
 
 protected:
     void paintEvent(QPaintEvent*) override

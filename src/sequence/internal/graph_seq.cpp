@@ -9,8 +9,8 @@ GraphPlan graphSeqPlan()
 {
     GraphPlan plan;
     plan.axes = {{"XAxis", AxisSide::Bottom, "Elapsed Time", 0, 60 * secondInDays, "h:n:ss", 6, true},
-                 {"YAxis-1", AxisSide::Left, "Amp", 0, 30, "", 5, true}};
-    plan.plots = {{"Plot-1", 2, curveColor(1)}, {"Plot-2", 2, curveColor(2)}};
+                 {"YAxis-1", AxisSide::Left, "Amp", 0, 30, "", 5, true, "Current", "A"}};
+    plan.plots = {{"Plot-1", 2, curveColor(1), false, "Sequence"}, {"Plot-2", 2, curveColor(2)}};
     return plan;
 }
 
