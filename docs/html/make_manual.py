@@ -87,7 +87,7 @@ class Manual:
             "toc": {"toc_depth": "2-2"}})
         body = converter.convert(path.read_text(encoding="utf-8"))
         body = re.sub(r'(href|src)="([^"]*)"', lambda m: f'{m[1]}="{self.link(path, m[2])}"', body)
-        body = re.sub(r'(<a href="([^"#]*)[^"]*">)[a-z-]+\.md</a>', lambda m: m[1] + self.titles[m[2]] + "</a>", body)
+        body = re.sub(r'(<a href="([^"#]*)[^"]*">)[A-Za-z/-]+\.md</a>', lambda m: m[1] + self.titles[m[2]] + "</a>", body)
         body = body.replace("<table>", '<div class="table"><table>').replace("</table>", "</table></div>")
         contents = converter.toc if len(converter.toc_tokens) > 1 else ""
         return PAGE.format(title=html.escape(self.titles[name]), pages=self.list_of_pages(name, contents), body=body)

@@ -86,6 +86,29 @@ TEST(ManualLinksTest, EveryPictureIsThereAndIsAPictureWithADescription)
     EXPECT_GE(pictures, 20);
 }
 
+TEST(ManualLinksTest, ALinkToAPlaceOnAnotherPageKeepsThePlace)
+{
+    EXPECT_THAT(valuesOf(contentOf(manual().filePath(QStringLiteral("troubleshooting.html"))), QStringLiteral("href")),
+                testing::Contains(QStringLiteral("before-a-night.html#midnight")));
+}
+
+TEST(ManualLinksTest, EachPageMarksItselfInTheListAndShowsNothingOfItsSource)
+{
+    const QMap<QString, QString> all = pages();
+    for (auto page = all.begin(); page != all.end(); ++page) {
+        const std::string name = page.key().toStdString();
+        const QString mark = QStringLiteral("<a href=\"%1\" aria-current=\"page\">").arg(page.key());
+        EXPECT_EQ(page->count(QStringLiteral("aria-current")), 1) << name;
+        EXPECT_TRUE(page->contains(mark)) << name;
+        EXPECT_LE(page->count(QStringLiteral("class=\"toc\"")), 1) << name;
+        EXPECT_TRUE(page->contains(QStringLiteral("<html lang=\"en\">"))) << name;
+        EXPECT_FALSE(page->contains(QStringLiteral(".html</a>"))) << name;
+        EXPECT_FALSE(page->contains(QStringLiteral(".md</a>"))) << name << ": a link is called by its page's title";
+        EXPECT_FALSE(page->contains(QStringLiteral("|---"))) << name << ": a table is not one";
+        EXPECT_FALSE(page->section(QStringLiteral("</title>"), 0, 0).contains(QLatin1Char('`'))) << name;
+    }
+}
+
 TEST(ManualLinksTest, EveryDocumentIsAPage)
 {
     QStringList missing;
