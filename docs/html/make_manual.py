@@ -15,8 +15,8 @@ import sys
 
 import markdown
 
-# The pages in the order of the list on the left. A heading is a text alone.
-PAGES = [
+# The pages in the order of the list on the left. A heading is a text alone. Further documents in docs/ come at the end.
+LISTED = [
     ("docs/README.md", "index.html"),
     "Start",
     ("docs/first-test.md", "first-test.html"),
@@ -69,8 +69,14 @@ class Manual:
     def __init__(self, source, target):
         self.source = source.resolve()
         self.target = target
-        self.page_of = {(self.source / page[0]).resolve(): page[1] for page in PAGES if isinstance(page, tuple)}
+        self.pages = LISTED + self.further()
+        self.page_of = {(self.source / page[0]).resolve(): page[1] for page in self.pages if isinstance(page, tuple)}
         self.titles = {name: self.title_of(path) for path, name in self.page_of.items()}
+
+    def further(self):
+        listed = [page[0] for page in LISTED if isinstance(page, tuple)]
+        names = sorted(path.name for path in (self.source / "docs").glob("*.md"))
+        return [("docs/" + name, name.replace(".md", ".html")) for name in names if "docs/" + name not in listed]
 
     @staticmethod
     def title_of(path):
@@ -94,7 +100,7 @@ class Manual:
 
     def list_of_pages(self, current, contents):
         lines = []
-        for page in PAGES:
+        for page in self.pages:
             if isinstance(page, str):
                 lines.append(f"<h2>{page}</h2>")
                 continue
