@@ -17,7 +17,10 @@ struct Multiplier {
 };
 
 // MA is mega, M alone is milli. The letters of the unit follow, so that MA is milliampere and MAA megaampere.
-constexpr Multiplier multipliers[] = {{"", 1}, {"N", 1e-9}, {"U", 1e-6}, {"M", 1e-3}, {"K", 1e3}, {"MA", 1e6}};
+constexpr Multiplier multipliers[] = {
+    {"", 1},     {"EX", 1e18}, {"PE", 1e15}, {"T", 1e12},  {"G", 1e9},   {"MA", 1e6},  {"K", 1e3},
+    {"M", 1e-3}, {"U", 1e-6},  {"N", 1e-9},  {"P", 1e-12}, {"F", 1e-15}, {"A", 1e-18},
+};
 
 [[noreturn]] void fail(ErrorNumber number)
 {

@@ -38,10 +38,12 @@ void StatusGroup::preset()
 void StatusRegisters::report(ErrorNumber number)
 {
     setEvent(eventOf(number));
-    if (errors_.size() < queueCapacity)
+    if (errors_.size() < queueCapacity) {
         errors_.push_back(number);
-    else
-        errors_.back() = ErrorNumber::QueueOverflow;
+        return;
+    }
+    errors_.back() = ErrorNumber::QueueOverflow;
+    setEvent(eventOf(ErrorNumber::QueueOverflow));
 }
 
 ErrorNumber StatusRegisters::takeError()

@@ -33,6 +33,16 @@ TEST_F(StatusCommandsTest, TheQueueEndsInAnOverflow)
     EXPECT_EQ(query(":SYST:ERR?"), noError);
 }
 
+TEST_F(StatusCommandsTest, AnOverflowOfTheQueueIsADeviceError)
+{
+    send("*CLS");
+    for (std::size_t i = 0; i < StatusRegisters::queueCapacity; ++i)
+        send(":FOO");
+    EXPECT_EQ(query("*ESR?"), "32") << "a full queue is none yet";
+    send(":FOO");
+    EXPECT_EQ(query("*ESR?"), "40");
+}
+
 TEST_F(StatusCommandsTest, ClearingEmptiesTheQueueAndTheEventRegisters)
 {
     send(":FOO");
