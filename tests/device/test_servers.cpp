@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 
 #include <arpa/inet.h>
+#include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -83,6 +85,18 @@ void ClientConnection::say(const std::string& bytes) const
             return;
         at += static_cast<std::size_t>(sent);
     }
+}
+
+bool ClientConnection::isReadable(int limitMs) const
+{
+    pollfd readable{descriptor_, POLLIN, 0};
+    return ::poll(&readable, 1, limitMs) > 0;
+}
+
+void ClientConnection::sendAtOnce() const
+{
+    const int yes = 1;
+    ::setsockopt(descriptor_, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
 }
 
 void ClientConnection::reset()

@@ -41,6 +41,10 @@ public:
     /// Reads one line without its line end; empty when the client is gone or the server ends.
     std::string line();
     void say(const std::string& bytes) const;
+    /// Waits up to `limitMs` for something to read.
+    bool isReadable(int limitMs) const;
+    /// What is said leaves at once, in a packet of its own.
+    void sendAtOnce() const;
     /// Ends the connection with a reset.
     void reset();
     /// Reads until the client is gone or the server ends.

@@ -33,6 +33,7 @@ void InstrumentLink::prepare(std::unique_ptr<Transport> transport)
     error_ = LinkError::None;
     errorText_.clear();
     rejectedText_.clear();
+    isIdentifiedAnew_ = false;
     enterStage(Stage::Connecting);
 }
 
@@ -130,12 +131,16 @@ bool InstrumentLink::stepIdentifying(bool maySend)
 
 bool InstrumentLink::stepSizing(bool maySend)
 {
+    if (takeLateIdentity(session_->takeUnaskedIdentity()))
+        return true;
     const auto query = static_cast<std::size_t>(attempt_);
     if (!ask(sizingQueries[query], maySend)) {
         loseIfClosed();
         return false;
     }
     const auto& answer = session_->answer(Requester::Control);
+    if (answer && takeLateIdentity(*answer))
+        return true;
     const int channels = answer ? channelsIn(*answer, attempt_ == 1) : 0;
     if (channels >= 1 && (attempt_ == 1 || channels <= mostChannels)) {
         goUp(std::min(channels, mostChannels));
@@ -148,6 +153,19 @@ bool InstrumentLink::stepSizing(bool maySend)
         goUp(1);
     }
     return false;
+}
+
+bool InstrumentLink::takeLateIdentity(const QByteArray& answer)
+{
+    bool isNumber = false;
+    answer.left(answer.indexOf(',')).toDouble(&isNumber);
+    const auto identity = isNumber ? std::nullopt : readIdentity(answer);
+    if (!identity || *identity == identity_ || std::exchange(isIdentifiedAnew_, true))
+        return false;
+    identity_ = *identity;
+    session_->identifyAnew(answer);
+    asked_ = false; // the sizing begins again, after a marker
+    return true;
 }
 
 void InstrumentLink::enterStage(Stage stage)

@@ -80,6 +80,8 @@ private:
     bool stepConnecting();
     bool stepIdentifying(bool maySend);
     bool stepSizing(bool maySend);
+    /// Where the answer is an identity, the one before was none.
+    bool takeLateIdentity(const QByteArray& answer);
     /// Asks unless it was asked already, and polls. False when it can't be asked yet.
     bool ask(const QByteArray& query, bool maySend);
     bool isOver(int limitMs) const { return clock_.elapsed() - since_ >= limitMs; }
@@ -98,6 +100,7 @@ private:
     qint64 since_ = 0;
     bool asked_ = false;
     int attempt_ = 0;
+    bool isIdentifiedAnew_ = false; // once a link, so that connecting ends
     int changes_ = 0;
 
     End end_ = End::Never;

@@ -76,18 +76,26 @@ void Session::receive(const QByteArray& bytes)
 
 void Session::receiveLine(const QByteArray& line, bool isWhole)
 {
-    if (!isIdentified_ && !readIdentity(line)) {
+    if (!isIdentified_ && (!book_->awaits(Requester::Control) || !readIdentity(line))) {
         if (rejected_.isEmpty())
             rejected_ = line.left(longestRejected);
         return;
     }
     if (!isIdentified_)
         book_->setIdentity(line);
+    else if (!book_->awaits(Requester::Control) && !book_->awaits(Requester::Application) && readIdentity(line))
+        unaskedIdentity_ = line;
     isIdentified_ = true;
     const bool isFetched = isFetching_ && book_->isNext(Requester::Control);
     book_->answered(line, isWhole);
     if (!isFetched && startsAsBlock(line))
         book_->distrust(); // a block that no member fetches comes in as many lines as it holds line ends
+}
+
+void Session::identifyAnew(const QByteArray& identity)
+{
+    book_->setIdentity(identity);
+    book_->distrust();
 }
 
 const std::optional<QByteArray>& Session::answer(Requester requester) const

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace orb {
 
@@ -15,7 +16,7 @@ class AnswerBook;
 class Framer;
 
 /// The conversation with an instrument over an open transport: lines out, answers in, each to its query. It begins with
-/// *IDN?: until an identity has come, every other line is passed over, since the instrument may begin with a greeting.
+/// *IDN?: until an identity has come to it, every line is passed over, since the instrument may begin with a greeting.
 /// No member waits but those that name a limit, and none of them longer.
 class Session {
 public:
@@ -53,6 +54,12 @@ public:
 
     /// True when no answer is due: a query that goes out now meets an idle line.
     bool isQuiet() const;
+    /// What was taken for the identity was a greeting that looks like one, and this came later. The session finds its
+    /// place by it before the next query.
+    void identifyAnew(const QByteArray& identity);
+    /// A line that looks like an identity and came when no answer was due, since the last call.
+    QByteArray takeUnaskedIdentity() { return std::exchange(unaskedIdentity_, {}); }
+
     /// What came first instead of an identity, complete or not; 256 bytes at most.
     QByteArray rejected() const;
 
@@ -68,6 +75,7 @@ private:
     std::unique_ptr<AnswerBook> book_;
     qint64 lastBytesAt_;
     QByteArray rejected_;
+    QByteArray unaskedIdentity_;
     bool isIdentified_ = false;
     bool isFetching_ = false;
 };

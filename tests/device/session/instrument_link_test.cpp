@@ -195,6 +195,40 @@ TEST_F(InstrumentLinkTest, TheIdentityMayFollowAGreeting)
     EXPECT_EQ(link.channelCount(), 2);
 }
 
+/// It comes after *IDN? went out, so that it stands where the answer belongs.
+TEST_F(InstrumentLinkTest, AGreetingThatLooksLikeAnIdentityIsReplacedByTheOneAfterIt)
+{
+    for (const int identityMs : {10, 30}) { // in one packet with the greeting, or when more was asked by then
+        int identities = 0;
+        line.onLine = [&](const QByteArray& text) {
+            if (text == "*IDN?" && ++identities == 1)
+                line.say("LOAD, remote interface, 2 channels, ready\r\n", 10);
+            line.say(text == "*IDN?" ? identity : QByteArray(text == ":CHAN:COUN?" ? "2\n" : "volts\n"), identityMs);
+        };
+        start();
+        stepFor(1000);
+
+        EXPECT_EQ(link.identity().maker, "ZN") << identityMs;
+        EXPECT_EQ(link.channelCount(), 2) << identityMs;
+        link.session()->send(Requester::Application, ":FETC:ALLV?");
+        EXPECT_EQ(link.session()->awaitAnswer(Requester::Application, 50).value_or("nothing"), "volts") << identityMs;
+    }
+    EXPECT_THAT(line.sent, ElementsAre("*IDN?", "*IDN?", ":CHAN:COUN?", ":FETC:ALLV?", //
+                                       "*IDN?", ":CHAN:COUN?", "*IDN?", ":CHAN:COUN?", ":FETC:ALLV?"));
+}
+
+TEST_F(InstrumentLinkTest, AnInstrumentThatIsAnotherOneWithEachAnswerIsTakenAtItsSecondWord)
+{
+    int answers = 0;
+    line.onLine = [&](const QByteArray&) { line.say("ZN,ORB" + QByteArray::number(++answers) + ",1,1\n", 30); };
+    start();
+    stepFor(60'000);
+
+    EXPECT_TRUE(link.isUp());
+    EXPECT_EQ(link.identity().model, "ORB2");
+    EXPECT_LT(clock.elapsed(), 10'000);
+}
+
 TEST_F(InstrumentLinkTest, ACloseBeforeTheIdentityHasItsOwnText)
 {
     line.onLine = [this](const QByteArray&) { line.close(10); };

@@ -256,6 +256,23 @@ TEST_F(SessionTest, EverythingBeforeTheIdentityIsPassedOver)
     EXPECT_EQ(talk.answer(Requester::Control), identity);
 }
 
+TEST_F(SessionTest, AGreetingBeforeTheFirstQueryIsNoIdentityThoughItLooksLikeOne)
+{
+    ScriptedLine end{clock};
+    ScriptedTransport link{end};
+    link.open(100);
+    Session talk{clock, link};
+    end.say("LOAD, remote interface, 2 channels, ready\n");
+    introduce(end, talk);
+
+    talk.send(Requester::Application, "A?");
+    clock.sleep(2000);
+    talk.send(Requester::Application, "B?");
+    EXPECT_THAT(end.sent, testing::ElementsAre("A?", "*IDN?", "B?"));
+    end.say(identity + "\nb\n");
+    EXPECT_EQ(talk.awaitAnswer(Requester::Application, 50).value_or("nothing"), "b");
+}
+
 TEST_F(SessionTest, WhatWasRejectedIsBounded)
 {
     ScriptedLine other(clock);
