@@ -14,6 +14,7 @@ build_packages=(
     libqcustomplot-dev
     libqcustomplot2.1-qt6   # QCustomPlot built for Qt 6
     libsqlite3-dev
+    libavahi-client-dev     # the search of the network for instruments
     sqlite3                 # makes the database from its schema, and is the export's yardstick
     python3-markdown        # makes the pages of the manual
     libgtest-dev

@@ -29,6 +29,7 @@ LISTED = [
     ("docs/connecting.md", "connecting.html"),
     ("docs/simulator.md", "simulator.html"),
     ("docs/command-language.md", "command-language.html"),
+    ("docs/scpi.md", "scpi.html"),
     "Formats",
     ("docs/csv.md", "csv.html"),
     ("docs/sequence-files.md", "sequence-files.html"),

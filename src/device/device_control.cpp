@@ -27,6 +27,7 @@ DeviceControl::DeviceControl(Clock& clock, QWidget* parent)
 DeviceControl::DeviceControl(Clock& clock, std::vector<LinkKind> kinds, const QString& settingsFile,
                              ConnectLimits limits, QWidget* parent)
     : ORBCtrl(parent),
+      clock_(clock),
       kinds_(std::move(kinds)),
       settings_(settingsFile),
       connectPage(kinds_, settings_),

@@ -22,6 +22,7 @@ public:
                   QWidget* parent = nullptr);
 
 private:
+    Clock& clock_;
     // Declared before the pages, which refer to them.
     std::vector<LinkKind> kinds_;
     LinkSettings settings_;

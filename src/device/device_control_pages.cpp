@@ -57,6 +57,7 @@ void DeviceControl::becomeInactive()
     active_ = false;
     timerPage_.setEnabled(false);
     pageLeft();
+    connectPage.abandonSearch();
     if (Session* session = link_.session(); session != nullptr && poll_.isAwaiting())
         session->awaitAnswer(Requester::Control, replyWaitMs);
     poll_.abandon();
@@ -79,6 +80,10 @@ void DeviceControl::pageTick()
         pageLeft();
     else if (link_.isUp())
         pollChannels(*link_.session());
+    if (isOnScreen() && connectPage.isVisible())
+        connectPage.stepSearch(clock_.elapsed());
+    else
+        connectPage.abandonSearch();
     if (isOnScreen())
         display();
 }

@@ -30,9 +30,10 @@ ConnectPage::ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings&
 
     cmbKind.onClick = [this] { cmbKindClick(); };
     cmbAddress.onChange = cmbAddress.onClick = [this] {
-        showInputError({});
+        showNote({});
         showChoices();
     };
+    cmdSearch.onClick = [this] { cmdSearchClick(); };
     cmdConnect.onClick = [this] { cmdConnectClick(); };
     QObject::connect(cmbAddress.lineEdit(), &QLineEdit::returnPressed, this,
                      [this] { enter([this] { cmdConnectClick(); }); });
@@ -57,7 +58,10 @@ void ConnectPage::createLayout()
     cmbAddress.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     lblHint.setWordWrap(true);
     form->addRow(&lblKind_, &cmbKind);
-    form->addRow(&lblAddress_, &cmbAddress);
+    auto* address = new QHBoxLayout;
+    address->addWidget(&cmbAddress, 1);
+    address->addWidget(&cmdSearch);
+    form->addRow(&lblAddress_, address);
     form->addRow(nullptr, &lblHint);
     createOptions();
     form->addRow(nullptr, &options_);
@@ -121,7 +125,9 @@ void ConnectPage::selectLast()
 /// Offers the recent addresses of the selected kind and selects the latest.
 void ConnectPage::cmbKindClick()
 {
+    dropSearch();
     offerOptions();
+    cmdSearch.setVisible(kind().search != nullptr);
     cmbAddress.setText({});
     showRecent();
     if (cmbAddress.listCount() > 0)
@@ -131,7 +137,7 @@ void ConnectPage::cmbKindClick()
     cmbAddress.lineEdit()->setPlaceholderText(hasAddress ? QString() : QStringLiteral("needs no address"));
     lblHint.setCaption(hasAddress ? QStringLiteral("For example ") + kind().example
                                   : QStringLiteral("Runs inside this program: nothing to plug in."));
-    showInputError({});
+    showNote({});
 }
 
 void ConnectPage::offerOptions()
@@ -182,6 +188,8 @@ void ConnectPage::showRecent()
     for (const QString& address : kind().found ? kind().found() : QStringList())
         if (cmbAddress.findText(address) < 0)
             cmbAddress.addItem(address);
+    if (kind().search)
+        offerFound();
     cmbAddress.setText(typed);
 }
 
@@ -189,23 +197,26 @@ void ConnectPage::cmdConnectClick()
 {
     if (!cmdConnect.enabled())
         return;
-    showInputError({});
+    dropSearch();
+    showNote({});
     const QString typed = cmbAddress.text().trimmed();
     const auto resourceName = kind().resourceName(typed);
-    if (!resourceName)
-        showInputError(
+    if (!resourceName) {
+        const QString error =
             typed.isEmpty()
                 ? QStringLiteral("An address is missing. Type where the instrument is.")
-                : QStringLiteral("\"%1\" is not an address of this kind of link.").arg(shownText(typed.toUtf8())));
-    else if (onConnect)
+                : QStringLiteral("\"%1\" is not an address of this kind of link.").arg(shownText(typed.toUtf8()));
+        showNote({error, Tone::Bad});
+    } else if (onConnect) {
         onConnect(*resourceName, choices());
+    }
 }
 
-/// The error takes the place of the link's state until the kind or the address is changed.
-void ConnectPage::showInputError(const QString& text)
+/// The note takes the place of the link's state until the kind or the address is changed.
+void ConnectPage::showNote(const StatusLine& note)
 {
-    inputError_ = text;
-    lblStatus.display(text.isEmpty() ? linkStatus_ : StatusLine{text, Tone::Bad});
+    note_ = note;
+    lblStatus.display(note.text.isEmpty() ? linkStatus_ : note);
 }
 
 void ConnectPage::display(const InstrumentLink& link, const QString& resourceName)
@@ -214,13 +225,14 @@ void ConnectPage::display(const InstrumentLink& link, const QString& resourceNam
     const LinkKind* kind = kindOf(kinds_, resourceName);
     const QString name = kind != nullptr ? kind->remoteName(resourceName) : QString();
     linkStatus_ = linkStatus(link, shownText(name.toUtf8()));
-    showInputError(inputError_);
+    showNote(note_);
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     if (hadFocus && !down && cmdConnect.enabled())
         focusWhenDown_ = window()->focusWidget();
     cmbKind.setEnabled(down);
     cmbAddress.setEnabled(down && !this->kind().example.isEmpty());
     options_.setEnabled(down);
+    cmdSearch.setEnabled(down);
     cmdConnect.setEnabled(down);
     cmdCancel.setEnabled(link.isConnecting());
     keyCancel_.setEnabled(link.isConnecting());

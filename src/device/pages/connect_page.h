@@ -20,6 +20,8 @@ public:
     ComboBox cmbKind{ComboBox::Kind::DropDownList};
     /// The address, typed or one of the recent ones. Enter connects.
     ComboBox cmbAddress{ComboBox::Kind::DropDown};
+    /// Searches the network for instruments that announce themselves, and stops that; hidden where the kind has no search.
+    PictureButton cmdSearch{QStringLiteral("Search network")};
     Label lblHint;
     /// The settings of the line beside the address; those that the selected kind does not have are hidden.
     std::array<ComboBox, LinkKind::mostOptions> cmbOption{
@@ -48,7 +50,13 @@ public:
     /// Fills the list of recent addresses again and keeps the typed text.
     void showRecent();
 
+    /// Takes what a search has found, `now` in milliseconds of the control's clock. A search ends after five seconds.
+    void stepSearch(qint64 now);
+    /// The page is not on the screen any more: a search is stopped.
+    void abandonSearch();
+
     void cmbKindClick();
+    void cmdSearchClick();
     void cmdConnectClick();
 
 private:
@@ -64,12 +72,18 @@ private:
     void selectLast();
     void displayInstrument(const InstrumentLink& link, const QString& resourceName);
     void keepFocus(InstrumentLink::Stage stage);
-    void showInputError(const QString& text);
+    void showNote(const StatusLine& note);
+    void offerFound();
+    void endSearch(const StatusLine& note);
+    void dropSearch();
 
     const std::vector<LinkKind>& kinds_;
     const LinkSettings& settings_;
     StatusLine linkStatus_;
-    QString inputError_;
+    StatusLine note_; // takes the place of the link's state
+    std::unique_ptr<NetworkSearch> search_;
+    std::optional<qint64> searchEnd_;
+    QList<NetworkInstrument> found_;                          // by the last search
     QShortcut keyCancel_{QKeySequence(Qt::Key_Escape), this}; ///< wherever the focus is while the page is shown
     QWidget* focusWhenDown_ = nullptr; // the control that had the focus when the connecting began
     std::array<Label, LinkKind::mostOptions> optionTitles_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link_kind.h"
 
+#include "mdns_search.h"
 #include "serial_transport.h"
 #include "sim_transport.h"
 #include "tcp_transport.h"
@@ -53,6 +54,7 @@ LinkKind tcpKind()
         .transport = [](const QString& resourceName, const QStringList&) -> std::unique_ptr<Transport> {
             return std::make_unique<TcpTransport>(readTcpAddress(resourceName).value_or(TcpAddress{}));
         },
+        .search = searchByMdns,
     };
 }
 

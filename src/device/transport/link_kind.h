@@ -2,6 +2,7 @@
 #pragma once
 
 #include "clock.h"
+#include "network_search.h"
 #include "transport.h"
 
 #include <QStringList>
@@ -46,6 +47,8 @@ struct LinkKind {
     std::vector<LinkOption> options = {};
     /// The addresses that exist on this machine now, as the operator would type them; null where that is not known.
     std::function<QStringList()> found = {};
+    /// Begins a search of the network for instruments of this kind; null where there is none.
+    std::function<std::unique_ptr<NetworkSearch>()> search = {};
 };
 
 /// Every kind of link that the program knows, the simulated instrument first. The simulated instrument lives as long
