@@ -140,18 +140,23 @@ void connectSteps(Tour& tour, FormORB& form, DeviceControl& CORB, const Simulato
         [&form] { return form.caption() == QLatin1String("ZN ORB Device[Connected]"); }, [] {});
     tour.picture(form, QStringLiteral("connect_connected.png"));
     pageStep(tour, form, QStringLiteral("Control"));
+    const auto channels = static_cast<std::size_t>(simulator.channels());
     tour.then(
         QStringLiteral("the channels have their readings"),
-        [&CORB] { return CORB.controlPage.cards.size() == 6 && ui::find(CORB.controlPage, QStringLiteral("LOAD ON")); },
+        [&CORB, channels] {
+            return CORB.controlPage.cards.size() == channels && ui::find(CORB.controlPage, QStringLiteral("LOAD ON"));
+        },
         [] {});
-    for (std::size_t channel : {0U, 1U, 2U})
+    const std::size_t inputsOn = (channels + 1) / 2;
+    for (std::size_t channel = 0; channel < inputsOn; ++channel)
         tour.then(
             QStringLiteral("switches the input of channel %1 on").arg(channel + 1),
             [&CORB, channel] { return ui::find(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); },
             [&CORB, channel] { ui::press(*CORB.controlPage.cards[channel], QStringLiteral("LOAD ON")); });
     tour.then(
         QStringLiteral("the inputs are on"),
-        [&CORB] { return ui::find(*CORB.controlPage.cards[2], QStringLiteral("LOAD OFF")); }, [] {});
+        [&CORB, inputsOn] { return ui::find(*CORB.controlPage.cards[inputsOn - 1], QStringLiteral("LOAD OFF")); },
+        [] {});
     tour.picture(form, QStringLiteral("control.png"));
 }
 

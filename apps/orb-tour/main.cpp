@@ -36,14 +36,19 @@ void createApplicationFolder(const QDir& application)
     QFile::link(beside.filePath(QStringLiteral("ICON")), application.filePath(QStringLiteral("ICON")));
 }
 
+constexpr int wholeTourChannels = 6;
+
 /// The tour of everything, with a simulated instrument in a process of its own; or only the first test of the manual.
 enum class Route { Everything, FirstTest };
 
+/// With another number of channels the tour of everything ends with the instrument's own pages.
 void addSteps(Tour& tour, Route route, FormORB& form, DeviceControl& CORB, const SimulatorProcess& simulator)
 {
     if (route == Route::FirstTest)
         return firstTestSteps(tour, form, CORB);
     connectSteps(tour, form, CORB, simulator);
+    if (simulator.channels() != wholeTourChannels)
+        return;
     dataLogSteps(tour, form);
     consoleSteps(tour, form);
     programSteps(tour, form);
@@ -51,11 +56,11 @@ void addSteps(Tour& tour, Route route, FormORB& form, DeviceControl& CORB, const
     serviceSteps(tour, form);
 }
 
-int runTour(const QDir& out, Route route, bool isMaximized)
+int runTour(const QDir& out, Route route, bool isMaximized, int channels)
 {
     const QTemporaryDir folder;
     createApplicationFolder(QDir(folder.path()));
-    const SimulatorProcess simulator(out.filePath(QStringLiteral("served.txt")));
+    const SimulatorProcess simulator(out.filePath(QStringLiteral("served.txt")), channels);
     std::printf("    a simulated instrument listens on port %d\n", simulator.port());
 
     RealDialogs dialogs(applicationTitle);
@@ -102,6 +107,12 @@ int main(int argc, char** argv)
     const QCommandLineOption firstTestOption(
         QStringLiteral("first-test"), QStringLiteral("Only the first discharge test of the manual: three minutes."));
     parser.addOption(firstTestOption);
+    const QCommandLineOption channelsOption(
+        QStringLiteral("channels"),
+        QStringLiteral("The channels of the instrument, 1 to 8. With another number than 6 the tour ends with the "
+                       "Connect and the Control page."),
+        QStringLiteral("N"), QString::number(wholeTourChannels));
+    parser.addOption(channelsOption);
     parser.process(application);
     desktop.dress();
     const QDir out(QDir().absoluteFilePath(parser.value(outOption)));
@@ -109,7 +120,7 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     try {
         const Route route = parser.isSet(firstTestOption) ? Route::FirstTest : Route::Everything;
-        const int result = runTour(out, route, desktop.isMaximized());
+        const int result = runTour(out, route, desktop.isMaximized(), parser.value(channelsOption).toInt());
         std::printf("The pictures and files are in %s\n", qPrintable(out.path()));
         return result;
     } catch (const TourFailure& failure) {

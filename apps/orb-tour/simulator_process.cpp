@@ -16,7 +16,7 @@ namespace {
 constexpr int limitMs = 20'000;
 }
 
-SimulatorProcess::SimulatorProcess(const QString& servedPath)
+SimulatorProcess::SimulatorProcess(const QString& servedPath, int channels) : channels_(channels)
 {
 #ifdef Q_OS_LINUX
     // A tour that fails ends without destructors; the instrument must end with it.
@@ -24,7 +24,8 @@ SimulatorProcess::SimulatorProcess(const QString& servedPath)
 #endif
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(QCoreApplication::applicationDirPath() + QStringLiteral("/orb-simulator"),
-                   {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--served"), servedPath});
+                   {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--served"), servedPath,
+                    QStringLiteral("--channels"), QString::number(channels)});
     if (!process_.waitForReadyRead(limitMs))
         throw TourFailure(QStringLiteral("orb-simulator does not start: ") + process_.errorString());
     const QByteArray line = process_.readLine().trimmed();

@@ -9,15 +9,17 @@ namespace orb {
 class SimulatorProcess {
 public:
     /// Starts `orb-simulator`, which stands beside this program, on any free port. What it serves of the readings of
-    /// all channels is written to `servedPath`. Throws `TourFailure` where it does not come up.
-    explicit SimulatorProcess(const QString& servedPath);
+    /// all channels is written to `servedPath`. It has 1 to 8 channels. Throws `TourFailure` where it does not come up.
+    SimulatorProcess(const QString& servedPath, int channels);
     ~SimulatorProcess();
 
     int port() const { return port_; }
+    int channels() const { return channels_; }
 
 private:
     QProcess process_;
     int port_ = 0;
+    int channels_;
 };
 
 } // namespace orb
