@@ -175,6 +175,25 @@ TEST_F(InstrumentScreenTest, ARunningSequenceIsInTheStatusLineAndOnItsPage)
     EXPECT_NE(screen().copy(page), first.copy(page));
 }
 
+TEST_F(InstrumentScreenTest, TheCurveOfASequenceHasAStepForEachPoint)
+{
+    send(":SEQ:EDIT:POIN 1;:SEQ:POIN:DATA 1,1,0.8,0.8;:SEQ:EDIT:POIN 2;:SEQ:POIN:DATA 1,0.5,0.8,0.8;:SEQ:END 2");
+    send(":KEYB:CODE 115,1");
+    const QImage picture = screen();
+    const auto lengthOfLine = [&picture](int from, int to) {
+        int longest = 0;
+        for (int y = 108; y < 188; ++y) {
+            int length = 0;
+            for (int x = from; x < to; ++x)
+                length += picture.pixel(x, y) != picture.pixel(from, 107);
+            longest = std::max(longest, length);
+        }
+        return longest;
+    };
+    EXPECT_GT(lengthOfLine(16, 156), 130) << "the first half of the time";
+    EXPECT_GT(lengthOfLine(166, 306), 130) << "the second";
+}
+
 TEST_F(InstrumentScreenTest, ARunningProgramIsInTheStatusLineAndOnItsPage)
 {
     send(":PROG:STAR P01;:PROG:FILE 1;:PROG:SEQ 1;:PROG:MEM 1;:PROG:SEQ:MODE MAN;:LOAD ON;:KEYB:CODE 116,1");
