@@ -2,6 +2,7 @@
 // Each fault of the simulator's script times each member of the control times each kind of link.
 #include "faulty_control.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace orb {
@@ -51,6 +52,8 @@ struct MemberRow {
     Outcome (FaultyControl::*call)();
 };
 
+const char* const connectRule = "2 connect ";
+
 const MemberRow memberRows[] = {
     {"SendCommand", "1 :LOAD1* ", false, 0, &FaultyControl::nothing, &FaultyControl::sendCommand},
     {"SendCommandOfAQuery", "1 :FETC:ALLV? ", true, 0, &FaultyControl::nothing, &FaultyControl::sendQuery},
@@ -62,6 +65,7 @@ const MemberRow memberRows[] = {
      &FaultyControl::sendProgram},
     {"Reconnect", "2 *IDN? ", true, 11'000, &FaultyControl::nothing, &FaultyControl::reconnect},
     {"ReconnectAtItsSecondStage", "2 :CHAN:COUN? ", true, 11'000, &FaultyControl::nothing, &FaultyControl::reconnect},
+    {"ReconnectAtItsConnection", connectRule, false, 11'000, &FaultyControl::nothing, &FaultyControl::reconnect},
     {"IsConnected", "1 :FETC:ALLV? ", true, 0, &FaultyControl::ask, &FaultyControl::isConnected},
     {"LinkType", "1 :FETC:ALLV? ", true, 0, &FaultyControl::ask, &FaultyControl::linkType},
     {"ChannelCount", "1 :FETC:ALLV? ", true, 0, &FaultyControl::ask, &FaultyControl::channelCount},
@@ -94,6 +98,8 @@ bool applies(LinkName name, const MemberRow& member, const FaultRow& fault)
 {
     if (fault.isLine && name == LinkName::Usbtmc)
         return false;
+    if (member.rule == connectRule) // only a socket is taken by the far end
+        return name == LinkName::Tcp && fault.effect == Effect::Ends;
     return member.call == &FaultyControl::reconnect ? !isLateInReality(name, fault)
                                                     : member.isAnswered || fault.effect != Effect::Replaced;
 }
@@ -115,11 +121,13 @@ void expectRow(LinkName name, const MemberRow& member, const FaultRow& fault)
     const Outcome outcome = (row.*member.call)();
 
     EXPECT_LE(row.clock.elapsed() - begin, member.limitMs);
-    const bool isInTime = isLateInReality(name, fault) && outcome == Outcome::Own;
-    EXPECT_TRUE(isInTime || outcome == expected(member, fault.effect)) << static_cast<int>(outcome);
+    // A reset may also meet a connection that is just being made, and is then tried again.
+    const bool mayWork = isLateInReality(name, fault) || member.rule == connectRule;
+    EXPECT_TRUE((mayWork && outcome == Outcome::Own) || outcome == expected(member, fault.effect))
+        << static_cast<int>(outcome);
     row.link->pace.comes = false;
     row.control->PanelActive(false);
-    if (fault.effect == Effect::Ends)
+    if (fault.effect == Effect::Ends && member.rule != connectRule)
         row.awaitEnd();
     if (row.control->IsConnected())
         row.expectAnswers();
@@ -143,12 +151,19 @@ TEST_P(FaultMatrixTest, TheMemberEndsWithinItsLimitByItsResultAndTheNextCallWork
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(AllLinks, FaultMatrixTest,
-                         testing::Combine(testing::ValuesIn(links), testing::ValuesIn(memberRows)),
-                         [](const auto& tested) {
-                             return std::string(linkNames[static_cast<int>(std::get<0>(tested.param))]) +
-                                    std::get<1>(tested.param).name;
-                         });
+std::vector<std::tuple<LinkName, MemberRow>> membersWithFaults()
+{
+    std::vector<std::tuple<LinkName, MemberRow>> pairs;
+    for (const LinkName name : links)
+        for (const MemberRow& member : memberRows)
+            if (std::ranges::any_of(faultRows, [&](const FaultRow& fault) { return applies(name, member, fault); }))
+                pairs.emplace_back(name, member);
+    return pairs;
+}
+
+INSTANTIATE_TEST_SUITE_P(AllLinks, FaultMatrixTest, testing::ValuesIn(membersWithFaults()), [](const auto& tested) {
+    return std::string(linkNames[static_cast<int>(std::get<0>(tested.param))]) + std::get<1>(tested.param).name;
+});
 
 } // namespace
 } // namespace orb

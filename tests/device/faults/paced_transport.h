@@ -30,7 +30,7 @@ public:
     {}
 
     void begin() override { real_->begin(); }
-    bool open(int) override { return real_->open(Pace::generousMs); }
+    bool open(int limitMs) override { return real_->open(limitMs); }
     void close() override { real_->close(); }
     State state() override { return real_->state(); }
     LinkError error() const override { return real_->error(); }
