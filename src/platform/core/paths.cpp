@@ -119,15 +119,21 @@ bool canBeWritten(const QString& path)
 void copyUnlessThere(const QString& from, const QString& to)
 {
     QFile source(from);
-    if (QFileInfo::exists(to) || !source.open(QIODevice::ReadOnly))
+    if (!source.open(QIODevice::ReadOnly))
         return;
     QTemporaryFile draft(to + QStringLiteral(".XXXXXX"));
     const QByteArray content = source.readAll();
     const bool isWhole = draft.open() && draft.write(content) == content.size() && draft.flush();
-    // Another program may have put its copy there meanwhile: a rename never replaces a file.
-    if (!isWhole || (!draft.rename(to) && !QFileInfo::exists(to)))
+    const bool isNamed = isWhole && draft.rename(to); // which never replaces a file
+    if (!isNamed && !QFileInfo::exists(to))
         throw RuntimeFailure(failure::PathFileAccessError);
-    draft.setAutoRemove(false);
+    draft.setAutoRemove(!isNamed);
+}
+
+void createFolderUnlessThere(const QString& path)
+{
+    if (!folderExists(path))
+        createFolder(path);
 }
 
 } // namespace
@@ -147,19 +153,17 @@ Paths Paths::forUser(const QString& executableDirectory)
 QString Paths::inApplication(const QString& literal) const
 {
     const QString own = toWrite(literal);
-    const bool isOwn = ownDirectory_ == executableDirectory_ || QFileInfo::exists(realPath(own));
-    return isOwn ? own : executableDirectory_ + literal;
+    return QFileInfo::exists(realPath(own)) ? own : executableDirectory_ + literal;
 }
 
 void Paths::createOwnDirectory() const
 {
     if (ownDirectory_ == executableDirectory_ || QFileInfo::exists(ownDirectory_ + database))
         return;
-    if (!folderExists(ownDirectory_))
-        createFolder(ownDirectory_);
+    createFolderUnlessThere(ownDirectory_);
     const QDir from(executableDirectory_ + examples);
-    if (!folderExists(ownDirectory_ + examples) && from.exists())
-        createFolder(ownDirectory_ + examples);
+    if (from.exists())
+        createFolderUnlessThere(ownDirectory_ + examples);
     for (const QString& name : from.entryList(QDir::Files))
         copyUnlessThere(from.filePath(name), ownDirectory_ + examples + QLatin1Char('/') + name);
     // The last one, since a start that finds it has nothing left to copy.

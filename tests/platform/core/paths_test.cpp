@@ -187,11 +187,31 @@ TEST_F(InstalledPathsTest, AStartAfterAnUnfinishedFirstOneCopiesWhatIsMissing)
     QDir().mkpath(own("examples"));
     write(own("examples/stair.a"), "edited");
     write(executable.filePath("examples/ramp.a"), "more points");
+    const auto permissions = QFile::permissions(own("examples")) | QFile::ReadOther;
+    ASSERT_TRUE(QFile::setPermissions(own("examples"), permissions));
 
     paths.createOwnDirectory();
 
     EXPECT_EQ(ownFiles(), (QStringList{"examples/ramp.a", "examples/stair.a", "orb.mdb"}));
     EXPECT_EQ(read(own("examples/stair.a")), "edited");
+    EXPECT_EQ(QFile::permissions(own("examples")), permissions) << "the user's choice";
+}
+
+TEST_F(InstalledPathsTest, WithoutExamplesToCopyThereIsNoFolderForThem)
+{
+    makeDatabaseReadOnly();
+    ASSERT_TRUE(QDir(executable.filePath("examples")).removeRecursively());
+
+    Paths::forUser(executable.path()).createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), QStringList{"orb.mdb"});
+    EXPECT_FALSE(QFileInfo::exists(own("examples")));
+}
+
+TEST_F(InstalledPathsTest, TheExecutablesFolderIsNeverCreated)
+{
+    Paths(executable.filePath("none")).createOwnDirectory();
+    EXPECT_FALSE(QFileInfo::exists(executable.filePath("none")));
 }
 
 TEST_F(InstalledPathsTest, WithoutADatabaseToCopyTheMissingOneIsThatBesideTheExecutable)
