@@ -20,6 +20,10 @@ build_packages=(
     libgtest-dev
     libgmock-dev
     libbenchmark-dev
+    dpkg-dev                # finds what the Debian package depends on; its tests too need the next three
+    desktop-file-utils
+    appstream
+    mandoc
     fonts-dejavu-core       # Qt brings no font of its own
 )
 

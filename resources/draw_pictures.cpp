@@ -3,8 +3,8 @@
 // Draws every picture and pointer of the program. Run by hand when one is to change; what it draws is kept with the
 // sources, so that a build needs no screen, no font and no encoder.
 //
-//     draw_pictures FOLDER SHEET    writes FOLDER/OrbEmpty.jpg, FOLDER/ICON/* and the panel map FOLDER/ORBScrBtn.dat,
-//                                   and all pictures but the panel on one PNG
+//     draw_pictures FOLDER SHEET    writes FOLDER/OrbEmpty.jpg, FOLDER/ICON/*, the desktop's icons FOLDER/desktop/* and
+//                                   the panel map FOLDER/ORBScrBtn.dat, and all pictures but the panel on one PNG
 
 #include "cursor_file.h"
 #include "glyphs.h"
@@ -155,10 +155,19 @@ QImage contactSheet()
     return sheet;
 }
 
+/// The program's icon in the sizes that desktops ask for; desktop/scalable.svg is drawn by hand after it.
+void drawDesktopIcons(const QDir& folder)
+{
+    const Picture icon{"orb", applicationIcon, blueInk};
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        save(draw(icon, size, Qt::transparent), folder.filePath(QString::number(size) + ".png"));
+}
+
 void drawAll(const QDir& folder)
 {
-    if (!folder.mkpath("ICON"))
-        throw std::runtime_error("cannot make the folder ICON");
+    if (!folder.mkpath("ICON") || !folder.mkpath("desktop"))
+        throw std::runtime_error("cannot make the folders for the pictures");
+    drawDesktopIcons(QDir(folder.filePath("desktop")));
     const QDir icons(folder.filePath("ICON"));
     for (const Picture& picture : pictures)
         save(isJpeg(picture.name) ? draw(picture, jpegSize, QColor(buttonFace))

@@ -61,9 +61,14 @@ void Tour::picture(const QWidget& widget, const QString& name)
 
 int Tour::run()
 {
+    start();
+    return QApplication::exec();
+}
+
+void Tour::start()
+{
     waiting_.start();
     schedule();
-    return QApplication::exec();
 }
 
 /// Each poll is a timer of its own, so that a step that opens a dialog is followed by the next one inside it.

@@ -30,6 +30,8 @@ public:
 
     /// Runs all steps within the event loop of the application. The result is that of `main`: 0 if all steps passed.
     int run();
+    /// The same for an event loop that is or will be run by others.
+    void start();
 
     QString path(const QString& name) const { return out_.filePath(name); }
 

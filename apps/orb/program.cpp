@@ -48,12 +48,15 @@ Program::Program(Clock& clock, Dialogs& dialogs, const Paths& paths, SystemTools
                  std::vector<LinkKind> kinds, const QString& settingsFile)
     : CORB(clock, std::move(kinds), settingsFile), form(clock, dialogs, paths, CORB, systemTools)
 {
+    form.setWindowIcon(QIcon(realPath(paths.inApplication(QStringLiteral("\\ICON\\orb.ico")))));
     form.setRowEnd(CORB.allOffBar);
 }
 
 int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjust)
 {
     const QApplication application(argc, argv);
+    // By which a desktop finds the entry of this program in its menu, and with it the icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.zn.") + QCoreApplication::applicationName());
     RealDialogs dialogs(applicationTitle);
     RealProcessExit processExit(dialogs);
     Run run(processExit);
