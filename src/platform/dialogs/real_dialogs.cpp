@@ -3,10 +3,13 @@
 
 #include "paths.h"
 #include "real_printer.h"
+#include "save_dialog.h"
+#include "save_refusal.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QTimer>
@@ -49,12 +52,6 @@ QString defaultSuffix(const QString& filter)
     const QString pattern = filter.section(QLatin1Char('|'), 1, 1).section(QLatin1Char(';'), 0, 0);
     const QString suffix = pattern.section(QStringLiteral("*."), 1, 1);
     return suffix.contains(QLatin1Char('*')) ? QString() : suffix;
-}
-
-bool isWritable(const QString& path)
-{
-    const QFileInfo file(path);
-    return file.exists() ? file.isFile() && file.isWritable() : QFileInfo(file.path()).isWritable();
 }
 
 } // namespace
@@ -111,13 +108,21 @@ bool RealDialogs::show(QFileDialog& dialog)
     prepare(dialog);
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         const QString file = dialog.selectedFiles().constFirst();
-        if (dialog.acceptMode() == QFileDialog::AcceptOpen || isWritable(file)) {
+        if (dialog.acceptMode() == QFileDialog::AcceptOpen || !refuse(file)) {
             CommonDialog1.fileName = file;
             return true;
         }
-        message(QStringLiteral("This file can't be written:\n") + file, Icon::Critical, Buttons::Ok);
     }
     return false;
+}
+
+/// Says why the file can't be saved. False where it can.
+bool RealDialogs::refuse(const QString& file)
+{
+    const QString why = saveRefusal(file, bytesAvailableIn(QFileInfo(file).path()));
+    if (!why.isEmpty())
+        message(why, Icon::Critical, Buttons::Ok);
+    return !why.isEmpty();
 }
 
 bool RealDialogs::showOpen()
@@ -130,8 +135,7 @@ bool RealDialogs::showOpen()
 
 bool RealDialogs::showSave()
 {
-    QFileDialog dialog(QApplication::activeWindow());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    SaveDialog dialog(QApplication::activeWindow(), [this](const QString& file) { return refuse(file); });
     dialog.setDefaultSuffix(defaultSuffix(CommonDialog1.filter));
     return show(dialog);
 }
@@ -146,6 +150,7 @@ Printer& RealDialogs::printer()
 bool RealDialogs::showPrinter()
 {
     printer();
+    printer_->offerFile();
     QPrintDialog dialog(&printer_->device(), QApplication::activeWindow());
     return dialog.exec() == QDialog::Accepted;
 }

@@ -14,7 +14,8 @@ namespace orb {
 class RealPrinter;
 
 /// The dialogs that the operator sees, above the active window of the program. The save dialog accepts only a file that
-/// can be written.
+/// can be written, and says what is wrong with another one. Without a printer the print dialog offers a PDF file in the
+/// user's documents folder.
 class RealDialogs final : public Dialogs {
 public:
     /// `title` is the application's title, which every message box shows.
@@ -35,6 +36,7 @@ private:
     void prepare(QMessageBox& box, const QString& text, Icon icon) const;
     void prepare(QFileDialog& dialog) const;
     bool show(QFileDialog& dialog);
+    bool refuse(const QString& file);
 
     QString title_;
     std::unique_ptr<RealPrinter> printer_; ///< created at its first use, since searching for printers is slow

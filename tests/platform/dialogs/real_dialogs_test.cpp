@@ -6,11 +6,16 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDeadlineTimer>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -56,6 +61,17 @@ protected:
     {
         when<QDialog>([](QDialog& dialog) { dialog.reject(); });
     }
+
+    void acceptRefusal(const QString& sentence)
+    {
+        when<QMessageBox>([sentence](QMessageBox& box) {
+            EXPECT_EQ(box.text(), sentence);
+            EXPECT_EQ(box.icon(), QMessageBox::Critical);
+            box.accept();
+        });
+    }
+
+    static QLineEdit& nameEdit(const QFileDialog& dialog) { return *dialog.findChild<QLineEdit*>("fileNameEdit"); }
 
     QString create(const QString& name)
     {
@@ -234,25 +250,75 @@ TEST_F(RealDialogsTest, AnExistingFileIsReplacedOnlyAfterAQuestion)
 TEST_F(RealDialogsTest, AFileThatCannotBeWrittenIsRefusedAndAskedForAgain)
 {
     enterName(folder.filePath("none/log.csv"));
-    when<QMessageBox>([this](QMessageBox& box) {
-        EXPECT_EQ(box.text(), "This file can't be written:\n" + folder.filePath("none/log.csv"));
-        EXPECT_EQ(box.icon(), QMessageBox::Critical);
-        box.accept();
-    });
+    acceptRefusal("There is no such folder:\n" + folder.filePath("none"));
+    enterName("/proc/sys/log.csv");
+    acceptRefusal("No file can be written in this folder:\n/proc/sys");
     enterName(folder.filePath("log.csv"));
 
     EXPECT_TRUE(dialogs.showSave());
     EXPECT_EQ(dialogs.CommonDialog1.fileName, folder.filePath("log.csv"));
 }
 
-TEST_F(RealDialogsTest, ANameThatIsAFolderIsNotAccepted)
+TEST_F(RealDialogsTest, TheDialogStaysOpenWithTheNameThatWasRefused)
 {
-    QDir(folder.path()).mkdir("log.csv");
-    enterName(folder.filePath("log.csv"));
-    cancel();
+    const QFileDialog* refused = nullptr;
+    when<QFileDialog>([&](QFileDialog& dialog) {
+        refused = &dialog;
+        dialog.selectFile("/proc/sys/log.csv");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    acceptRefusal("No file can be written in this folder:\n/proc/sys");
+    when<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(&dialog, refused);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_THAT(dialog.selectedFiles(), ElementsAre("/proc/sys/log.csv"));
+        dialog.reject();
+    });
 
     EXPECT_FALSE(dialogs.showSave());
     EXPECT_EQ(dialogs.CommonDialog1.fileName, "");
+}
+
+TEST_F(RealDialogsTest, ANameThatIsAFolderIsRefused)
+{
+    QDir(folder.path()).mkdir("log.csv");
+    for (const char* name : {"log.csv", "log"}) { // the second gets its suffix
+        enterName(name);
+        acceptRefusal("This is a folder. Please enter the name of a file:\n" + folder.filePath("log.csv"));
+        when<QFileDialog>([this](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.directory().path(), folder.path());
+            dialog.reject();
+        });
+
+        EXPECT_FALSE(dialogs.showSave()) << name;
+        EXPECT_EQ(dialogs.CommonDialog1.fileName, "");
+    }
+}
+
+TEST_F(RealDialogsTest, AFolderTypedWithASlashOrSelectedInTheListIsEntered)
+{
+    QDir(folder.path()).mkdir("sub");
+    const auto enter = [this](const std::function<void(QFileDialog&)>& choose) {
+        when<QFileDialog>([choose](QFileDialog& dialog) {
+            choose(dialog);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        when<QFileDialog>([this](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.directory().path(), folder.filePath("sub"));
+            dialog.reject();
+        });
+        EXPECT_FALSE(dialogs.showSave());
+    };
+
+    enter([this](QFileDialog& dialog) { nameEdit(dialog).setText(folder.filePath("sub/")); });
+    enter([](QFileDialog& dialog) {
+        nameEdit(dialog).setText("log.csv");
+        auto* list = dialog.findChild<QListView*>("listView");
+        for (const QDeadlineTimer deadline(60'000);
+             list->model()->rowCount(list->rootIndex()) == 0 && !deadline.hasExpired();)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        list->setCurrentIndex(list->model()->index(0, 0, list->rootIndex()));
+    });
 }
 
 TEST_F(RealDialogsTest, TheDirectoryIsFoundInAnyLetterCaseAndWithABackslash)
@@ -271,6 +337,71 @@ TEST_F(RealDialogsTest, TheCancelledPrinterDialogIsNotAccepted)
 {
     when<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
     EXPECT_FALSE(dialogs.showPrinter());
+}
+
+/// No printer is there in a test. The documents folder is that of the test program's own home.
+class NoPrinterTest : public RealDialogsTest {
+protected:
+    NoPrinterTest() { documents.removeRecursively(); }
+
+    static QString offered(const QPrintDialog& dialog) { return dialog.findChild<QLineEdit*>("filename")->text(); }
+
+    static void pressPrint(QPrintDialog& dialog)
+    {
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    }
+
+    QStringList printed() const { return documents.entryList(QDir::Files, QDir::Name); }
+
+    QDir documents{QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)};
+};
+
+TEST_F(NoPrinterTest, TheDialogOffersAPdfFileInTheDocumentsFolderAndPrintPrintsThere)
+{
+    for (const char* name : {"orb.pdf", "orb 2.pdf"}) {
+        when<QPrintDialog>([&](QPrintDialog& dialog) {
+            EXPECT_EQ(offered(dialog), documents.filePath(name));
+            pressPrint(dialog);
+        });
+        EXPECT_TRUE(dialogs.showPrinter());
+        dialogs.printer().endDoc();
+        EXPECT_GT(QFileInfo(documents.filePath(name)).size(), 0) << name;
+    }
+    EXPECT_THAT(printed(), ElementsAre("orb 2.pdf", "orb.pdf"));
+}
+
+TEST_F(NoPrinterTest, AfterACancelTheDocumentIsTheFileThatWasOffered)
+{
+    for (int i = 0; i < 2; ++i) {
+        when<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+        EXPECT_FALSE(dialogs.showPrinter());
+        dialogs.printer().endDoc();
+    }
+    EXPECT_THAT(printed(), ElementsAre("orb 2.pdf", "orb.pdf"));
+}
+
+TEST_F(NoPrinterTest, AFurtherDocumentWithoutADialogIsAnotherFile)
+{
+    when<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+    dialogs.showPrinter();
+    dialogs.printer().endDoc();
+    dialogs.printer().endDoc();
+
+    EXPECT_THAT(printed(), ElementsAre("orb 2.pdf", "orb.pdf"));
+}
+
+TEST_F(NoPrinterTest, WhereTheDocumentsFolderCannotBeWrittenTheHomeFolderTakesTheFile)
+{
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(documents.path()).path()));
+    QFile::remove(documents.path());
+    ASSERT_TRUE(QFile(documents.path()).open(QIODevice::WriteOnly)); // a file where the folder should be
+    when<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+
+    dialogs.showPrinter();
+    dialogs.printer().endDoc();
+
+    EXPECT_TRUE(QFile::remove(QDir::home().filePath("orb.pdf")));
+    EXPECT_TRUE(QFile::remove(documents.path()));
 }
 
 TEST_F(RealDialogsTest, ThePrinterIsTheSameAtEachUse)

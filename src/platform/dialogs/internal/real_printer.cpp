@@ -2,6 +2,7 @@
 #include "real_printer.h"
 
 #include "failure.h"
+#include "save_refusal.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -10,13 +11,24 @@ namespace orb {
 
 namespace {
 
+/// The first of the user's folders that takes a file.
+QDir folderForFiles()
+{
+    for (const auto location : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
+        const QDir folder(QStandardPaths::writableLocation(location));
+        folder.mkpath(QStringLiteral("."));
+        if (takesFiles(folder.path()))
+            return folder;
+    }
+    return QDir::temp();
+}
+
 QString unusedPdfFile()
 {
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    documents.mkpath(QStringLiteral("."));
-    QString path = documents.filePath(QStringLiteral("orb.pdf"));
+    const QDir folder = folderForFiles();
+    QString path = folder.filePath(QStringLiteral("orb.pdf"));
     for (int i = 2; QFileInfo::exists(path); ++i)
-        path = documents.filePath(QStringLiteral("orb %1.pdf").arg(i));
+        path = folder.filePath(QStringLiteral("orb %1.pdf").arg(i));
     return path;
 }
 
@@ -46,14 +58,27 @@ double RealPrinter::height()
     return printer_.pageRect(QPrinter::DevicePixel).height();
 }
 
+bool RealPrinter::printsToOwnFile() const
+{
+    return printer_.outputFormat() == QPrinter::PdfFormat && printer_.outputFileName() == ownFile_;
+}
+
+void RealPrinter::offerFile()
+{
+    if (!printsToOwnFile())
+        return;
+    ownFile_ = unusedPdfFile();
+    printer_.setOutputFileName(ownFile_);
+    isFileOffered_ = true;
+}
+
 void RealPrinter::begin()
 {
     if (painter_.isActive())
         return;
-    if (printer_.outputFormat() == QPrinter::PdfFormat && printer_.outputFileName() == ownFile_) {
-        ownFile_ = unusedPdfFile();
-        printer_.setOutputFileName(ownFile_);
-    }
+    if (!isFileOffered_)
+        offerFile();
+    isFileOffered_ = false;
     if (!painter_.begin(&printer_))
         throw RuntimeFailure(failure::PrinterError);
 }
