@@ -4,6 +4,7 @@
 #include "program_instance.h"
 #include "real_clock.h"
 #include "real_dialogs.h"
+#include "unsaved_rows.h"
 
 #include <QApplication>
 
@@ -62,7 +63,8 @@ int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjus
     Run run(processExit);
     const Paths paths = Paths::forUser(QCoreApplication::applicationDirPath());
     run.enter([&] { paths.createOwnDirectory(); });
-    ProgramInstance instance(paths.inApplication(QStringLiteral("\\orb.mdb")));
+    const QString database = paths.inApplication(QStringLiteral("\\orb.mdb"));
+    ProgramInstance instance(database);
     if (!instance.isFirst()) {
         showRunning(instance, dialogs);
         return EXIT_SUCCESS;
@@ -76,6 +78,8 @@ int runProgram(int argc, char** argv, const std::function<void(FormORB&)>& adjus
     };
     run.enter([&] { // so that a failure of the construction is reported too
         program.emplace(clock, dialogs, paths, systemTools, standardLinkKinds(clock), LinkSettings::userFile());
+        // Before the table is emptied.
+        program->CORB.connectPage.showNotice(keepUnsavedRows(program->form.wsMain, database));
         program->form.FormLoad();
         if (adjust)
             adjust(program->form);

@@ -38,31 +38,45 @@ private:
     std::string text_;
 };
 
+/// `start`, then `pair` with the number of each channel.
+QString forEachChannel(QString start, const QString& pair, int channels)
+{
+    for (int i = 1; i <= channels; ++i)
+        start += pair.arg(i);
+    return start;
+}
+
 } // namespace
 
 QString csvHeader(int channels)
 {
-    QString header = QStringLiteral("No.,Time");
-    for (int i = 1; i <= channels; ++i)
-        header += QStringLiteral(",Ch%1V,Ch%1A").arg(i);
-    return header;
+    return forEachChannel(QStringLiteral("No.,Time"), QStringLiteral(",Ch%1V,Ch%1A"), channels);
+}
+
+QString unsavedCsvHeader(int channels)
+{
+    return forEachChannel(QStringLiteral("No.,Time"), QStringLiteral(",Ch%1A,Ch%1V"), channels);
+}
+
+QString csvColumns(int channels)
+{
+    return forEachChannel(QStringLiteral("SeqNo ,RecTime"), QStringLiteral(",PVal%1,SVal%1"), channels);
 }
 
 QString csvSelect(int channels)
 {
-    QString columns;
-    for (int i = 1; i <= channels; ++i)
-        columns += QStringLiteral(",PVal%1,SVal%1").arg(i);
-    return QStringLiteral("select SeqNo ,RecTime") + columns + QStringLiteral(",timetick from DataMeasure");
+    return QStringLiteral("select ") + csvColumns(channels) + QStringLiteral(",timetick from DataMeasure");
 }
 
-void writeCsvRows(Recordset& rows, int channels, OutputFile& file)
+void writeCsvRows(Recordset& rows, int channels, OutputFile& file, const std::function<void()>& check)
 {
     Line line;
     const int lastColumn = 1 + 2 * channels;
     for (; !rows.isEof(); rows.moveNext()) {
         if (channels < 1)
             rows.field(QStringLiteral("PVal1"));
+        if (check)
+            check();
         line.begin(rows.value(0).integer);
         for (int column = 1; column <= lastColumn; ++column)
             line.add(rows.value(column));

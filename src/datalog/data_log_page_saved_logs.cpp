@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data_log_page.h"
+#include "sample_columns.h"
 #include "values.h"
 #include "wait_pointer.h"
 
 namespace orb {
 
 namespace {
-
-/// The columns of a sample, in the order in which the copies to and from the saved logs name them.
-const QString sampleColumns = QStringLiteral("SeqNo, RecTime,PVal1,SVal1,PVal2,SVal2,PVal3,SVal3,PVal4,SVal4,PVal5,"
-                                             "SVal5,PVal6,SVal6,PVal7,SVal7,PVal8,SVal8,Reason3,Comment,TimeTick,"
-                                             "DiffLastTime");
 
 /// The date of a saved log as the list shows it. It stays a text, so that no time zone can refuse or shift it.
 QString logDateOf(const Recordset& log)

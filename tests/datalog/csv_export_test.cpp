@@ -15,6 +15,12 @@ TEST(CsvExportTest, TheQueryNamesTheColumnsAndNoOrder)
     EXPECT_EQ(csvSelect(3), "select SeqNo ,RecTime,PVal1,SVal1,PVal2,SVal2,PVal3,SVal3,timetick from DataMeasure");
 }
 
+TEST(CsvExportTest, TheHeaderOfUnsavedRowsCallsTheFirstColumnOfAChannelAAndTheSecondV)
+{
+    EXPECT_EQ(unsavedCsvHeader(0), "No.,Time");
+    EXPECT_EQ(unsavedCsvHeader(2), "No.,Time,Ch1A,Ch1V,Ch2A,Ch2V");
+}
+
 TEST(CsvExportTest, TheHeaderCallsTheFirstColumnOfAChannelVAndTheSecondA)
 {
     EXPECT_EQ(csvHeader(0), "No.,Time");

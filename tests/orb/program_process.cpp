@@ -45,6 +45,17 @@ void ProgramProcess::start(const QString& name, const QStringList& arguments)
     process_.start(folder_.filePath(name), arguments);
 }
 
+void ProgramProcess::startAfter(const QString& before, const QString& name, const QStringList& arguments)
+{
+    output_.clear();
+    errors_.clear();
+    process_.setProcessEnvironment(folder_.environment());
+    process_.start(QStringLiteral("unshare"),
+                   QStringList{"--mount", "--map-root-user", "sh", "-ec", before + QStringLiteral("\nexec \"$@\""),
+                               "sh", folder_.filePath(name)} +
+                       arguments);
+}
+
 void ProgramProcess::kill()
 {
     process_.kill();

@@ -35,6 +35,9 @@ public:
     ProgramProcess& operator=(const ProgramProcess&) = delete;
 
     void start(const QString& name, const QStringList& arguments = {});
+    /// Starts it in a shell that has run `before` as the root of a mount table of its own: what is mounted there is
+    /// seen by this process alone. The shell ends where `before` fails.
+    void startAfter(const QString& before, const QString& name, const QStringList& arguments);
     /// By SIGKILL.
     void kill();
     bool isRunning() const { return process_.state() != QProcess::NotRunning; }

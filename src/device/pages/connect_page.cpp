@@ -70,6 +70,10 @@ void ConnectPage::createLayout()
     page->addLayout(createButtonRow());
     lblStatus.setMinimumHeight(52);
     page->addWidget(&lblStatus);
+    lblNotice.setWordWrap(true);
+    lblNotice.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblNotice.setVisible(false);
+    page->addWidget(&lblNotice);
     createInstrumentFrame();
     page->addWidget(&fraInstrument_);
     page->addStretch();
@@ -210,6 +214,12 @@ void ConnectPage::cmdConnectClick()
     } else if (onConnect) {
         onConnect(*resourceName, choices());
     }
+}
+
+void ConnectPage::showNotice(const QString& text)
+{
+    lblNotice.setCaption(text);
+    lblNotice.setVisible(!text.isEmpty());
 }
 
 /// The note takes the place of the link's state until the kind or the address is changed.

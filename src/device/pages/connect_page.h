@@ -32,6 +32,8 @@ public:
     PictureButton cmdCancel{QStringLiteral("Cancel")};
     PictureButton cmdDisconnect{QStringLiteral("Disconnect")};
     StatusLabel lblStatus;
+    /// What the operator should know from the start; hidden while it has no text.
+    Label lblNotice;
     Label lblMaker;
     Label lblModel;
     Label lblSerialNumber;
@@ -47,6 +49,8 @@ public:
 
     /// Shows the state of the link. `resourceName` is that of the link tried last, empty before the first.
     void display(const InstrumentLink& link, const QString& resourceName);
+    /// Shows a sentence under the state of the link until the program ends.
+    void showNotice(const QString& text);
     /// Fills the list of recent addresses again and keeps the typed text.
     void showRecent();
 

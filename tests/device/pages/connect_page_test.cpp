@@ -44,6 +44,21 @@ protected:
     }
 };
 
+TEST_F(ConnectPageTest, ANoticeStandsUnderTheStateOfTheLinkAndOutlivesAConnection)
+{
+    EXPECT_FALSE(page().lblNotice.visible());
+
+    page().showNotice(QStringLiteral("3 rows are in /tmp/rows.csv"));
+    EXPECT_TRUE(page().lblNotice.visible());
+    press(page().cmdConnect);
+    EXPECT_EQ(page().lblNotice.caption(), "3 rows are in /tmp/rows.csv");
+    EXPECT_TRUE(page().lblNotice.visible());
+    EXPECT_TRUE(page().lblNotice.textInteractionFlags() & Qt::TextSelectableByMouse);
+
+    page().showNotice({});
+    EXPECT_FALSE(page().lblNotice.visible());
+}
+
 TEST_F(ConnectPageTest, TheTextsOfThePageAreThoseOfThisTable)
 {
     pick(page().cmbKind, QStringLiteral("Scripted"));
