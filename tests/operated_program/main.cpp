@@ -125,6 +125,11 @@ void printGraph(FormORB& form, Operator& user)
     user.press(form.frmDatalog.logPrint);
 }
 
+QLineEdit& nameEdit(const QFileDialog& dialog)
+{
+    return *dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
 /// Exports a log of one row to `path`, which is refused, then gives up.
 void exportLog(FormORB& form, Operator& user, const QString& path)
 {
@@ -133,12 +138,12 @@ void exportLog(FormORB& form, Operator& user, const QString& path)
     form.frmDatalog.lLogRecNo = 1;
     form.frmDatalog.iLogChannels = 1;
     user.when<QFileDialog>([path](QFileDialog& dialog) {
-        dialog.selectFile(path);
+        nameEdit(dialog).setText(path);
         static_cast<QDialog&>(dialog).accept();
     });
     readMessage(user);
     user.when<QFileDialog>([](QFileDialog& dialog) {
-        print(qPrintable(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text()));
+        print(qPrintable(nameEdit(dialog).text()));
         dialog.reject();
     });
     readMessage(user);

@@ -17,6 +17,7 @@ protected:
         return trial.waitForFinished(60'000) && trial.exitStatus() == QProcess::NormalExit && trial.exitCode() == 0;
     }
 
+    /// The sentence, the name that the dialog still has after it, and what a cancel brings then.
     void expectRefusal(const QString& sentence, const QString& keptName)
     {
         EXPECT_TRUE(program.waitFor("goes on")) << program.errors().toStdString();
@@ -35,7 +36,7 @@ TEST_F(DialogsTest, AnExportToAFolderThatCannotBeWrittenIsRefusedAndTheProgramGo
 {
     program.start("operated-program", {"export", "/proc/sys/log.csv"});
 
-    expectRefusal("No file can be written in this folder: /proc/sys", "log.csv");
+    expectRefusal("No file can be written in this folder: /proc/sys", "/proc/sys/log.csv");
 }
 
 TEST_F(DialogsTest, AnExportToAReadOnlyDiskIsRefusedAndTheProgramGoesOn)
@@ -46,7 +47,7 @@ TEST_F(DialogsTest, AnExportToAReadOnlyDiskIsRefusedAndTheProgramGoesOn)
     program.startAfter("mount -t tmpfs -o ro none '" + folder.filePath("disk") + "'", "operated-program",
                        {"export", folder.filePath("disk/log.csv")});
 
-    expectRefusal("No file can be written in this folder: " + folder.filePath("disk"), "log.csv");
+    expectRefusal("No file can be written in this folder: " + folder.filePath("disk"), folder.filePath("disk/log.csv"));
 }
 
 TEST_F(DialogsTest, AnExportToAFullDiskIsRefusedAndTheProgramGoesOn)
@@ -58,7 +59,7 @@ TEST_F(DialogsTest, AnExportToAFullDiskIsRefusedAndTheProgramGoesOn)
                            folder.filePath("disk/other") + "'",
                        "operated-program", {"export", folder.filePath("disk/log.csv")});
 
-    expectRefusal("The disk is full: " + folder.filePath("disk"), "log.csv");
+    expectRefusal("The disk is full: " + folder.filePath("disk"), folder.filePath("disk/log.csv"));
 }
 
 TEST_F(DialogsTest, AnExportUnderTheNameOfAFolderIsRefusedAndTheProgramGoesOn)
@@ -66,7 +67,8 @@ TEST_F(DialogsTest, AnExportUnderTheNameOfAFolderIsRefusedAndTheProgramGoesOn)
     QDir().mkdir(folder.filePath("log.csv"));
     program.start("operated-program", {"export", folder.filePath("log.csv")});
 
-    expectRefusal("This is a folder. Please enter the name of a file: " + folder.filePath("log.csv"), "log.csv");
+    expectRefusal("This is a folder. Please enter the name of a file: " + folder.filePath("log.csv"),
+                  folder.filePath("log.csv"));
 }
 
 TEST_F(DialogsTest, WithoutAPrinterACancelPrintsToTheOfferedFileInTheDocumentsFolderAndTheProgramGoesOn)
