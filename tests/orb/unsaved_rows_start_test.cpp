@@ -43,6 +43,22 @@ TEST_F(UnsavedRowsStartTest, AStartPutsRowsAsideBeforeItEmptiesTheTableAndTheCon
                               "1,2024/01/31 10:15:01,1.2,12.2\r\n");
 }
 
+TEST_F(UnsavedRowsStartTest, ManyRowsArePutAsideAndTheStartGoesOn)
+{
+    ASSERT_EQ(sql("with recursive n(i) as (select 0 union all select i+1 from n where i<59999) insert into DataMeasure "
+                  "(SeqNo,RecTime,PVal1,SVal1) select i,'2024/01/31 10:15:00','1.1','12.1' from n"),
+              "");
+
+    program.start("operated-program");
+
+    ASSERT_TRUE(program.waitFor("started"));
+    EXPECT_THAT(program.output().toStdString(), HasSubstr("60,000 rows of a recording that was not saved are in "));
+    QFile rows(folder.filePath("recovered/2024-01-31 10-15-00.csv"));
+    ASSERT_TRUE(rows.open(QIODevice::ReadOnly));
+    EXPECT_EQ(rows.readAll().count('\n'), 60'001);
+    EXPECT_TRUE(program.isRunning()) << "though the window that said so is closed";
+}
+
 TEST_F(UnsavedRowsStartTest, AStartWithAnEmptyTableSaysNothing)
 {
     program.start("operated-program");
