@@ -52,7 +52,7 @@ TEST_F(RecoveredFolderTest, ANameThatIsTakenGetsANumber)
 {
     add("2024/01/31 10:15:00", "a");
     EXPECT_EQ(add("2024/01/31 10:15:00", "b"), "2024-01-31 10-15-00 2.csv");
-    EXPECT_EQ(add("2024/01/31 10:15:00", "c"), "2024-01-31 10-15-00 3.csv");
+    EXPECT_EQ(add("2024/01/31 10:15:00", "longer"), "2024-01-31 10-15-00 3.csv");
 }
 
 TEST_F(RecoveredFolderTest, TheSameRowsAreThereOnlyOnce)
