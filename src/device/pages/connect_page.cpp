@@ -13,6 +13,8 @@ namespace orb {
 namespace {
 constexpr int buttonWidth = 104;
 constexpr int buttonHeight = 34;
+constexpr int fieldSpacing = 6;
+constexpr int captionMargin = 12;
 } // namespace
 
 ConnectPage::ConnectPage(const std::vector<LinkKind>& kinds, const LinkSettings& settings, QWidget* parent)
@@ -60,7 +62,9 @@ void ConnectPage::createLayout()
     form->addRow(&lblKind_, &cmbKind);
     auto* address = new QHBoxLayout;
     address->addWidget(&cmbAddress, 1);
+    address->setSpacing(fieldSpacing);
     address->addWidget(&cmdSearch);
+    cmdSearch.setMinimumWidth(cmdSearch.fontMetrics().horizontalAdvance(cmdSearch.caption()) + 2 * captionMargin);
     form->addRow(&lblAddress_, address);
     form->addRow(nullptr, &lblHint);
     createOptions();
