@@ -4,6 +4,7 @@
 #include "curve_marks.h"
 
 #include <QColor>
+#include <QSizeF>
 
 #include <array>
 
