@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The simulated instrument behind its framing, and the reader of fault scripts, with any bytes.
+// The simulated instrument with its framing, and the reader of fault scripts, with any bytes.
 #include "fault_delivery.h"
 #include "input.h"
 #include "mainframe.h"

@@ -15,7 +15,7 @@ class ScriptedUserPlugin final : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "scripted_user.json")
 
 public:
-    QObject* create(const QString& name, const QString& specification) override;
+    QObject* create(const QString& name, const QString& options) override;
 };
 
 } // namespace orb

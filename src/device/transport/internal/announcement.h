@@ -18,7 +18,7 @@ struct Announcement {
     quint16 port = 0;
 };
 
-/// The instruments behind the announcements, in their order, each resource name once. One that announces no socket of its
+/// The announced instruments, in their order, each resource name once. One that announces no socket of its
 /// own is taken to have it at port 5025.
 QList<NetworkInstrument> instrumentsOf(const QList<Announcement>& announcements);
 

@@ -9,7 +9,7 @@ class QLockFile;
 
 namespace orb {
 
-/// A lock that the system takes back when its process ends, however it ends: the file that stays behind locks nothing.
+/// A lock that the system takes back when its process ends, however it ends: the file that is left locks nothing.
 class FileLock {
 public:
     /// Takes the lock unless another process has it. The file is made where it is missing.
