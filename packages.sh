@@ -25,6 +25,7 @@ build_packages=(
     appstream
     mandoc
     fonts-dejavu-core       # Qt brings no font of its own
+    fonts-wqy-microhei      # the Chinese words in the file dialogs; the smallest font that has all of them
 )
 
 # What the tests need besides: programs of others, which are run against the simulated instrument.

@@ -26,8 +26,16 @@ void mouse(QWidget& widget, QEvent::Type type, const QPoint& at)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
-void pressKey(FormORB& form, const QPoint& at)
+/// A place on the panel picture, given as on one of its design size.
+QPoint onPanel(const FormORB& form, const QPoint& at)
 {
+    const QSize size = form.fraDisplay.Image2.size();
+    return {at.x() * size.width() / 380, at.y() * size.height() / 612};
+}
+
+void pressKey(FormORB& form, const QPoint& design)
+{
+    const QPoint at = onPanel(form, design);
     mouse(form.fraDisplay.Image2, QEvent::MouseButtonPress, at);
     mouse(form.fraDisplay.Image2, QEvent::MouseButtonRelease, at);
 }
@@ -98,10 +106,10 @@ void pointerSteps(Tour& tour, FormORB& form)
          {Place{"pointer_key.png", {173, 407}}, Place{"pointer_knob_left.png", {251, 432}},
           Place{"pointer_knob_right.png", {318, 432}}, Place{"pointer_knob_press.png", {285, 432}}})
         tour.then(QStringLiteral("takes the picture ") + QLatin1String(place.picture), [&tour, &form, place] {
-            mouse(form.fraDisplay.Image2, QEvent::MouseMove, place.at);
+            const QPoint at = onPanel(form, place.at);
+            mouse(form.fraDisplay.Image2, QEvent::MouseMove, at);
             require(form.cursor().shape() == Qt::BitmapCursor, "the pointer is not that of a key");
-            require(withPointer(form, place.at).save(tour.path(QLatin1String(place.picture))),
-                    "can't write the picture");
+            require(withPointer(form, at).save(tour.path(QLatin1String(place.picture))), "can't write the picture");
         });
 }
 

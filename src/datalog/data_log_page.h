@@ -108,6 +108,11 @@ public:
     void graphLogCursorChange(double x, double y);
     void TimerDataLogTimer();
 
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void createLayout();
     void bindGrid();
@@ -152,6 +157,7 @@ private:
     const Paths& paths_;
     ORBCtrl& CORB_;
     Database& dbMain_;
+    QBoxLayout* side_ = nullptr; ///< the boxes beside the graph; owned by the page
     bool loopIsRunning_ = false; ///< the loop of a recording is on the stack
 };
 

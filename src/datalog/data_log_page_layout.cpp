@@ -11,16 +11,16 @@ namespace {
 
 constexpr int pageWidthTwips = 10590;
 constexpr int pageHeightTwips = 9300;
+constexpr int lowPage = 36; // lines of text
+constexpr int lowTable = 6; // its header, at least three rows and the scroll bar
 
 const std::array<GridColumn, 22> columns{
-    {{"SeqNo", "SeqNo", 900}, {"RecTime", "RecTime", 2100}, {"PVal1", "CH1 A"},
-     {"SVal1", "CH1 V"},      {"PVal2", "CH2 A"},           {"SVal2", "CH2 V"},
-     {"PVal3", "CH3 A"},      {"SVal3", "CH3 V"},           {"PVal4", "CH4 A"},
-     {"SVal4", "CV4 V"}, // this caption has its V in second place
-     {"PVal5", "CH5 A"},      {"SVal5", "CH5 V"},           {"PVal6", "CH6 A"},
-     {"SVal6", "CH6 V"},      {"PVal7", "CH7 A"},           {"SVal7", "CH7 V"},
-     {"PVal8", "CH8 A"},      {"SVal8", "CH8 V"},           {"Reason3", "Reason3"},
-     {"Comment", "Comment"},  {"TimeTick", "TimeTick"},     {"DiffLastTime", "DiffLastTime"}}};
+    {{"SeqNo", "SeqNo"},     {"RecTime", "RecTime"}, {"PVal1", "CH1 A"},       {"SVal1", "CH1 V"},
+     {"PVal2", "CH2 A"},     {"SVal2", "CH2 V"},     {"PVal3", "CH3 A"},       {"SVal3", "CH3 V"},
+     {"PVal4", "CH4 A"},     {"SVal4", "CV4 V"}, // this caption has its V in second place
+     {"PVal5", "CH5 A"},     {"SVal5", "CH5 V"},     {"PVal6", "CH6 A"},       {"SVal6", "CH6 V"},
+     {"PVal7", "CH7 A"},     {"SVal7", "CH7 V"},     {"PVal8", "CH8 A"},       {"SVal8", "CH8 V"},
+     {"Reason3", "Reason3"}, {"Comment", "Comment"}, {"TimeTick", "TimeTick"}, {"DiffLastTime", "DiffLastTime"}}};
 
 } // namespace
 
@@ -47,7 +47,12 @@ void DataLogPage::bindGrid()
     DataLog.setCaption(QStringLiteral("Sequence Settings"));
     DataLog.setRecordSource(QStringLiteral("DataMeasure"));
     DBGrid1.setDataSource(DataLog);
-    DBGrid1.setColumns({columns.begin(), columns.end()});
+    std::vector<GridColumn> fitting(columns.begin(), columns.end());
+    for (GridColumn& column : fitting) { // so that the table shows as many channels as it can
+        column.widthTwips = 0;
+        column.fitsValues = true;
+    }
+    DBGrid1.setColumns(fitting);
 }
 
 QWidget* DataLogPage::toolBar()
@@ -73,15 +78,32 @@ QLayout* DataLogPage::graphRow()
     operations->setContentsMargins(6, 4, 6, 4);
     operations->addWidget(&GraphMode);
     GraphMode.setAccessibleName(FrameGraphOperations.caption());
-    auto* side = new QVBoxLayout;
-    side->addWidget(&FrameChannel);
-    side->addWidget(&FrameGraphOperations);
-    side->addStretch();
+    side_ = new QBoxLayout(QBoxLayout::TopToBottom);
+    side_->addWidget(&FrameChannel, 0, Qt::AlignTop);
+    side_->addWidget(&FrameGraphOperations, 0, Qt::AlignTop);
+    side_->addStretch();
     graphLog.setAccessibleName(QStringLiteral("Graph of the log"));
     auto* row = new QHBoxLayout;
     row->addWidget(&graphLog, 1);
-    row->addLayout(side);
+    row->addLayout(side_);
     return row;
+}
+
+/// In a low window the boxes stand side by side, so that graph and table keep their share of the height.
+void DataLogPage::resizeEvent(QResizeEvent* event)
+{
+    Frame::resizeEvent(event);
+    const bool isLow = height() < lowPage * fontMetrics().lineSpacing();
+    side_->setDirection(isLow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+/// That of the page with the boxes side by side.
+QSize DataLogPage::minimumSizeHint() const
+{
+    const int lower = side_->direction() == QBoxLayout::TopToBottom
+                          ? FrameGraphOperations.minimumSizeHint().height() + side_->spacing()
+                          : 0;
+    return Frame::minimumSizeHint() - QSize(0, lower);
 }
 
 /// One row for each channel, with a piece of the plot's line before each box.
@@ -129,6 +151,7 @@ QLayout* DataLogPage::gridRow()
 {
     layoutCursorFrame();
     auto* row = new QHBoxLayout;
+    DBGrid1.setMinimumHeight(lowTable * fontMetrics().lineSpacing());
     row->addWidget(&DBGrid1, 1);
     row->addWidget(&FrameCursor);
     return row;

@@ -8,6 +8,8 @@
 
 #include <QBuffer>
 
+#include <algorithm>
+
 namespace orb {
 
 namespace {
@@ -16,6 +18,11 @@ constexpr int periodMs = 500;
 constexpr int slowLinkPeriodMs = 2000;
 constexpr int slowLink = 1;
 constexpr QSize screenSize(320, 240);
+constexpr int panelLeft = 120; // in twips, as what follows
+constexpr int panelTop = 300;
+constexpr int panelWidth = 5700;
+constexpr int panelHeight = 9180;
+constexpr double smallestScale = 0.5;
 
 QByteArray asBitmap(const QPixmap& picture)
 {
@@ -62,21 +69,17 @@ void DisplayPage::createLayout()
          std::initializer_list<QWidget*>{&Image2, &Image3, &Picture1, &dispPlay, &dispStop, &dispPause, &dispRec,
                                          &dispEnlarge, &dispSave, &optDispDev, &optDispFull, &barRec})
         child->setParent(this);
-    Image2.moveTwips(120, 300);
-    Image2.resizeTwips(5700, 9180);
     Image2.setPicture(icon(QStringLiteral("\\ICON\\Panel.png")));
-    Picture1.moveTwips(540, 840);
-    Picture1.resizeTwips(4815, 3615);
+    Image2.setDesignSize({pixels(panelWidth), pixels(panelHeight)});
     QPixmap blank(screenSize);
     blank.fill(Qt::black);
     Picture1.setPixmap(blank);
     Image1.setParent(&Picture1);
     Image1.moveTwips(0, 0);
-    Image1.resizeTwips(4815, 3615);
-    Image3.moveTwips(6270, 8700);
     Image3.resizeTwips(720, 720);
     Image3.setPicture(icon(QStringLiteral("\\ICON\\orb.png")));
     layoutButtons();
+    layoutPanel(1);
     barRec.setVisible(false);
     optDispDev.setValue(true);
     optDispDev.setVisible(false);
@@ -84,14 +87,38 @@ void DisplayPage::createLayout()
     optDispFull.setEnabled(false);
 }
 
+/// The panel in a part of its design size, and the rest beside it.
+void DisplayPage::layoutPanel(double scale)
+{
+    const auto scaled = [scale](int twips) { return qRound(scale * twips); };
+    Image2.moveTwips(panelLeft, panelTop);
+    Image2.resizeTwips(scaled(panelWidth), scaled(panelHeight));
+    Picture1.moveTwips(panelLeft + scaled(540 - panelLeft), panelTop + scaled(840 - panelTop));
+    Picture1.resizeTwips(scaled(4815), scaled(3615));
+    Image1.resizeTwips(scaled(4815), scaled(3615));
+    const int beside = panelLeft + scaled(panelWidth) + 150;
+    Image3.moveTwips(beside + 300, panelTop + scaled(8700 - panelTop));
+    int top = panelTop;
+    for (PictureButton* button : {&dispPlay, &dispStop, &dispPause, &dispRec, &dispSave, &dispEnlarge}) {
+        button->moveTwips(beside, top);
+        top += scale < 1 ? 1020 : 1095;
+    }
+}
+
+/// On a low screen the panel is as high as the page.
+void DisplayPage::resizeEvent(QResizeEvent* event)
+{
+    Frame::resizeEvent(event);
+    constexpr int below = 75;
+    const double room = heightTwips() - panelTop - below;
+    layoutPanel(std::clamp(room / panelHeight, smallestScale, 1.0));
+}
+
 void DisplayPage::layoutButtons()
 {
-    int top = 300;
     for (PictureButton* button : {&dispPlay, &dispStop, &dispPause, &dispRec, &dispSave, &dispEnlarge}) {
         button->setIconSize({32, 32});
-        button->moveTwips(5970, top);
         button->resizeTwips(1335, 975);
-        top += 1095;
     }
     describe(dispPlay, QStringLiteral("Start the mirror"));
     describe(dispStop, QStringLiteral("Stop the mirror"));

@@ -51,8 +51,12 @@ public:
     void dispEnlargeClick();
     void TimerDisplayTimer();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void createLayout();
+    void layoutPanel(double scale);
     void layoutButtons();
     FormFullScreen& fullScreen();
     QString icon(const QString& name) const { return paths_.inApplication(name); }

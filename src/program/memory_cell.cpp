@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memory_cell.h"
 
+#include "dark_desktop.h"
 #include "focus_ring.h"
 #include "run_modes.h"
 
@@ -65,18 +66,24 @@ QString MemoryCell::mark() const
 
 QSize MemoryCell::sizeHint() const
 {
-    return {46, 25};
+    return {46, 20};
 }
 
 QSize MemoryCell::minimumSizeHint() const
 {
-    return {38, 20};
+    return {38, 16};
+}
+
+/// A white cell has the ground of the desktop's fields, which may be dark.
+QColor MemoryCell::ground() const
+{
+    return backColor_ == Qt::white ? palette().color(QPalette::Base) : backColor_;
 }
 
 /// A step whose run mode is unknown leaves white text on white.
 QColor MemoryCell::readableColor() const
 {
-    return foreColor_ == backColor_ ? QColor(Qt::black) : foreColor_;
+    return backColor_ == Qt::white ? palette().color(QPalette::Text) : foreColor_;
 }
 
 void MemoryCell::drawTexts(QPainter& painter) const
@@ -93,9 +100,9 @@ void MemoryCell::drawTexts(QPainter& painter) const
 void MemoryCell::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), backColor_);
+    painter.fillRect(rect(), ground());
     drawTexts(painter);
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(isDark(palette()) ? palette().color(QPalette::Light) : palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;

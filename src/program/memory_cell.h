@@ -41,6 +41,7 @@ protected:
 
 private:
     void drawTexts(QPainter& painter) const;
+    QColor ground() const;
     QColor readableColor() const;
 
     QString text_;

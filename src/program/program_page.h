@@ -22,6 +22,8 @@
 
 namespace orb {
 
+class ChainArea;
+
 /// The page on which the operator edits the instrument's programs: 12 programs of 10 steps, and the chain in which they
 /// run. The cells of the grid are the only place that holds the steps, each in its tag; a value reaches a cell through
 /// the controls of `frameMemorySetting` alone.
@@ -127,6 +129,8 @@ public:
     void cmdProgOrderExitClick();
     void cmdProgOrderCancelClick();
 
+    QSize minimumSizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -135,6 +139,8 @@ private:
     void createLayout();
     QWidget* toolBar();
     QWidget* chainArea();
+    QLayout* startRow();
+    QLayout* chainGrid();
     QLayout* legend();
     QLayout* grid();
     void layoutMemorySetting();
@@ -208,8 +214,10 @@ private:
     Database& dbMain_;
     DataFileDialog& FrameDataFileOperate_;
     QString& sPendingProgFile_;
-    QWidget* chainArea_ = nullptr; ///< owned by the page
-    ProgFileRecord record_{};      ///< the file that was read last; what a short file lacks keeps its bytes
+    ChainArea* chainArea_ = nullptr; ///< owned by the page
+    Label lblHint_{QStringLiteral("Click a cell to set a step; or go to it with the arrow keys and press Enter. "
+                                  "Program Chain sets the order in lists.")};
+    ProgFileRecord record_{}; ///< the file that was read last; what a short file lacks keeps its bytes
 };
 
 } // namespace orb

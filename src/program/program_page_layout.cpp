@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "chain_area.h"
 #include "program_page.h"
 #include "run_modes.h"
 #include "tool_bar.h"
@@ -6,6 +7,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace orb {
@@ -21,6 +23,8 @@ constexpr int progressHeightTwips = 735;
 constexpr QSize orderSize(360, 330);
 constexpr int boxWidth = 62;
 constexpr int rowSpacing = 4;
+constexpr int chainBoxWidth = 80;
+constexpr int hintSpacing = 6;
 
 void setColors(Label& label, const QColor& back, const QColor& fore)
 {
@@ -85,37 +89,55 @@ QWidget* ProgramPage::toolBar()
 /// The start, and for each program the one that follows it. The frame of a step covers this area while it is open.
 QWidget* ProgramPage::chainArea()
 {
-    chainArea_ = new QWidget;
-    auto* grid = new QGridLayout(chainArea_);
-    grid->setContentsMargins(0, 0, 0, 0);
-    constexpr int columns = 4;
-    constexpr int verticalSpacing = 22;
-    constexpr int startWidth = 80;
-    grid->setVerticalSpacing(verticalSpacing);
+    chainArea_ = new ChainArea(lblHint_);
+    auto* rows = new QVBoxLayout(chainArea_);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(startRow());
+    rows->addLayout(chainGrid());
+    rows->addWidget(&lblHint_);
+    rows->addStretch(1);
+    lblHint_.setWordWrap(true);
+    lblHint_.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    lblHint_.setContentsMargins(0, hintSpacing, 0, 0);
+    return chainArea_;
+}
+
+QLayout* ProgramPage::startRow()
+{
     auto* start = new QHBoxLayout;
     lblProgram[2].setBuddy(&cmbProgChain.back());
     cmbProgChain.back().setAccessibleName(QStringLiteral("Start of the chain"));
     start->addWidget(&lblProgram[2]);
-    cmbProgChain.back().setMinimumWidth(startWidth);
+    cmbProgChain.back().setMinimumWidth(chainBoxWidth);
     start->addWidget(&cmbProgChain.back());
     start->addSpacing(12);
     start->addWidget(new Label(QStringLiteral("Each program is followed by:")));
     start->addStretch();
-    grid->addLayout(start, 0, 0, 1, 2 * columns);
+    return start;
+}
+
+/// The boxes keep the width of what they show, also in a wide window.
+QLayout* ProgramPage::chainGrid()
+{
+    constexpr int columns = 4;
+    constexpr int widest = 140;
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(rowSpacing);
     for (int program = 1; program <= programCount; ++program) {
-        const int row = 1 + (program - 1) / columns;
+        const int row = (program - 1) / columns;
         const int column = (program - 1) % columns;
         auto* name = new Label(QStringLiteral("P%1 \u2192").arg(program, 2, 10, QLatin1Char('0')));
         name->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         ComboBox& next = element(cmbProgChain, program - 1);
         next.setAccessibleName(QStringLiteral("Program after P%1").arg(program));
+        next.setMaximumWidth(std::max(widest, next.sizeHint().width()));
         name->setBuddy(&next);
         grid->addWidget(name, row, 2 * column);
         grid->addWidget(&next, row, 2 * column + 1);
-        grid->setColumnStretch(2 * column + 1, 1);
+        grid->setColumnStretch(2 * column + 1, 1000);
     }
-    grid->setRowStretch(1 + programCount / columns, 1); // the rows stay together in a higher area
-    return chainArea_;
+    grid->setColumnStretch(2 * columns, 1);
+    return grid;
 }
 
 QLayout* ProgramPage::legend()
@@ -305,11 +327,20 @@ void ProgramPage::layoutProgress()
     }
 }
 
-/// The frames get the sizes that the operator's font needs, and the grid begins below the frame of a step.
+/// The frames get the sizes that the operator's font needs, and the grid begins below the frame of a step where the
+/// window is high enough.
 void ProgramPage::showEvent(QShowEvent* event)
 {
     Frame::showEvent(event);
     fitFrames();
+}
+
+/// The frame of a step has its place, and the page has to reach as far as it does.
+QSize ProgramPage::minimumSizeHint() const
+{
+    constexpr int margin = 8;
+    const int right = pixels(memorySettingLeft) + frameMemorySetting.minimumSizeHint().width() + margin;
+    return Frame::minimumSizeHint().expandedTo({right, 0});
 }
 
 void ProgramPage::fitFrames()
@@ -319,7 +350,7 @@ void ProgramPage::fitFrames()
     const int covered = pixels(memorySettingTop) + frameMemorySetting.height();
     layout()->activate();
     const int legendHeight = lblMemory.at(7).height() + layout()->spacing();
-    chainArea_->setMinimumHeight(covered - legendHeight - chainArea_->y());
+    chainArea_->setUsualHeight(covered - legendHeight - chainArea_->y());
     layout()->activate();
 }
 

@@ -21,7 +21,10 @@ void bind(DataControl& data, const char* caption, const char* table, DBGrid& gri
     data.setCaption(QLatin1String(caption));
     data.setRecordSource(QLatin1String(table));
     grid.setDataSource(data);
-    grid.setColumns(columns);
+    std::vector<GridColumn> fitting = columns;
+    for (GridColumn& column : fitting)
+        column.fitsValues = true;
+    grid.setColumns(fitting);
 }
 
 /// Makes the grid high enough for so many rows.

@@ -64,7 +64,21 @@ void FormORB::layoutPageButtons()
         button->resizeTwips(pageButtonWidth, pageButtonHeight);
         left += pageButtonWidth;
     }
+    setCaptionFont();
     pageDisplay.setVisible(false); // nothing shows it
+}
+
+/// All captions of the row in one size, the largest at which the longest of them has its room.
+void FormORB::setCaptionFont()
+{
+    const std::array buttons{&pageConnect, &pageControl, &pageCommand, &pageWave,   &pageSequence,
+                             &PageProgram, &pageAbout,   &pageExit,    &pageDisplay};
+    QFont common = pageConnect.font();
+    for (const PictureButton* button : buttons)
+        if (const QFont fitted = button->captionFont(); QFontInfo(fitted).pointSizeF() < QFontInfo(common).pointSizeF())
+            common = fitted;
+    for (PictureButton* button : buttons)
+        button->setFont(common);
 }
 
 void FormORB::setRowEnd(QWidget& widget)

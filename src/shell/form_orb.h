@@ -75,6 +75,7 @@ public:
 
 private:
     void layoutPageButtons();
+    void setCaptionFont();
     void layoutRowEnd();
     void layoutGroups();
     void wire();
@@ -88,6 +89,7 @@ private:
     void finishSwitch(QWidget& group, int width);
     void fit(QWidget& group, int width);
     void growShownGroup();
+    static QSize around(const QWidget& group);
     void unload();
 
     Dialogs& dialogs_;
@@ -96,7 +98,6 @@ private:
     std::map<const QWidget*, QSize> designSizes_;
     QPointer<QWidget> rowEnd_;
     QWidget* shown_ = nullptr; ///< the group that a larger window gives room to; none while a page is switched
-    QSize fitted_;             ///< the window size that the shown group in its design size needs
 };
 
 } // namespace orb

@@ -72,20 +72,27 @@ QSize FormORB::largestWindow() const
     return screen()->availableSize() - (frameSize() - size());
 }
 
-/// From here on the group, which still has its design size, grows with the window.
+/// From here on the group fills the window. In a large font it may need more than the size of its design.
 void FormORB::finishSwitch(QWidget& group, int width)
 {
-    fitted_ = {pixels(width), group.y() + group.height() + pixels(belowGroup)};
-    setMinimumSize(fitted_.boundedTo(largestWindow()));
+    const QSize design(pixels(width), group.y() + group.height() + pixels(belowGroup));
+    const QSize needed = group.minimumSizeHint() + around(group);
+    setMinimumSize(design.expandedTo(needed).boundedTo(largestWindow()));
     shown_ = &group;
     growShownGroup();
+}
+
+/// How much larger than the group the window is.
+QSize FormORB::around(const QWidget& group)
+{
+    return {2 * pixels(groupLeft), group.y() + pixels(belowGroup)};
 }
 
 /// On a screen too small for the page, the group is smaller than its design as far as its controls allow.
 void FormORB::growShownGroup()
 {
     if (shown_)
-        shown_->resize((designSizes_.at(shown_) + size() - fitted_).expandedTo(shown_->minimumSizeHint()));
+        shown_->resize((size() - around(*shown_)).expandedTo(shown_->minimumSizeHint()));
 }
 
 void FormORB::fit(QWidget& group, int width)

@@ -3,6 +3,8 @@
 
 #include "graph_log.h"
 
+#include <QHeaderView>
+
 using namespace orb;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -159,6 +161,38 @@ TEST_F(DataLogPageTest, TheDataControlIsBoundToTheLiveTable)
     EXPECT_EQ(page.DataLog.recordSource(), "DataMeasure");
     EXPECT_EQ(page.DataLog.caption(), "Sequence Settings");
     EXPECT_EQ(page.DataLog.databaseName(), application.path() + "\\orb.mdb");
+}
+
+TEST_F(DataLogPageTest, TheColumnsOfTheTableAreAsWideAsTheirValuesSoThatFourChannelsAreInView)
+{
+    form.resize(722, 710);
+    page.setGeometry(8, 64, 706, 620);
+    form.show();
+    record(3);
+    QCoreApplication::processEvents();
+    const QFontMetrics font = page.DBGrid1.fontMetrics();
+    EXPECT_EQ(page.DBGrid1.columnWidth(2), font.horizontalAdvance("1.1000") + 10);
+    const QRect fourth = page.DBGrid1.visualRect(page.DBGrid1.model()->index(0, 9));
+    EXPECT_LE(fourth.right(), page.DBGrid1.viewport()->width());
+}
+
+TEST_F(DataLogPageTest, InALowWindowTheBoxesStandSideBySideAndTheTableKeepsThreeRows)
+{
+    form.resize(1024, 800);
+    page.setGeometry(8, 64, 706, 620);
+    form.show();
+    QCoreApplication::processEvents();
+    const int tallMinimum = page.minimumSizeHint().height();
+    EXPECT_GT(page.FrameGraphOperations.y(), page.FrameChannel.geometry().bottom());
+
+    page.resize(706, 486);
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(page.FrameGraphOperations.y(), page.FrameChannel.y());
+    EXPECT_GT(page.FrameGraphOperations.x(), page.FrameChannel.geometry().right());
+    EXPECT_GE(page.DBGrid1.viewport()->height(), 3 * page.DBGrid1.verticalHeader()->defaultSectionSize());
+    EXPECT_LE(page.minimumSizeHint().height(), 486);
+    EXPECT_EQ(page.minimumSizeHint().height(), tallMinimum) << "a page that is high can become low";
 }
 
 } // namespace

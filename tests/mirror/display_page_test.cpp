@@ -469,4 +469,33 @@ TEST_F(DisplayPageViewsTest, ASecondFullScreenShowsTheSameFormWithItsLastPicture
     EXPECT_EQ(colorOf(page.oFullScreen->Image1), QColor(Qt::blue));
 }
 
+TEST_F(DisplayPageTest, OnALowScreenThePanelIsAsHighAsThePageAndItsKeysStayWhereTheyAreOnIt)
+{
+    std::vector<float> at;
+    page.Image2.onMouseDown = [&](float x, float y) { at = {x, y}; };
+    page.setVisible(true);
+    page.resizeTwips(9285, 7590);
+    form.resize(800, 600);
+    form.show();
+    QCoreApplication::processEvents();
+    EXPECT_LE(page.Image2.geometry().bottom(), page.height());
+    EXPECT_NEAR(1.0 * page.Image2.width() / page.Image2.height(), 5700.0 / 9180, 0.01);
+    EXPECT_TRUE(page.Image2.geometry().contains(page.Picture1.geometry()));
+    EXPECT_EQ(page.Image1.size(), page.Picture1.size());
+    EXPECT_GT(page.dispPlay.x(), page.Image2.geometry().right());
+    EXPECT_LT(page.dispEnlarge.geometry().bottom(), page.height());
+
+    const QPointF middle = QRectF(page.Image2.rect()).center();
+    QMouseEvent press(QEvent::MouseButtonPress, middle, page.Image2.mapToGlobal(middle), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&page.Image2, &press);
+    ASSERT_EQ(at.size(), 2U);
+    EXPECT_NEAR(at[0], 2850, 15);
+    EXPECT_NEAR(at[1], 4590, 15);
+
+    page.resizeTwips(9285, 12000);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(page.Image2.geometry(), QRect(8, 20, 380, 612)) << "no larger than its design";
+}
+
 } // namespace

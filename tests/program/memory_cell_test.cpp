@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memory_cell.h"
 
+#include "dark_palette.h"
+
 #include "form_test.h"
 
 #include <QCoreApplication>
@@ -129,6 +131,20 @@ TEST_F(MemoryCellTest, TheCellWithTheFocusIsDrawnDifferently)
     const QImage focused = cell.grab().toImage();
     EXPECT_EQ(focused.pixelColor(1, 12), cell.palette().color(QPalette::Highlight));
     EXPECT_EQ(focused.pixelColor(2, 12), QColor(Qt::white));
+}
+
+TEST_F(MemoryCellTest, AnEmptyCellHasTheGroundOfADarkDesktopAndAFilledOneItsOwn)
+{
+    form.setPalette(darkPalette());
+    cell.setText("7");
+    const QColor ground = darkPalette().color(QPalette::Base);
+    EXPECT_GT(count(ground), 1000);
+    EXPECT_GT(count(darkPalette().color(QPalette::Text)), 0) << "black on dark could not be read";
+    EXPECT_EQ(cell.backColor(), QColor(Qt::white));
+
+    cell.setBackColor(QColor(128, 0, 0));
+    EXPECT_GT(count(QColor(128, 0, 0)), 1000);
+    EXPECT_EQ(count(ground), 0);
 }
 
 } // namespace

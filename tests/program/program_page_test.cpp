@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 
 using namespace orb;
 using testing::Each;
@@ -332,6 +333,45 @@ TEST_F(ProgramPageKeyboardTest, EnterInTheChannelsSetsTheirBoxes)
 
     EXPECT_EQ(shorted(), "CH1 CH3");
     EXPECT_TRUE(page.frameMemorySetting.visible());
+}
+
+TEST_F(ProgramPageTest, TheRowsOfTheChainStandCloseTogetherAndTheGridBeginsBelowTheFrameOfAStep)
+{
+    page.resizeTwips(9285, 9900);
+    form.resize(page.size());
+    QCoreApplication::processEvents();
+    const auto top = [&](int box) { return chain(box).mapTo(&page, QPoint(0, 0)).y(); };
+    EXPECT_LE(top(4) - top(0), chain(0).height() + 6);
+    mouseDown(0);
+    EXPECT_GE(cell(0).mapTo(&page, QPoint(0, 0)).y(), page.frameMemorySetting.geometry().bottom());
+}
+
+TEST_F(ProgramPageTest, OnALowScreenTheWholeGridIsOnThePageAndTheHintGivesWay)
+{
+    const auto hint = [&]() -> const QLabel* {
+        for (const QLabel* label : page.findChildren<QLabel*>())
+            if (label->text().startsWith("Click a cell"))
+                return label;
+        return nullptr;
+    };
+    page.resizeTwips(9285, 9900);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(hint()->isVisible());
+
+    page.resize(619, 486);
+    QCoreApplication::processEvents();
+
+    EXPECT_FALSE(hint()->isVisible());
+    EXPECT_LT(cell(119).mapTo(&page, cell(119).rect().bottomRight()).y(), 486);
+    EXPECT_LE(page.minimumSizeHint().height(), 486);
+}
+
+TEST_F(ProgramPageTest, ThePageNeedsRoomForTheFrameOfAStepAtItsPlace)
+{
+    const int before = page.minimumSizeHint().width();
+    page.frameMemorySetting.layout()->setContentsMargins(400, 0, 400, 0);
+    EXPECT_GT(page.minimumSizeHint().width(), before);
+    EXPECT_GE(page.minimumSizeHint().width(), pixels(1620) + page.frameMemorySetting.minimumSizeHint().width());
 }
 
 } // namespace

@@ -91,7 +91,8 @@ TEST_F(FormORBPageSwitchingTest, TheControlPageTakesItsStepsInOrder)
                                "hide fraCommand",
                                "resize FormORB 10500 8085",
                                "call ShowControlPage",
-                               "resize FormORB 9525 8085"};
+                               "resize FormORB 9525 8085",
+                               "resize CORB 9285 6675"};
     EXPECT_EQ(stepsOf(&FormORB::pageControlClick, instrument), stopDisplay + stopLog + stopCommands + expected);
 }
 
@@ -112,7 +113,8 @@ TEST_F(FormORBPageSwitchingTest, TheConnectPageTakesItsStepsInOrder)
                                "read IsConnected True",
                                prompt,
                                "call Reconnect",
-                               "resize FormORB 9525 8085"};
+                               "resize FormORB 9525 8085",
+                               "resize CORB 9285 6675"};
     EXPECT_EQ(stepsOf(&FormORB::pageConnectClick, instrument), stopDisplay + expected);
 }
 
@@ -131,7 +133,8 @@ TEST_F(FormORBPageSwitchingTest, TheDisplayPageTakesItsStepsInOrder)
                                "read IsConnected True",
                                "enable dispPlay",
                                "resize FormORB 10500 10905",
-                               "resize FormORB 9525 10905"};
+                               "resize FormORB 9525 10905",
+                               "resize fraDisplay 9285 9555"};
     EXPECT_EQ(stepsOf(&FormORB::pageDisplayClick, form.fraDisplay), stopLog + stopCommands + expected);
 }
 
@@ -226,12 +229,12 @@ TEST_F(FormORBPageSwitchingTest, TheDisplayPageGoesOnPastEveryFailingStep)
 
     const QStringList steps = stepsOf(&FormORB::pageDisplayClick, form.fraDisplay);
 
-    const QStringList expected{"call PanelActive False",   "hide CORB",
-                               "hide fraSequence",         "hide frmDatalog",
-                               "hide fraProgram",          "hide fraCommand",
-                               "show fraDisplay",          "raise fraDisplay",
-                               "move fraDisplay 120 960",  "resize FormORB 10500 10905",
-                               "resize FormORB 9525 10905"};
+    const QStringList expected{"call PanelActive False",    "hide CORB",
+                               "hide fraSequence",          "hide frmDatalog",
+                               "hide fraProgram",           "hide fraCommand",
+                               "show fraDisplay",           "raise fraDisplay",
+                               "move fraDisplay 120 960",   "resize FormORB 10500 10905",
+                               "resize FormORB 9525 10905", "resize fraDisplay 9285 9555"};
     EXPECT_EQ(steps, stopLog + stopCommands + expected);
     EXPECT_THAT(processExit.reports, IsEmpty());
 }
@@ -321,9 +324,9 @@ TEST_F(FormORBPageSwitchingTest, AMaximizedWindowKeepsItsSizeAndEachPageFillsIt)
     };
     EXPECT_EQ(margins(form.pageWave, form.frmDatalog), "8 26");
     EXPECT_EQ(margins(form.pageCommand, form.fraCommand), "8 26");
-    EXPECT_EQ(margins(form.pageControl, instrument), "86 26");
+    EXPECT_EQ(margins(form.pageControl, instrument), "8 26");
     dialogs.answers = {Answer::No};
-    EXPECT_EQ(margins(form.pageConnect, instrument), "86 26");
+    EXPECT_EQ(margins(form.pageConnect, instrument), "8 26");
 }
 
 TEST_F(FormORBPageSwitchingTest, NoPageMakesTheWindowLargerThanTheScreen)

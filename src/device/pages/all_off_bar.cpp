@@ -5,13 +5,17 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace orb {
 
 namespace {
 
 constexpr int sideBySideWidth = 150;
 constexpr int widestButton = 160;
-constexpr int textSize = 10;
+constexpr int widestStates = 200;
+constexpr int textSize = 10;           // in a narrow bar
+constexpr double wideTextScale = 0.85; // of the usual font
 
 const char* const allOffStyle =
     "QToolButton { background: #c01f1f; color: white; border: 2px solid #7d0f0f; border-radius: 5px;"
@@ -37,9 +41,6 @@ AllOffBar::AllOffBar() : keyAllOff(QKeySequence(Qt::Key_F12), this), layout_(new
     auto* states = new QVBoxLayout;
     states->setSpacing(0);
     for (Label* label : {&lblLink, &lblInputs}) {
-        QFont font = label->font();
-        font.setPixelSize(textSize);
-        label->setFont(font);
         label->setAlignment(Qt::AlignCenter);
         label->setAutoFillBackground(true);
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
@@ -72,11 +73,19 @@ void AllOffBar::display(bool isConnected, const QString& link, const StatusLine&
     lblInputs.setAccessibleName(sentence);
 }
 
-/// Side by side where there is room, the button at the right.
+/// Side by side where there is room, at the right of a wide bar.
 void AllOffBar::resizeEvent(QResizeEvent* event)
 {
     Control<QWidget>::resizeEvent(event);
-    layout_->setDirection(width() < sideBySideWidth ? QBoxLayout::BottomToTop : QBoxLayout::LeftToRight);
+    const bool isNarrow = width() < sideBySideWidth;
+    layout_->setDirection(isNarrow ? QBoxLayout::BottomToTop : QBoxLayout::LeftToRight);
+    layout_->setContentsMargins(std::max(0, width() - widestButton - widestStates), 0, 0, 0);
+    QFont text = font();
+    isNarrow ? text.setPixelSize(textSize) : text.setPointSizeF(text.pointSizeF() * wideTextScale);
+    for (Label* label : {&lblLink, &lblInputs}) {
+        label->setFont(text);
+        label->setSizePolicy(isNarrow ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Expanding);
+    }
 }
 
 } // namespace orb

@@ -87,7 +87,7 @@ QLayout* ConnectPage::createButtonRow()
 {
     auto* buttons = new QHBoxLayout;
     for (PictureButton* button : {&cmdConnect, &cmdCancel, &cmdDisconnect}) {
-        button->setFixedSize(buttonWidth, buttonHeight);
+        button->setMinimumSize(buttonWidth, buttonHeight);
         buttons->addWidget(button);
     }
     buttons->addStretch();
@@ -113,6 +113,7 @@ void ConnectPage::createInstrumentFrame()
     auto* facts = new QFormLayout(&fraInstrument_);
     facts->setHorizontalSpacing(16);
     facts->setVerticalSpacing(4);
+    facts->setSizeConstraint(QLayout::SetMinimumSize);
     Label* const values[] = {&lblMaker, &lblModel, &lblSerialNumber, &lblFirmware, &lblChannels, &lblResource};
     for (std::size_t i = 0; i < captions_.size(); ++i) {
         values[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);

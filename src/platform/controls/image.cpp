@@ -8,13 +8,6 @@
 
 namespace orb {
 
-namespace {
-float inTwips(double pixelPosition)
-{
-    return static_cast<float>(pixelPosition * twipsPerPixel);
-}
-} // namespace
-
 Image::Image(QWidget* parent) : Control<QWidget>(parent)
 {
     setMouseTracking(true);
@@ -42,22 +35,31 @@ void Image::paintEvent(QPaintEvent*)
         painter.drawPixmap(rect(), pixmap_);
 }
 
+void Image::enterAt(QPointF place, const MouseHandler& handler)
+{
+    if (!handler)
+        return;
+    const QSizeF unit = designSize_.isEmpty()
+                            ? QSizeF(1, 1)
+                            : QSizeF(1.0 * designSize_.width() / width(), 1.0 * designSize_.height() / height());
+    const auto x = static_cast<float>(place.x() * unit.width() * twipsPerPixel);
+    const auto y = static_cast<float>(place.y() * unit.height() * twipsPerPixel);
+    enter([&] { handler(x, y); });
+}
+
 void Image::mousePressEvent(QMouseEvent* event)
 {
-    if (onMouseDown)
-        enter([this, at = event->position()] { onMouseDown(inTwips(at.x()), inTwips(at.y())); });
+    enterAt(event->position(), onMouseDown);
 }
 
 void Image::mouseMoveEvent(QMouseEvent* event)
 {
-    if (onMouseMove)
-        enter([this, at = event->position()] { onMouseMove(inTwips(at.x()), inTwips(at.y())); });
+    enterAt(event->position(), onMouseMove);
 }
 
 void Image::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (onMouseUp)
-        enter([this, at = event->position()] { onMouseUp(inTwips(at.x()), inTwips(at.y())); });
+    enterAt(event->position(), onMouseUp);
 }
 
 } // namespace orb

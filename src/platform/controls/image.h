@@ -10,10 +10,12 @@ namespace orb {
 /// A picture, stretched to the size of the control.
 class Image : public Control<QWidget> {
 public:
+    using MouseHandler = std::function<void(float x, float y)>;
+
     /// Positions are twips from the control's top left corner.
-    std::function<void(float x, float y)> onMouseDown;
-    std::function<void(float x, float y)> onMouseMove;
-    std::function<void(float x, float y)> onMouseUp;
+    MouseHandler onMouseDown;
+    MouseHandler onMouseMove;
+    MouseHandler onMouseUp;
 
     explicit Image(QWidget* parent = nullptr);
 
@@ -23,6 +25,8 @@ public:
     void setPicture(const QString& path);
     const QPixmap& pixmap() const { return pixmap_; }
     void setPixmap(const QPixmap& pixmap);
+    /// Positions of the mouse are given as on a control of this size, in pixels, whatever size this one has.
+    void setDesignSize(const QSize& size) { designSize_ = size; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -31,8 +35,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void enterAt(QPointF place, const MouseHandler& handler);
+
     QPixmap pixmap_;
     QString path_;
+    QSize designSize_; ///< empty: the control's own
 };
 
 /// A picture that other controls may stand on.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "list_box.h"
 
+#include "dark_desktop.h"
 #include "focus_ring.h"
 
 #include <QKeyEvent>
@@ -74,6 +75,12 @@ void ListBox::removeItem(int index)
     const int selected = listIndex();
     delete takeItem(index);
     select(selected == index ? -1 : selected > index ? selected - 1 : selected);
+}
+
+void ListBox::setBackColor(const QColor& color)
+{
+    setColor(QPalette::Base, color);
+    setColor(QPalette::Text, textColorOn(color));
 }
 
 QStringList ListBox::items() const

@@ -41,7 +41,8 @@ public:
     /// All lines, in their order.
     QStringList items() const;
 
-    void setBackColor(const QColor& color) { setColor(QPalette::Base, color); }
+    /// The text becomes black or white with it, so that it can be read on a light and on a dark desktop.
+    void setBackColor(const QColor& color);
     QColor backColor() const { return palette().color(QPalette::Base); }
 
 protected:

@@ -14,6 +14,8 @@ namespace orb {
 
 namespace {
 constexpr int markHeight = 4;
+constexpr int captionMargin = 2;
+constexpr double smallestCaption = 5; // points
 } // namespace
 
 PictureButton::PictureButton(const QString& caption, QWidget* parent) : Control<QToolButton>(parent)
@@ -62,10 +64,25 @@ QSize PictureButton::sizeHint() const
     return onOneLine + fontMetrics().size(0, shownCaption()) - fontMetrics().size(0, caption());
 }
 
+QFont PictureButton::captionFont() const
+{
+    QFont fitted = font();
+    const double points = QFontInfo(fitted).pointSizeF();
+    const int room = width() - 2 * captionMargin;
+    for (double smaller = points; smaller > smallestCaption; smaller -= 0.5) {
+        if (QFontMetrics(fitted).size(0, shownCaption()).width() <= room)
+            break;
+        fitted.setPointSizeF(smaller - 0.5);
+    }
+    return fitted;
+}
+
 void PictureButton::initStyleOption(QStyleOptionToolButton* option) const
 {
     Control<QToolButton>::initStyleOption(option);
     option->text = shownCaption();
+    option->font = captionFont();
+    option->fontMetrics = QFontMetrics(option->font);
 }
 
 void PictureButton::setMarked(bool marked)

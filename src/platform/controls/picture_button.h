@@ -24,10 +24,15 @@ public:
 
     /// Shows the caption on two lines, broken at the blank that is nearest to its middle.
     void setOnTwoLines(bool onTwoLines);
+    /// The caption with the line end of two lines.
+    QString shownCaption() const;
 
     /// A marked button shows that what it stands for is in force. A press does not change the mark.
     void setMarked(bool marked);
     bool marked() const { return isChecked(); }
+
+    /// The font in which the caption is drawn: smaller than the button's own where the caption would be cut off.
+    QFont captionFont() const;
 
     QSize sizeHint() const override;
 
@@ -38,8 +43,6 @@ protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
 
 private:
-    QString shownCaption() const;
-
     QString picture_;
     bool onTwoLines_ = false;
 };

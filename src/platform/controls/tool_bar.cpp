@@ -8,6 +8,7 @@ namespace orb {
 namespace {
 constexpr QSize pictureSize(32, 32);
 constexpr double captionScale = 0.88; // of the usual font
+constexpr int widest = 150;           // on a wide page the buttons stay together at its left
 } // namespace
 
 QWidget* toolBarOf(const std::vector<PictureButton*>& buttons)
@@ -22,8 +23,10 @@ QWidget* toolBarOf(const std::vector<PictureButton*>& buttons)
         button->setIconSize(pictureSize);
         button->setFont(font);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        row->addWidget(button);
+        button->setMaximumWidth(std::max(widest, button->sizeHint().width()));
+        row->addWidget(button, 1000);
     }
+    row->addStretch(1);
     return bar;
 }
 

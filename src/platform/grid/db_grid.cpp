@@ -31,6 +31,10 @@ DBGrid::DBGrid(QWidget* parent) : Control<QTableView>(parent), model_(new GridMo
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // or a million rows would each be measured
     setRowHeight();
+    QObject::connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+        if (!fitting_)
+            keptColumns_.insert(column);
+    });
 }
 
 DBGrid::~DBGrid()
@@ -71,8 +75,10 @@ void DBGrid::setRowHeight()
 void DBGrid::changeEvent(QEvent* event)
 {
     Control<QTableView>::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        setRowHeight();
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+        return;
+    setRowHeight();
+    fitColumns();
 }
 
 void DBGrid::paintEvent(QPaintEvent* event)
@@ -95,6 +101,28 @@ void DBGrid::setColumns(const std::vector<GridColumn>& columns)
     for (int i = 0; i < columnCount(); ++i)
         setWidthTwips(i, column(i).widthTwips);
     syncLater();
+}
+
+void DBGrid::fitColumns()
+{
+    const QScopedValueRollback<bool> fitting(fitting_, true);
+    for (int i = 0; i < columnCount(); ++i)
+        if (column(i).fitsValues && !keptColumns_.contains(i))
+            fitColumn(i);
+}
+
+/// Only the rows in view are measured, so that the cost does not depend on how many there are.
+void DBGrid::fitColumn(int column)
+{
+    constexpr int margin = 10;
+    int widest = horizontalHeader()->fontMetrics().horizontalAdvance(
+        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    const int first = std::max(rowAt(0), 0);
+    const int last = first + viewport()->height() / verticalHeader()->defaultSectionSize();
+    for (int row = first; row < std::min(last + 1, model_->rowCount()); ++row)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(cellText(row, column)));
+    if (widest + margin > columnWidth(column))
+        setColumnWidth(column, widest + margin);
 }
 
 int DBGrid::columnCount() const
@@ -122,8 +150,11 @@ void DBGrid::setCaption(int column, const QString& caption)
 
 void DBGrid::setWidthTwips(int column, int width)
 {
+    const QScopedValueRollback<bool> fitting(fitting_, true);
     columnOrFail(column).widthTwips = width;
     setColumnWidth(column, pixels(width));
+    if (columnOrFail(column).fitsValues)
+        fitColumn(column);
 }
 
 // Following the data control
@@ -153,6 +184,7 @@ void DBGrid::sync()
     model_->update();
     if (!isEditing()) // an open editor holds the view
         showCurrentRow();
+    fitColumns();
 }
 
 /// An edit ends where its cell has another value by now.

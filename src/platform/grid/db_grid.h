@@ -5,6 +5,8 @@
 
 #include <QTableView>
 
+#include <set>
+
 namespace orb {
 
 class GridModel;
@@ -16,6 +18,9 @@ struct GridColumn {
     int widthTwips = 1200;
     bool editable = false;
     bool isNumber = false; ///< an edit takes nothing but a number
+    /// At least as wide as its caption and the values in view need in the operator's font. It grows with them and does
+    /// not shrink; a width that the operator sets stays.
+    bool fitsValues = false;
 };
 
 /// Shows the rows of a data control and follows its current row, which is the selected one; a row that the operator goes
@@ -64,6 +69,8 @@ private:
 
     GridColumn& columnOrFail(int column) const;
     void setRowHeight();
+    void fitColumns();
+    void fitColumn(int column);
     void syncLater();
     void sync();
     void closeOutdatedEditor();
@@ -75,6 +82,8 @@ private:
     DataControl* data_ = nullptr;
     bool syncPending_ = false;
     bool syncing_ = false;
+    bool fitting_ = false;      ///< a change of a width is not the operator's
+    std::set<int> keptColumns_; ///< the operator has set their widths
 };
 
 } // namespace orb

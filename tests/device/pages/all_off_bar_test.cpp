@@ -220,4 +220,26 @@ TEST_F(AllOffBarTest, TheButtonStandsAtTheRightOrAboveTheStateWhereItIsNarrow)
     EXPECT_EQ(bar().cmdAllOff.geometry().right(), 399);
 }
 
+TEST_F(AllOffBarTest, InAWideBarItStandsAtTheRightAndNoWiderThanItNeeds)
+{
+    connectInstrument();
+    bar().setGeometry(0, 0, 1300, 60);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar().cmdAllOff.geometry().right(), 1299);
+    EXPECT_EQ(bar().cmdAllOff.width(), 160);
+    EXPECT_LE(bar().lblLink.width(), 200);
+    EXPECT_EQ(bar().lblLink.geometry().right() + 4, bar().cmdAllOff.x());
+}
+
+TEST_F(AllOffBarTest, BesideTheButtonItsTextsHaveTheirWholeWidth)
+{
+    connectInstrument();
+    bar().setGeometry(0, 0, 165, 60);
+    bar().display(true, QStringLiteral("Network"), {QStringLiteral("Last: 1, 2, 3 on"), Tone::Busy}, {});
+    QCoreApplication::processEvents();
+    EXPECT_GE(bar().lblInputs.width(), bar().lblInputs.fontMetrics().horizontalAdvance(bar().lblInputs.caption()));
+    EXPECT_GT(bar().cmdAllOff.x(), bar().lblInputs.geometry().right());
+    EXPECT_GE(bar().cmdAllOff.width(), bar().cmdAllOff.minimumSizeHint().width());
+}
+
 } // namespace orb

@@ -114,4 +114,17 @@ TEST_F(ImageTest, APictureWithALargerTwinIsShownByItInItsOwnSize)
     EXPECT_EQ(image.pixmap().size(), QSize(3, 2)) << "only a PNG has one";
 }
 
+TEST_F(ImageTest, PositionsAreThoseOfTheDesignSizeWhateverSizeIsShown)
+{
+    Image image;
+    put(image).resize(190, 153);
+    image.setDesignSize({380, 612});
+    QStringList places;
+    image.onMouseDown = [&](float x, float y) { places << QStringLiteral("%1 %2").arg(x).arg(y); };
+    mouse(image, QEvent::MouseButtonPress, {100, 100});
+    image.resize(380, 612);
+    mouse(image, QEvent::MouseButtonPress, {100, 100});
+    EXPECT_THAT(places, testing::ElementsAre("3000 6000", "1500 1500"));
+}
+
 } // namespace

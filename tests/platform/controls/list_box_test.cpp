@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "control_fixture.h"
+#include "dark_palette.h"
 #include "press.h"
 
 using namespace orb;
@@ -229,6 +230,18 @@ TEST_F(ListBoxTest, TheOutlineOfTheFocusStaysInPlaceWhileTheListScrolls)
     for (const int y : {40, 80, 120})
         EXPECT_NE(scrolled.pixelColor(100, y), list.palette().color(QPalette::Highlight));
     EXPECT_EQ(scrolled.pixelColor(1, 100), list.palette().color(QPalette::Highlight));
+}
+
+TEST_F(ListBoxTest, TheTextOfAColoredListIsBlackOnLightAndWhiteOnDarkWhateverTheDesktopHas)
+{
+    form.setPalette(darkPalette());
+    EXPECT_EQ(list.palette().color(QPalette::Text), darkPalette().color(QPalette::Text));
+
+    list.setBackColor(QColor(255, 192, 192));
+    EXPECT_EQ(list.palette().color(QPalette::Text), QColor(Qt::black));
+    EXPECT_EQ(list.backColor(), QColor(255, 192, 192));
+    list.setBackColor(QColor(60, 0, 0));
+    EXPECT_EQ(list.palette().color(QPalette::Text), QColor(Qt::white));
 }
 
 } // namespace

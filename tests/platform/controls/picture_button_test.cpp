@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "control_fixture.h"
+#include "dark_palette.h"
 #include "picture_button.h"
 #include "press.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QStyle>
 #include <QTemporaryDir>
 
 using namespace orb;
@@ -160,6 +163,61 @@ TEST_F(PictureButtonTest, TheButtonWithTheFocusHasAnOutlineAndNoMark)
 
     EXPECT_EQ(edge(), ring);
     EXPECT_NE(button.grab().toImage().pixelColor(33, 60), ring);
+}
+
+TEST_F(PictureButtonTest, ACaptionWiderThanItsButtonIsDrawnSmallerAndOneWithRoomIsNot)
+{
+    PictureButton button("Sequence");
+    QFont font = button.font();
+    font.setPointSize(14);
+    button.setFont(font);
+    const auto width = [&] { return QFontMetrics(button.captionFont()).size(0, "Sequence").width(); };
+    button.resize(200, 65);
+    EXPECT_EQ(button.captionFont(), font);
+
+    button.resize(67, 65);
+    EXPECT_LE(width(), 63);
+    EXPECT_GT(width(), 55) << "as large as it can be";
+    EXPECT_EQ(button.font(), font);
+    button.resize(5, 65);
+    EXPECT_GE(button.captionFont().pointSizeF(), 5);
+}
+
+TEST_F(PictureButtonTest, ADrawnCaptionKeepsClearOfTheEdgesOfItsButton)
+{
+    PictureButton button("MMMMMMMMMM");
+    put(button).resize(60, 30);
+    form.show();
+    const QImage shown = button.grab().toImage();
+    const QImage empty = [&] {
+        button.setCaption({});
+        return button.grab().toImage();
+    }();
+    for (int y = 0; y < 30; ++y)
+        for (int x : {0, 1, 58, 59})
+            EXPECT_EQ(shown.pixelColor(x, y), empty.pixelColor(x, y)) << x << ' ' << y;
+    EXPECT_NE(shown, empty);
+}
+
+TEST_F(PictureButtonTest, OnADarkDesktopAPictureStandsOnALightTileWithRoundCorners)
+{
+    const QTemporaryDir folder;
+    QImage dark(32, 32, QImage::Format_ARGB32);
+    dark.fill(Qt::transparent);
+    dark.setPixelColor(16, 16, QColor(0x3b, 0x4c, 0x5f));
+    ASSERT_TRUE(dark.save(folder.filePath("a.png")));
+    PictureButton button;
+    button.setPicture(folder.filePath("a.png"));
+    const auto pixel = [&](QIcon::Mode mode, int at) {
+        return button.icon().pixmap(QSize(32, 32), mode).toImage().pixelColor(at, 8);
+    };
+    EXPECT_EQ(pixel(QIcon::Normal, 8).alpha(), 0);
+
+    QApplication::setPalette(darkPalette());
+    EXPECT_EQ(pixel(QIcon::Normal, 8), QColor(0xf5, 0xf6, 0xf8));
+    EXPECT_EQ(button.icon().pixmap(QSize(32, 32)).toImage().pixelColor(0, 0).alpha(), 0);
+    EXPECT_LT(pixel(QIcon::Disabled, 8).lightness(), 128) << "a disabled one is dimmed";
+    QApplication::setPalette(QApplication::style()->standardPalette());
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QDeadlineTimer>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QGlyphRun>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTextLayout>
 #include <QTimer>
 
 #include <gmock/gmock.h>
@@ -447,6 +449,16 @@ TEST_F(RealDialogsTest, AQuestionStandsOnNoWithTheIconItWasGivenAndBothButtons)
 TEST_F(RealDialogsTest, ADocumentThatNoProgramTakesIsReported)
 {
     EXPECT_FALSE(dialogs.showDocument(folder.filePath("manual.html"))) << "without a desktop nothing opens it";
+}
+
+TEST_F(RealDialogsTest, TheChineseWordsOfTheFileDialogsAreDrawnWithTheirOwnGlyphs)
+{
+    QTextLayout words(QString::fromUtf8("圖檔 命令檔 文件"), QApplication::font());
+    words.beginLayout();
+    words.createLine();
+    words.endLayout();
+    for (const QGlyphRun& run : words.glyphRuns())
+        EXPECT_FALSE(run.glyphIndexes().contains(0U)) << run.rawFont().familyName().toStdString();
 }
 
 } // namespace

@@ -354,4 +354,42 @@ TEST_F(DBGridTest, TheFocusIsAnOutlineAndTheCurrentRowIsFilled)
     EXPECT_EQ(pixel(cell(0, 1).right() - 4, row), accent);
 }
 
+TEST_F(DBGridTest, AFittingColumnIsAsWideAsItsCaptionAndItsValuesNeedAndDoesNotShrink)
+{
+    DBGrid1.setColumns({{"SeqNo", "SeqNo", 0, false, false, true}, {"PVal1", "CH1 A", 0, false, false, true}});
+    const auto needs = [&](const QString& text) { return DBGrid1.fontMetrics().horizontalAdvance(text) + 10; };
+    EXPECT_EQ(DBGrid1.columnWidth(1), needs("CH1 A"));
+    database.execute("insert into DataMeasure (SeqNo,PVal1) values(1,123456.789)");
+    show(0);
+    EXPECT_EQ(DBGrid1.columnWidth(1), needs("123456.789"));
+    database.execute("update DataMeasure set PVal1=1");
+    show(0);
+    EXPECT_EQ(DBGrid1.columnWidth(1), needs("123456.789"));
+    QFont large = DBGrid1.font();
+    large.setPointSize(14);
+    DBGrid1.setFont(large);
+    EXPECT_GE(DBGrid1.columnWidth(0), needs("SeqNo"));
+}
+
+TEST_F(DBGridTest, AFittingColumnIsNoNarrowerThanItsWidthAndKeepsWhatTheOperatorSets)
+{
+    DBGrid1.setColumns({{"SeqNo", "SeqNo", 3000, false, false, true}, {"PVal1", "CH1 A", 0, false, false, true}});
+    EXPECT_EQ(DBGrid1.columnWidth(0), 200);
+    DBGrid1.horizontalHeader()->resizeSection(1, 20); // what a drag of the header's edge does
+    database.execute("insert into DataMeasure (SeqNo,PVal1) values(1,123456.789)");
+    show(0);
+    EXPECT_EQ(DBGrid1.columnWidth(1), 20);
+    DBGrid1.setWidthTwips(0, 300);
+    EXPECT_EQ(DBGrid1.columnWidth(0), DBGrid1.fontMetrics().horizontalAdvance("SeqNo") + 10);
+}
+
+TEST_F(DBGridTest, FittingReadsOnlyTheRowsInView)
+{
+    DBGrid1.setColumns({{"SeqNo", "SeqNo", 0, false, false, true}});
+    addSamples(1000);
+    database.execute("update DataMeasure set SeqNo=123456789012 where SeqNo=900");
+    show(0);
+    EXPECT_EQ(DBGrid1.columnWidth(0), DBGrid1.fontMetrics().horizontalAdvance("SeqNo") + 10);
+}
+
 } // namespace

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picture.h"
 
+#include "dark_desktop.h"
 #include "failure.h"
 #include "paths.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QImageReader>
+#include <QPainter>
 
 namespace orb {
 
@@ -37,22 +40,46 @@ QImage readPicture(const QString& path)
     return reader.read();
 }
 
+const QColor ground(0xf5, 0xf6, 0xf8); // the pictures without transparency have it too
+const QColor disabledGround(0x6b, 0x6f, 0x75);
+
 class PictureIcon final : public QIconEngine {
 public:
     explicit PictureIcon(const QString& path) : path_(path) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
-        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+        painter->drawPixmap(rect, pixmap(rect.size() * painter->device()->devicePixelRatio(), mode, state));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
+        if (isDark(QGuiApplication::palette()))
+            return onTile(size, mode, state);
         return icon().pixmap(size, 1, mode, state);
     }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
     QIconEngine* clone() const override { return new PictureIcon(*this); }
 
 private:
+    /// The pictures are drawn for light ground, so that on a dark desktop each brings a piece of it.
+    QPixmap onTile(const QSize& size, QIcon::Mode mode, QIcon::State state)
+    {
+        constexpr double radius = 0.15; // of the width
+        constexpr double margin = 0.06;
+        QPixmap tile(size);
+        tile.fill(Qt::transparent);
+        QPainter painter(&tile);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mode == QIcon::Disabled ? disabledGround : ground);
+        painter.drawRoundedRect(tile.rect(), size.width() * radius, size.height() * radius);
+        const int inset = qRound(size.width() * margin);
+        const QRect inner = tile.rect().adjusted(inset, inset, -inset, -inset);
+        painter.setOpacity(mode == QIcon::Disabled ? 0.45 : 1);
+        painter.drawPixmap(inner, icon().pixmap(inner.size(), 1, QIcon::Normal, state));
+        return tile;
+    }
+
     const QIcon& icon()
     {
         if (icon_.isNull())
