@@ -18,6 +18,8 @@ public:
         updateGeometry();
     }
 
+    /// The hint below the boxes wraps, and would otherwise decide on the height.
+    bool hasHeightForWidth() const override { return false; }
     QSize sizeHint() const override { return {QWidget::sizeHint().width(), usualHeight_}; }
 
 protected:
