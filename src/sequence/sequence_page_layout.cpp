@@ -13,6 +13,7 @@ namespace {
 constexpr int pageWidthTwips = 9285;
 constexpr int pageHeightTwips = 8400;
 constexpr int headRows = 5;
+constexpr int summaryWidth = 18; // letters
 
 void bind(DataControl& data, const char* caption, const char* table, DBGrid& grid,
           const std::vector<GridColumn>& columns)
@@ -25,6 +26,7 @@ void bind(DataControl& data, const char* caption, const char* table, DBGrid& gri
     for (GridColumn& column : fitting)
         column.fitsValues = true;
     grid.setColumns(fitting);
+    grid.setWideAsColumns(true);
 }
 
 /// Makes the grid high enough for so many rows.
@@ -83,6 +85,7 @@ QWidget* SequencePage::tables()
 {
     setRows(DBGridHead, headRows);
     lstSequence.setAccessibleName(QStringLiteral("Summary"));
+    lstSequence.setMinimumWidth(summaryWidth * fontMetrics().averageCharWidth());
     lstSequence.setUniformItemSizes(false);
     lstSequence.setWordWrap(true);
     lstSequence.setItemDelegate(new WrappingDelegate(lstSequence));

@@ -14,7 +14,8 @@ namespace {
 constexpr int sideBySideWidth = 150;
 constexpr int widestButton = 160;
 constexpr int widestStates = 200;
-constexpr int textSize = 10;           // in a narrow bar
+constexpr int textSize = 10; // in a narrow bar
+constexpr int smallestText = 7;
 constexpr double wideTextScale = 0.85; // of the usual font
 
 const char* const allOffStyle =
@@ -71,6 +72,7 @@ void AllOffBar::display(bool isConnected, const QString& link, const StatusLine&
     showStatus(lblInputs, inputs);
     lblInputs.setToolTip(sentence);
     lblInputs.setAccessibleName(sentence);
+    fitTexts();
 }
 
 /// Side by side where there is room, at the right of a wide bar.
@@ -80,12 +82,25 @@ void AllOffBar::resizeEvent(QResizeEvent* event)
     const bool isNarrow = width() < sideBySideWidth;
     layout_->setDirection(isNarrow ? QBoxLayout::BottomToTop : QBoxLayout::LeftToRight);
     layout_->setContentsMargins(std::max(0, width() - widestButton - widestStates), 0, 0, 0);
-    QFont text = font();
-    isNarrow ? text.setPixelSize(textSize) : text.setPointSizeF(text.pointSizeF() * wideTextScale);
-    for (Label* label : {&lblLink, &lblInputs}) {
-        label->setFont(text);
+    for (Label* label : {&lblLink, &lblInputs})
         label->setSizePolicy(isNarrow ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Expanding);
-    }
+    fitTexts();
+}
+
+/// The texts in a size at which both have their room.
+void AllOffBar::fitTexts()
+{
+    const bool isNarrow = width() < sideBySideWidth;
+    const int room = isNarrow ? width() : width() - layout_->spacing() - cmdAllOff.minimumSizeHint().width();
+    QFont text = font();
+    int size = isNarrow ? textSize : qRound(QFontInfo(text).pixelSize() * wideTextScale);
+    for (text.setPixelSize(size); size > smallestText; text.setPixelSize(--size))
+        if (const QFontMetrics metrics(text); metrics.horizontalAdvance(lblLink.caption()) <= room &&
+                                              metrics.horizontalAdvance(lblInputs.caption()) <= room)
+            break;
+    for (Label* label : {&lblLink, &lblInputs})
+        if (label->font() != text)
+            label->setFont(text);
 }
 
 } // namespace orb

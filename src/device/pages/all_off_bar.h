@@ -27,6 +27,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitTexts();
+
     QBoxLayout* layout_;
 };
 

@@ -83,6 +83,13 @@ void ConnectPage::createLayout()
     page->addStretch();
 }
 
+/// Texts on several lines count with all of them.
+QSize ConnectPage::minimumSizeHint() const
+{
+    const QSize needed = Control<QWidget>::minimumSizeHint();
+    return {needed.width(), layout()->minimumHeightForWidth(std::max(width(), needed.width()))};
+}
+
 QLayout* ConnectPage::createButtonRow()
 {
     auto* buttons = new QHBoxLayout;

@@ -59,6 +59,8 @@ public:
     /// The page is not on the screen any more: a search is stopped.
     void abandonSearch();
 
+    QSize minimumSizeHint() const override;
+
     void cmbKindClick();
     void cmdSearchClick();
     void cmdConnectClick();

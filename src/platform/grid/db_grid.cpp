@@ -121,8 +121,17 @@ void DBGrid::fitColumn(int column)
     const int last = first + viewport()->height() / verticalHeader()->defaultSectionSize();
     for (int row = first; row < std::min(last + 1, model_->rowCount()); ++row)
         widest = std::max(widest, fontMetrics().horizontalAdvance(cellText(row, column)));
-    if (widest + margin > columnWidth(column))
-        setColumnWidth(column, widest + margin);
+    if (widest + margin <= columnWidth(column))
+        return;
+    setColumnWidth(column, widest + margin);
+    updateGeometry();
+}
+
+QSize DBGrid::minimumSizeHint() const
+{
+    const int edges = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+    const QSize least = Control<QTableView>::minimumSizeHint();
+    return isWideAsColumns_ ? least.expandedTo({horizontalHeader()->length() + edges, 0}) : least;
 }
 
 int DBGrid::columnCount() const

@@ -45,6 +45,10 @@ public:
     void setCaption(int column, const QString& caption);
     void setWidthTwips(int column, int width);
 
+    /// Lets the grid ask its layout for the width of all its columns.
+    void setWideAsColumns(bool isWide) { isWideAsColumns_ = isWide; }
+    QSize minimumSizeHint() const override;
+
     /// Shows what the data control holds now. As all changes of it do, this shows at the next turn of the event queue.
     void refresh() { syncLater(); }
 
@@ -82,6 +86,7 @@ private:
     DataControl* data_ = nullptr;
     bool syncPending_ = false;
     bool syncing_ = false;
+    bool isWideAsColumns_ = false;
     bool fitting_ = false;      ///< a change of a width is not the operator's
     std::set<int> keptColumns_; ///< the operator has set their widths
 };

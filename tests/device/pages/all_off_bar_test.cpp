@@ -242,4 +242,19 @@ TEST_F(AllOffBarTest, BesideTheButtonItsTextsHaveTheirWholeWidth)
     EXPECT_GE(bar().cmdAllOff.width(), bar().cmdAllOff.minimumSizeHint().width());
 }
 
+TEST_F(AllOffBarTest, InALargeFontItsTextsAreDrawnAsSmallAsTheirRoomNeeds)
+{
+    connectInstrument();
+    QFont large = bar().font();
+    large.setPointSize(14);
+    bar().setFont(large);
+    bar().setGeometry(0, 0, 182, 60);
+    bar().display(true, QStringLiteral("Network"), {QStringLiteral("Last: 1, 2, 3 on"), Tone::Busy}, {});
+    QCoreApplication::processEvents();
+    EXPECT_GE(bar().lblInputs.width(), bar().lblInputs.fontMetrics().horizontalAdvance(bar().lblInputs.caption()));
+    bar().setGeometry(0, 0, 400, 60);
+    QCoreApplication::processEvents();
+    EXPECT_GT(QFontInfo(bar().lblInputs.font()).pixelSize(), 12) << "and no smaller";
+}
+
 } // namespace orb

@@ -392,4 +392,13 @@ TEST_F(DBGridTest, FittingReadsOnlyTheRowsInView)
     EXPECT_EQ(DBGrid1.columnWidth(0), DBGrid1.fontMetrics().horizontalAdvance("SeqNo") + 10);
 }
 
+TEST_F(DBGridTest, AGridThatIsAsWideAsItsColumnsAsksForTheirWidth)
+{
+    const int least = DBGrid1.minimumSizeHint().width();
+    EXPECT_LT(least, 200);
+    DBGrid1.setWideAsColumns(true);
+    EXPECT_GE(DBGrid1.minimumSizeHint().width(), DBGrid1.horizontalHeader()->length());
+    EXPECT_LE(DBGrid1.minimumSizeHint().width(), DBGrid1.horizontalHeader()->length() + 30);
+}
+
 } // namespace
