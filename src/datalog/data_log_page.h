@@ -18,6 +18,8 @@
 #include "text_box.h"
 #include "timer.h"
 
+#include <QBoxLayout>
+
 namespace orb {
 
 struct HighestValues;
