@@ -153,12 +153,10 @@ TEST_F(WindowLookTest, NoPageNeedsMoreThanAScreenOf1024PixelsInFontsOf9To14Point
         QStringList outside;
         onEveryPage([&](const QString& page) {
             for (const QWidget* widget : shown<QWidget>()) {
-                const QWidget* parent =
-                    widget->parentWidget(); // the rows of the Connect page have parents of their own
-                if (qobject_cast<const QLabel*>(widget) && !parent->rect()
-                                                                .intersected(parent->visibleRegion().boundingRect())
-                                                                .contains(widget->geometry().adjusted(0, 0, 0, -2)))
-                    outside << page + ": " + qobject_cast<const QLabel*>(widget)->text();
+                const auto* label = qobject_cast<const QLabel*>(widget);
+                if (label && CORB->isAncestorOf(label) &&
+                    !CORB->rect().contains(QRect(label->mapTo(&*CORB, QPoint(0, 0)), label->size())))
+                    outside << QStringLiteral("%1 points, %2: \"%3\"").arg(points).arg(page, label->text());
                 const bool isOfPage = widget->parentWidget() == &*form || widget->parentWidget()->layout() != nullptr;
                 const QRect place(widget->mapTo(&*form, QPoint(0, 0)), widget->size());
                 const QRect room(0, 0, std::max(form->width(), 1020), form->height()); // the test's own screen has 800

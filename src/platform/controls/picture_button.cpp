@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyleOptionToolButton>
 
+#include <algorithm>
 #include <cmath>
 
 namespace orb {
@@ -72,7 +73,7 @@ QFont PictureButton::captionFont() const
     for (double smaller = points; smaller > smallestCaption; smaller -= 0.5) {
         if (QFontMetrics(fitted).size(0, shownCaption()).width() <= room)
             break;
-        fitted.setPointSizeF(smaller - 0.5);
+        fitted.setPointSizeF(std::max(smaller - 0.5, smallestCaption));
     }
     return fitted;
 }
