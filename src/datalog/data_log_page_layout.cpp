@@ -35,6 +35,7 @@ void DataLogPage::createLayout()
     page->addLayout(graphRow(), 3);
     page->addLayout(graphControls());
     page->addLayout(gridRow(), 2);
+    lstWave.setAccessibleName(QStringLiteral("Curves"));
     for (QWidget* hidden : std::initializer_list<QWidget*>{&DataLog, &lstWave, &FrameDataFileOperate}) {
         hidden->setParent(this);
         hidden->setVisible(false);

@@ -165,10 +165,10 @@ void ConnectPage::offerOptions()
         cmbOption[i].setVisible(exists);
         optionTitles_[i].setVisible(exists);
         cmbOption[i].clear();
+        cmbOption[i].setAccessibleName(exists ? options[i].title : QStringLiteral("Option %1").arg(i + 1));
         if (!exists)
             continue;
         optionTitles_[i].setCaption(options[i].title);
-        cmbOption[i].setAccessibleName(options[i].title);
         for (const QString& choice : options[i].choices)
             cmbOption[i].addItem(choice);
         cmbOption[i].setListIndex(options[i].preset);

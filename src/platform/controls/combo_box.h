@@ -39,6 +39,14 @@ public:
     void addItem(const QString& text);
     void addItems(const QStringList& texts);
     void removeItem(int index);
+    /// The name for assistive technologies. It is the description too: on a Unix desktop Qt gives them the selected text
+    /// in place of the name, and refers to a label beside the box, which not every box has.
+    void setAccessibleName(const QString& name)
+    {
+        QComboBox::setAccessibleName(name);
+        setAccessibleDescription(name);
+    }
+
     /// Empties list and text; no handler runs.
     void clear();
 
