@@ -28,7 +28,8 @@ build_packages=(
     fonts-wqy-microhei      # the Chinese words in the file dialogs; the smallest font that has all of them
 )
 
-# What the tests need besides: programs of others, which are run against the simulated instrument.
+# What the tests need besides: programs of others, which are run against the simulated instrument, and what reads the
+# program as a screen reader does.
 test_packages=(
     lxi-tools
     sigrok-cli
@@ -36,6 +37,10 @@ test_packages=(
     python3-pyvisa
     python3-pyvisa-py
     python3-serial
+    xvfb                    # a screen,
+    dbus                    # a session,
+    at-spi2-core            # the accessibility bus
+    python3-pyatspi         # and a reader of what is on it
 )
 
 # What a session without an X server needs besides.
