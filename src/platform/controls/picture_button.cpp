@@ -25,6 +25,11 @@ PictureButton::PictureButton(const QString& caption, QWidget* parent) : Control<
     setFocusPolicy(Qt::StrongFocus);
     setToolButtonStyle(Qt::ToolButtonTextOnly);
     QObject::connect(this, &QToolButton::clicked, this, [this] { enter(onClick); });
+    // Assistive tools press a button that can be marked by changing its mark, without a click.
+    QObject::connect(this, &QToolButton::toggled, this, [this](bool on) {
+        setMarked(!on);
+        enter(onClick);
+    });
 }
 
 void PictureButton::setPicture(const QString& path)
@@ -88,6 +93,7 @@ void PictureButton::initStyleOption(QStyleOptionToolButton* option) const
 
 void PictureButton::setMarked(bool marked)
 {
+    const QSignalBlocker quiet(this);
     setCheckable(true); // assistive tools report the mark too
     setChecked(marked);
 }

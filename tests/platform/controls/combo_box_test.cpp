@@ -2,6 +2,7 @@
 #include "control_fixture.h"
 #include "press.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 
 using namespace orb;
@@ -172,6 +173,19 @@ TEST_F(ComboBoxTest, ClearingEmptiesListAndTextAndRunsNoHandler)
     EXPECT_EQ(combo.listCount(), 0);
     EXPECT_EQ(combo.text(), "");
     EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ComboBoxTest, AnAssistiveToolIsGivenTheNameBesideTheSelectedText)
+{
+    ComboBox combo(ComboBox::Kind::DropDownList);
+    put(combo);
+    combo.addItems({"CC", "CV"});
+    combo.setText("CV");
+    combo.setAccessibleName("Mode, channel 2");
+    const QAccessibleInterface* tool = QAccessible::queryAccessibleInterface(&combo);
+    EXPECT_EQ(tool->text(QAccessible::Value), "CV");
+    EXPECT_EQ(tool->text(QAccessible::Description), "Mode, channel 2");
+    EXPECT_EQ(combo.accessibleName(), "Mode, channel 2");
 }
 
 } // namespace

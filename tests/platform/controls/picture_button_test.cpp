@@ -4,6 +4,7 @@
 #include "picture_button.h"
 #include "press.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QStyle>
@@ -185,7 +186,7 @@ TEST_F(PictureButtonTest, ACaptionWiderThanItsButtonIsDrawnSmallerAndOneWithRoom
 
 TEST_F(PictureButtonTest, ADrawnCaptionKeepsClearOfTheEdgesOfItsButton)
 {
-    PictureButton button("MMMMMMM");
+    PictureButton button("MMMMMMMMMM");
     put(button).resize(60, 30);
     form.show();
     const QImage shown = button.grab().toImage();
@@ -218,6 +219,27 @@ TEST_F(PictureButtonTest, OnADarkDesktopAPictureStandsOnALightTileWithRoundCorne
     EXPECT_EQ(button.icon().pixmap(QSize(32, 32)).toImage().pixelColor(0, 0).alpha(), 0);
     EXPECT_LT(pixel(QIcon::Disabled, 8).lightness(), 128) << "a disabled one is dimmed";
     QApplication::setPalette(QApplication::style()->standardPalette());
+}
+
+TEST_F(PictureButtonTest, AnAssistiveToolPressesAButtonThatCanBeMarkedAndLeavesTheMark)
+{
+    int presses = 0;
+    PictureButton button("Control");
+    put(button);
+    button.onClick = [&] { ++presses; };
+    const auto pressByTool = [&] {
+        QAccessibleActionInterface* actions = QAccessible::queryAccessibleInterface(&button)->actionInterface();
+        actions->doAction(actions->actionNames().constFirst());
+    };
+    for (const bool marked : {true, false}) {
+        button.setMarked(marked);
+        presses = 0;
+        pressByTool();
+        EXPECT_EQ(presses, 1);
+        EXPECT_EQ(button.marked(), marked);
+        button.click();
+        EXPECT_EQ(presses, 2);
+    }
 }
 
 } // namespace
