@@ -25,10 +25,11 @@ PictureButton::PictureButton(const QString& caption, QWidget* parent) : Control<
     setFocusPolicy(Qt::StrongFocus);
     setToolButtonStyle(Qt::ToolButtonTextOnly);
     QObject::connect(this, &QToolButton::clicked, this, [this] { enter(onClick); });
-    // Assistive tools press a button that can be marked by changing its mark, without a click.
+    // An assistive tool presses a button that can be marked by changing its mark, without a click, and waits for the
+    // reply. The click follows later, as it does for Qt's other buttons: a dialog of its handler must not hold the tool up.
     QObject::connect(this, &QToolButton::toggled, this, [this](bool on) {
         setMarked(!on);
-        enter(onClick);
+        animateClick();
     });
 }
 
