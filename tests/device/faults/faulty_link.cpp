@@ -124,7 +124,9 @@ private:
     {
         for (const DeliveryStep& step : instrument_->receive(message)) {
             std::this_thread::sleep_for(step.wait);
-            line_->say(step.bytes);
+            // The USB driver passes no part of a message when the device goes; a read of a pseudo terminal might.
+            if (readLimit_ == 0 || step.end == End::None)
+                line_->say(step.bytes);
             if (step.end != End::None)
                 line_->hangUp();
         }
