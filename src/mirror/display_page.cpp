@@ -81,6 +81,7 @@ void DisplayPage::createLayout()
     layoutButtons();
     layoutPanel(1);
     barRec.setVisible(false);
+    barRec.setAccessibleName(QStringLiteral("Recording"));
     optDispDev.setValue(true);
     optDispDev.setVisible(false);
     optDispFull.setVisible(false);

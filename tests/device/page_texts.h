@@ -40,6 +40,7 @@ inline std::string textsOf(const QWidget& page)
             continue;
         QStringList texts{captionOf(*widget), widget->toolTip(), widget->accessibleName()};
         texts.removeAll(QString());
+        texts.removeDuplicates(); // a frame is named by its caption
         if (!texts.isEmpty())
             lines += texts.join(QStringLiteral(" | "));
     }

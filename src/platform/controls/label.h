@@ -29,10 +29,16 @@ public:
     explicit Frame(const QString& caption = {}, QWidget* parent = nullptr) : Control<QGroupBox>(caption, parent)
     {
         setMouseTracking(true); // Qt delivers no move without a button otherwise
+        setAccessibleName(caption);
     }
 
     QString caption() const { return title(); }
-    void setCaption(const QString& caption) { setTitle(caption); }
+    /// Assistive tools read it too; without a name a frame within a frame would be read by that of the outer one.
+    void setCaption(const QString& caption)
+    {
+        setTitle(caption);
+        setAccessibleName(caption);
+    }
 
 protected:
     void mouseMoveEvent(QMouseEvent* event) override

@@ -187,7 +187,7 @@ TEST_F(PictureButtonTest, ACaptionWiderThanItsButtonIsDrawnSmallerAndOneWithRoom
 
 TEST_F(PictureButtonTest, ADrawnCaptionKeepsClearOfTheEdgesOfItsButton)
 {
-    PictureButton button("MMMMMMMMMM");
+    PictureButton button("MMMMMMMM");
     put(button).resize(60, 30);
     form.show();
     const QImage shown = button.grab().toImage();
