@@ -49,6 +49,13 @@ protected:
         press(page.seqOpen);
     }
     void open(const SeqFileRecord& record) { open(bytesOf(record)); }
+    /// A change of the good record, with the checksum that it then has.
+    void openWith(const std::function<void(SeqFileRecord&)>& change)
+    {
+        SeqFileRecord record = sequenceRecord(2);
+        change(record);
+        open(withCheckSum(record));
+    }
 
     void send() { press(page.seqSend); }
 

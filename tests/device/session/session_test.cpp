@@ -6,36 +6,9 @@
 namespace orb {
 
 namespace {
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-/// A remote end that never stops sending.
-struct Flood final : Transport {
-    Flood(Clock& theClock, const QByteArray& theLine) : clock(theClock), line(theLine) {}
-
-    void begin() override {}
-    bool open(int) override { return true; }
-    void close() override {}
-    State state() override { return State::Open; }
-    LinkError error() const override { return LinkError::None; }
-    bool write(const QByteArray&) override { return true; }
-    bool flush(int) override { return true; }
-    QByteArray read() override
-    {
-        ++reads;
-        if (msARead > 0)
-            clock.sleep(msARead);
-        return line.repeated(longestRead / line.size());
-    }
-    bool waitReadable(int) override { return true; }
-
-    Clock& clock;
-    QByteArray line;
-    int msARead = 0;
-    int reads = 0;
-};
 } // namespace
 
 TEST_F(SessionTest, ALineGoesOutAndItsAnswerCanBeReadAgainAndAgain)
@@ -288,94 +261,6 @@ TEST_F(SessionTest, WhatWasRejectedIsBounded)
     EXPECT_EQ(talk.rejected(), QByteArray(256, 'x'));
 }
 
-TEST_F(SessionTest, ABlockIsFetchedInPieces)
-{
-    const QByteArray picture(230'454, '\n');
-    line.onLine = [&](const QByteArray&) {
-        const QByteArray answer = asBlock(picture) + '\n';
-        for (qsizetype at = 0; at < answer.size(); at += 1460)
-            line.say(answer.mid(at, 1460), static_cast<int>(at / 1460));
-    };
-    EXPECT_EQ(session.fetchBlock("screen?", 2000), picture);
-    EXPECT_EQ(clock.elapsed(), 157);
-    echo(1);
-    EXPECT_EQ(ask("b?"), "b? #1");
-    EXPECT_THAT(line.sent, ElementsAre("screen?", "b?"));
-}
-
-TEST_F(SessionTest, AFetchEndsAtItsLimitAndALaterAnswerIsRight)
-{
-    for (const QByteArray& answer :
-         {QByteArray(), QByteArray("#41000" + QByteArray(500, '\n')), QByteArray("#74000000"), QByteArray("1.5\n"),
-          QByteArray("#9987654321 and so on\n and on\n")}) {
-        line.onLine = [&](const QByteArray& text) { line.say(text == "*IDN?" ? identity + '\n' : answer, 1); };
-        const qint64 begin = clock.elapsed();
-        EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
-        EXPECT_LE(clock.elapsed() - begin, 1000);
-        line.say("x\n\ny\n", 30); // the rest
-        echo(50);
-        send("b?");
-        clock.sleep(60);
-        EXPECT_TRUE(reply().startsWith("b? #")) << answer.left(10).toStdString();
-        EXPECT_EQ(session.answer(Requester::Control), std::nullopt);
-    }
-}
-
-TEST_F(SessionTest, ABlockThatComesWithoutEndEndsAtTheLimit)
-{
-    Flood flood(clock, "#9004000000");
-    flood.msARead = 15;
-    Session talk(clock, flood);
-    EXPECT_EQ(talk.fetchBlock("screen?", 1000), std::nullopt);
-    EXPECT_LE(clock.elapsed(), 1000 + 2 * Session::longestPollMs);
-}
-
-TEST_F(SessionTest, AFetchFindsItsPlaceWhereAQueryIsUnanswered)
-{
-    send("lost?");
-    clock.sleep(100);
-    line.onLine = [&](const QByteArray& text) {
-        line.say(text == "*IDN?" ? identity + '\n' : QByteArray("#15a\nb\nc\n"), 1);
-    };
-    EXPECT_EQ(session.fetchBlock("screen?", 1000), "a\nb\nc");
-    EXPECT_THAT(line.sent, ElementsAre("lost?", "*IDN?", "screen?"));
-}
-
-TEST_F(SessionTest, ALateAnswerOfTheApplicationIsNotTakenForABlock)
-{
-    send("a?");
-    line.say("#15abc\n", 20);
-    line.onLine = [&](const QByteArray& text) {
-        line.say(text == "*IDN?" ? identity + '\n' : QByteArray("#15a\nb\nc\n"), 30);
-    };
-    EXPECT_EQ(session.fetchBlock("screen?", 1000), "a\nb\nc");
-    EXPECT_EQ(reply(), "nothing");
-}
-
-TEST_F(SessionTest, AFetchOverALinkThatIsDownReturnsAtOnce)
-{
-    line.close();
-    EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
-    EXPECT_EQ(clock.elapsed(), 0);
-}
-
-TEST_F(SessionTest, AFetchEndsWhenTheInstrumentCloses)
-{
-    line.close(100);
-    EXPECT_EQ(session.fetchBlock("screen?", 1000), std::nullopt);
-    EXPECT_LE(clock.elapsed(), 1000);
-}
-
-TEST_F(SessionTest, ABlockFollowsItsLine)
-{
-    EXPECT_TRUE(session.sendBlock(":MEM:DATA ", "a?\nb", 100));
-    EXPECT_THAT(line.sent, ElementsAre(":MEM:DATA #14a?\nb"));
-    echo(0);
-    EXPECT_EQ(ask("a?"), "a? #1"); // the question mark in the block asked nothing
-    line.close();
-    EXPECT_FALSE(session.sendBlock(":MEM:DATA ", "a", 100));
-}
-
 TEST_F(SessionTest, ALineThatIsTooLongOrHoldsANulIsRefused)
 {
     EXPECT_FALSE(send(QByteArray(Session::longestLine + 1, 'x')));
@@ -385,37 +270,6 @@ TEST_F(SessionTest, ALineThatIsTooLongOrHoldsANulIsRefused)
     EXPECT_TRUE(send("\x01\xff?"));
     EXPECT_TRUE(send(""));
     EXPECT_THAT(line.sent, SizeIs(3));
-}
-
-TEST_F(SessionTest, APollOfAFloodIsBoundedInBytes)
-{
-    for (const char* text : {"\n", "x", "x\n", "#9004000000"}) {
-        Flood flood(clock, text);
-        Session talk(clock, flood);
-        talk.poll();
-        EXPECT_LE(flood.reads, 5) << text;
-        EXPECT_EQ(talk.answer(Requester::Application), std::nullopt) << text;
-    }
-}
-
-TEST_F(SessionTest, APollOfAFloodIsBoundedInTime)
-{
-    Flood flood(clock, "\n");
-    flood.msARead = 15;
-    Session talk(clock, flood);
-    talk.poll();
-    EXPECT_EQ(flood.reads, 2);
-}
-
-TEST_F(SessionTest, AReplyInAFloodIsBoundedInTime)
-{
-    Flood flood(clock, "\n");
-    flood.msARead = 1;
-    Session talk(clock, flood);
-    talk.send(Requester::Application, "a?");
-    const qint64 begin = clock.elapsed();
-    talk.awaitAnswer(Requester::Application, 50);
-    EXPECT_LE(clock.elapsed() - begin, 50 + Session::longestPollMs);
 }
 
 TEST_F(SessionTest, TheLineIsQuietWhenNothingIsDue)
