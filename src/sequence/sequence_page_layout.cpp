@@ -3,6 +3,7 @@
 #include "tool_bar.h"
 #include "wrapping_delegate.h"
 
+#include <QDir>
 #include <QGridLayout>
 #include <QHeaderView>
 

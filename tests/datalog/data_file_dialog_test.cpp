@@ -3,6 +3,9 @@
 #include "form_test.h"
 #include "press.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
+
 using namespace orb;
 
 namespace {

@@ -3,6 +3,7 @@
 
 #include "graph_log.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 
 using namespace orb;
