@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QMouseEvent>
 
 using namespace orb;
 using testing::ElementsAre;
