@@ -367,7 +367,7 @@ TEST(GraphDrawingTest, TheMarksOfTwoCurvesAtTheSameHeightStandApart)
     };
     const int first = rings({1});
     const int second = rings({3});
-    EXPECT_NEAR(rings({1, 3}), first + second, (first + second) / 20);
+    EXPECT_NEAR(rings({1, 3}), first + second, (first + second) / 20.0);
 }
 
 TEST_F(GraphTest, ACurveThatLeavesTheRangeIsMarkedAtTheEdge)
