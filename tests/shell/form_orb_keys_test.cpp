@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "form_orb_test.h"
 
+#include <QApplication>
+#include <QTimer>
+
 using namespace orb;
 using testing::ElementsAre;
 
