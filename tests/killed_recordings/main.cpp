@@ -15,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdio>
 #include <stdexcept>
 
@@ -82,7 +83,8 @@ private:
         if (!duringStart)
             require(waitForLine(process, "started"), QStringLiteral("kill %1: it did not start").arg(run));
         const int moment = random_.bounded(duringStart ? startMs_ : longestRecordingMs);
-        const QDeadlineTimer deadline(duringStart ? moment - sinceStart.elapsed() : moment);
+        // On a busy machine the moment of a start may be over; a deadline below zero would never come.
+        const QDeadlineTimer deadline(std::max<qint64>(0, duringStart ? moment - sinceStart.elapsed() : moment));
         while (!deadline.hasExpired())
             process.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
         require(process.state() == QProcess::Running, QStringLiteral("run %1 ended by itself").arg(run));
