@@ -31,7 +31,6 @@ void RichTextBox::appendText(const QString& text)
 void RichTextBox::moveCaretToEnd()
 {
     moveCursor(QTextCursor::End);
-    ensureCursorVisible();
 }
 
 void RichTextBox::saveFile(const QString& literal) const

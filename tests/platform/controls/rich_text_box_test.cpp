@@ -3,6 +3,7 @@
 #include "press.h"
 #include "rich_text_box.h"
 
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 using namespace orb;
@@ -44,6 +45,11 @@ TEST_F(RichTextBoxTest, TheCaretMovesToTheEndAndTheEndIsShown)
     box.moveCaretToEnd();
 
     EXPECT_TRUE(box.textCursor().atEnd());
+    EXPECT_TRUE(box.viewport()->rect().intersects(box.cursorRect()));
+
+    box.verticalScrollBar()->setValue(0); // as the operator does who reads the beginning
+    ASSERT_FALSE(box.viewport()->rect().intersects(box.cursorRect()));
+    box.moveCaretToEnd();
     EXPECT_TRUE(box.viewport()->rect().intersects(box.cursorRect()));
 }
 
