@@ -80,6 +80,24 @@ TEST_F(RecoveredFolderTest, TheNewestTwentyAreKeptAndFilesOfOtherNamesAreLeftAlo
     EXPECT_EQ(names(), kept);
 }
 
+TEST_F(RecoveredFolderTest, OfFilesOfOneTimeThoseWithTheOldestNamesAreDeleted)
+{
+    const QDateTime copied = QDateTime::currentDateTime();
+    for (int day = 1; day <= 25; ++day) {
+        create(QStringLiteral("2023-01-%1 00-00-00.csv").arg(day, 2, 10, QLatin1Char('0')));
+        QFile file(folder + '/' + names().constLast());
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(copied, QFileDevice::FileModificationTime));
+    }
+
+    add("2024/01/31 10:15:00", "a");
+
+    QStringList kept;
+    for (int day = 7; day <= 25; ++day)
+        kept << QStringLiteral("2023-01-%1 00-00-00.csv").arg(day, 2, 10, QLatin1Char('0'));
+    EXPECT_EQ(names(), kept << "2024-01-31 10-15-00.csv");
+}
+
 TEST_F(RecoveredFolderTest, TheFileJustAddedIsKeptThoughTheClockSaysThatItIsTheOldest)
 {
     for (int i = 0; i < 20; ++i)

@@ -34,6 +34,15 @@ void require(bool condition, const QString& what)
         throw std::runtime_error(what.toStdString());
 }
 
+/// The program deletes the oldest of these files.
+void copyWithTime(const QFileInfo& from, const QString& to)
+{
+    QFile::copy(from.filePath(), to);
+    QFile copy(to);
+    require(copy.open(QIODevice::ReadWrite) && copy.setFileTime(from.lastModified(), QFileDevice::FileModificationTime),
+            to + QStringLiteral(" can not be copied"));
+}
+
 void copyFolder(const QDir& from, const QDir& to)
 {
     QDir(to.path()).removeRecursively();
@@ -41,8 +50,8 @@ void copyFolder(const QDir& from, const QDir& to)
     for (const char* name : {"orb.mdb", "orb.mdb-wal", "ORBScrBtn.dat", "orbCommands.dat", "OrbEmpty.jpg"})
         QFile::copy(from.filePath(QLatin1String(name)), to.filePath(QLatin1String(name)));
     QFile::link(from.filePath(QStringLiteral("ICON")), to.filePath(QStringLiteral("ICON")));
-    for (const QString& name : QDir(from.filePath(QStringLiteral("recovered"))).entryList(QDir::Files))
-        QFile::copy(from.filePath("recovered/" + name), to.filePath("recovered/" + name));
+    for (const QFileInfo& file : QDir(from.filePath(QStringLiteral("recovered"))).entryInfoList(QDir::Files))
+        copyWithTime(file, to.filePath("recovered/" + file.fileName()));
 }
 
 class Kills {

@@ -9,6 +9,9 @@
 #include <QDir>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <utility>
+
 namespace orb {
 
 namespace {
@@ -54,11 +57,15 @@ void deleteOldest(const QDir& folder, const QString& newest)
 {
     static const QRegularExpression ownName(
         QStringLiteral("^\\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d( \\d+)?\\.csv$"));
-    const QStringList names = folder.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Time).filter(ownName);
-    int kept = 1; // the newest one, whatever the clock says of the others
-    for (const QString& name : names)
-        if (folder.filePath(name) != newest && ++kept > keptRecoveredFiles)
-            QFile::remove(folder.filePath(name));
+    QFileInfoList files = folder.entryInfoList({QStringLiteral("*.csv")}, QDir::Files);
+    files.removeIf(
+        [&](const QFileInfo& file) { return file.filePath() == newest || !ownName.match(file.fileName()).hasMatch(); });
+    const auto age = [](const QFileInfo& file) { // files that were copied may all be of one time
+        return std::pair(file.lastModified(), file.fileName());
+    };
+    std::sort(files.begin(), files.end(), [&](const auto& a, const auto& b) { return age(a) > age(b); });
+    for (int i = keptRecoveredFiles - 1; i < files.size(); ++i) // the newest one is kept whatever the clock says
+        QFile::remove(files[i].filePath());
 }
 
 } // namespace
