@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "dark_palette.h"
 #include "db_grid_fixture.h"
 
 #include <QApplication>
@@ -118,6 +119,17 @@ TEST_F(RefusedEditTest, ARefusedTextLeavesTheOldValueAndTheEditorOpen)
     press(Qt::Key_Return);
     EXPECT_FALSE(DBGrid1.isEditing());
     EXPECT_EQ(rows("select [Update] from ORBSeqHead"), "4\n");
+}
+
+TEST_F(RefusedEditTest, ARefusedTextIsReadableOnADarkDesktopToo)
+{
+    DBGrid1.setPalette(darkPalette());
+    ASSERT_GT(editor()->palette().color(QPalette::Text).lightness(), 200);
+
+    press(Qt::Key_Return);
+
+    EXPECT_GT(editor()->palette().color(QPalette::Base).lightness(), 200);
+    EXPECT_LT(editor()->palette().color(QPalette::Text).lightness(), 50);
 }
 
 TEST_F(RefusedEditTest, ARefusedTextIsGivenUpWhenTheOperatorGoesElsewhere)
