@@ -13,6 +13,7 @@ namespace orb {
 namespace {
 constexpr int margin = 3;
 constexpr double markScale = 0.62; // of the text
+constexpr QRgb editedRing = 0xffffc107;
 } // namespace
 
 MemoryCell::MemoryCell(QWidget* parent) : Control<QWidget>(parent)
@@ -53,6 +54,12 @@ void MemoryCell::setFontSize(int points)
 void MemoryCell::setAlignment(Qt::Alignment alignment)
 {
     alignment_ = alignment;
+    update();
+}
+
+void MemoryCell::setEdited(bool edited)
+{
+    isEdited_ = edited;
     update();
 }
 
@@ -97,13 +104,24 @@ void MemoryCell::drawTexts(QPainter& painter) const
     painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter, mark());
 }
 
+/// The black line sets the ring off from a white cell and from a light window.
+void MemoryCell::drawBorder(QPainter& painter) const
+{
+    const QColor usual = palette().color(isDark(palette()) ? QPalette::Light : QPalette::Mid);
+    painter.setPen(isEdited_ ? QColor(Qt::black) : usual);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (!isEdited_)
+        return;
+    painter.setPen(QPen(QColor(editedRing), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(2, 2, -2, -2));
+}
+
 void MemoryCell::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), ground());
+    drawBorder(painter);
     drawTexts(painter);
-    painter.setPen(isDark(palette()) ? palette().color(QPalette::Light) : palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (!hasFocus())
         return;
     painter.setPen(Qt::white); // between the outline and a dark cell

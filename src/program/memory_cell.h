@@ -28,6 +28,10 @@ public:
     Qt::Alignment alignment() const { return alignment_; }
     void setAlignment(Qt::Alignment alignment);
 
+    /// True for the cell whose step is open in a frame. It has a ring in a color that neither a run mode nor the focus has.
+    bool isEdited() const { return isEdited_; }
+    void setEdited(bool edited);
+
     /// The letter that is drawn beside the text, empty while the color is that of no run mode.
     QString mark() const;
 
@@ -41,6 +45,7 @@ protected:
 
 private:
     void drawTexts(QPainter& painter) const;
+    void drawBorder(QPainter& painter) const;
     QColor ground() const;
     QColor readableColor() const;
 
@@ -48,6 +53,7 @@ private:
     QColor backColor_ = Qt::white;
     QColor foreColor_ = Qt::black;
     Qt::Alignment alignment_ = Qt::AlignLeft;
+    bool isEdited_ = false;
 };
 
 } // namespace orb

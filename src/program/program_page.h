@@ -134,6 +134,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createLayout();
@@ -159,6 +160,7 @@ private:
     void openByOperator(int cell);
     void moveFocus(int cell, int rows, int columns);
     void focusEditedCell();
+    void markEditedCell();
 
     void initChain();
     void applyFields(const QStringList& fields);

@@ -34,6 +34,7 @@ void ProgramPage::txtMemSettingMouseDown(int index)
     }
     frameMemorySetting.setTag(QString::number(index));
     frameMemorySetting.setVisible(true);
+    markEditedCell();
     ShowMemSetting(cell.tag());
     frameMemorySetting.bringToFront();
 }
@@ -188,6 +189,25 @@ void ProgramPage::focusEditedCell()
 {
     if (!frameMemorySetting.visible())
         element(txtMemSetting, toInteger(numericValue(frameMemorySetting.tag()))).setFocus();
+}
+
+/// The cell whose step is in the frame, as long as the frame is shown.
+void ProgramPage::markEditedCell()
+{
+    const QString edited = frameMemorySetting.visible() ? frameMemorySetting.tag() : QString();
+    for (int index = 0; index < static_cast<int>(txtMemSetting.size()); ++index) {
+        MemoryCell& cell = element(txtMemSetting, index);
+        if (const bool isEdited = QString::number(index) == edited; isEdited != cell.isEdited())
+            cell.setEdited(isEdited);
+    }
+}
+
+/// The frame is hidden by several routines.
+bool ProgramPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &frameMemorySetting && event->type() == QEvent::HideToParent)
+        markEditedCell();
+    return Frame::eventFilter(watched, event);
 }
 
 } // namespace orb

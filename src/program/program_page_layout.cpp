@@ -188,6 +188,7 @@ void ProgramPage::layoutMemorySetting()
     frameMemorySetting.setVisible(false);
     frameMemorySetting.moveTwips(memorySettingLeft, memorySettingTop);
     frameMemorySetting.resizeTwips(settingWidthTwips, settingHeightTwips);
+    frameMemorySetting.installEventFilter(this);
     auto* frame = new QVBoxLayout(&frameMemorySetting);
     frame->setContentsMargins(8, 4, 8, 6);
     frame->setSpacing(rowSpacing);
@@ -303,7 +304,7 @@ QLayout* ProgramPage::orderButtons()
     auto* column = new QVBoxLayout;
     column->addStretch();
     for (PictureButton* button : {&cmdProgAdd, &cmdProgRemove, &cmdProgUp, &cmdProgDown}) {
-        button->setMinimumSize(80, 26);
+        button->setMinimumSize(QSize(80, 26).expandedTo(button->sizeHint()));
         column->addWidget(button);
     }
     column->addStretch();

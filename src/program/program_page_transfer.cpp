@@ -129,6 +129,7 @@ void ProgramPage::showFrameOf(int program, int step)
     frameMemorySetting.setCaption(QStringLiteral("Program: [%1] Sequence:[%2]").arg(program).arg(step));
     cmbMemoryProg.setText(QString::number(program));
     frameMemorySetting.setTag(QString::number(numberOfCell(program, step)));
+    markEditedCell();
 }
 
 void ProgramPage::endProgress()

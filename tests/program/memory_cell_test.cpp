@@ -147,4 +147,20 @@ TEST_F(MemoryCellTest, AnEmptyCellHasTheGroundOfADarkDesktopAndAFilledOneItsOwn)
     EXPECT_EQ(count(ground), 0);
 }
 
+TEST_F(MemoryCellTest, TheCellThatIsEditedIsDrawnUnlikeTheOneWithTheFocus)
+{
+    cell.setBackColor(QColor(0, 0, 128));
+    EXPECT_EQ(count(QColor(0xff, 0xc1, 0x07)), 0);
+    cell.setEdited(true);
+    EXPECT_TRUE(cell.isEdited());
+
+    const QImage edited = cell.grab().toImage();
+    EXPECT_EQ(edited.pixelColor(0, 12), QColor(Qt::black));
+    EXPECT_EQ(edited.pixelColor(1, 12), QColor(0xff, 0xc1, 0x07));
+    EXPECT_EQ(edited.pixelColor(2, 12), QColor(0xff, 0xc1, 0x07));
+    EXPECT_EQ(edited.pixelColor(58, 12), QColor(0xff, 0xc1, 0x07));
+    EXPECT_EQ(edited.pixelColor(30, 28), QColor(0xff, 0xc1, 0x07));
+    EXPECT_EQ(edited.pixelColor(30, 5), QColor(0, 0, 128));
+}
+
 } // namespace

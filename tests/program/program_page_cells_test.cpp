@@ -446,4 +446,29 @@ TEST_F(ProgramPageCellsTest, ACellOutsideOfTheGridIsRefused)
     EXPECT_FALSE(page.frameMemorySetting.visible());
 }
 
+/// The numbers of the cells that are marked as edited.
+template <typename Cells> std::vector<int> editedCells(const Cells& cells)
+{
+    std::vector<int> edited;
+    for (int i = 0; i < static_cast<int>(cells.size()); ++i)
+        if (element(cells, i).isEdited())
+            edited.push_back(i);
+    return edited;
+}
+
+TEST_F(ProgramPageCellsTest, TheCellInTheFrameIsMarkedUntilTheFrameIsClosed)
+{
+    EXPECT_THAT(editedCells(page.txtMemSetting), IsEmpty());
+    mouseDown(34);
+    EXPECT_THAT(editedCells(page.txtMemSetting), ElementsAre(34));
+    mouseDown(7);
+    EXPECT_THAT(editedCells(page.txtMemSetting), ElementsAre(7)) << "the frame was open already";
+    press(page.cmdMemSetCancel);
+    EXPECT_THAT(editedCells(page.txtMemSetting), IsEmpty());
+    mouseDown(0);
+    show(example);
+    press(page.cmdMemSetOK);
+    EXPECT_THAT(editedCells(page.txtMemSetting), IsEmpty());
+}
+
 } // namespace
