@@ -1,7 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "check_box.h"
 
+#include "dark_outline.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+
 namespace orb {
+
+namespace {
+
+/// The style marks the focus by another outline once the operator has used the keyboard.
+bool showsFocus(const QStyleOptionButton& option)
+{
+    return option.state.testFlags(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange);
+}
+
+} // namespace
 
 CheckBox::CheckBox(const QString& caption, QWidget* parent) : Control<QCheckBox>(caption, parent)
 {
@@ -40,6 +55,17 @@ void CheckBox::nextCheckState()
     setCheckState(value() == Unchecked ? Qt::Checked : Qt::Unchecked);
 }
 
+void CheckBox::paintEvent(QPaintEvent* event)
+{
+    QCheckBox::paintEvent(event);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (!needsOutline(*this) || showsFocus(option))
+        return;
+    QPainter painter(this);
+    drawDarkOutline(painter, style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this), *this);
+}
+
 OptionButton::OptionButton(const QString& caption, QWidget* parent) : Control<QRadioButton>(caption, parent)
 {
     QObject::connect(this, &QRadioButton::toggled, this, [this](bool on) {
@@ -60,6 +86,20 @@ void OptionButton::setValue(bool value)
     }
     if (value && onClick)
         onClick();
+}
+
+void OptionButton::paintEvent(QPaintEvent* event)
+{
+    QRadioButton::paintEvent(event);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (!needsOutline(*this) || showsFocus(option))
+        return;
+    const QRect circle = style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(outlineColor(*this));
+    painter.drawEllipse(QRectF(circle).adjusted(1, 1, -1, -1));
 }
 
 } // namespace orb

@@ -26,6 +26,7 @@ public:
 protected:
     /// For the operator the box has two states: a press unchecks a grayed one.
     void nextCheckState() override;
+    void paintEvent(QPaintEvent* event) override;
 };
 
 /// One of several in the same container, of which at most one is selected.
@@ -41,6 +42,9 @@ public:
     bool value() const { return isChecked(); }
     /// Selecting deselects the others of the container and runs `onClick` inside the assignment if it was not selected.
     void setValue(bool value);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 } // namespace orb

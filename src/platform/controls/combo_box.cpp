@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "combo_box.h"
 
+#include "dark_outline.h"
+
+#include <QPainter>
+
 namespace orb {
 
 ComboBox::ComboBox(Kind kind, QWidget* parent) : Control<QComboBox>(parent)
@@ -94,6 +98,16 @@ void ComboBox::clear()
     QComboBox::clear();
     if (isEditable())
         clearEditText();
+}
+
+void ComboBox::paintEvent(QPaintEvent* event)
+{
+    QComboBox::paintEvent(event);
+    const bool hasFocusInside = hasFocus() || (isEditable() && lineEdit()->hasFocus());
+    if (!needsOutline(*this) || hasFocusInside)
+        return;
+    QPainter painter(this);
+    drawDarkOutline(painter, rect(), *this);
 }
 
 } // namespace orb

@@ -50,6 +50,9 @@ public:
     /// Empties list and text; no handler runs.
     void clear();
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void select(int index);
 };

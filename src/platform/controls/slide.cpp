@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide.h"
 
+#include "dark_outline.h"
+
 #include <QPainter>
 #include <QStyleOptionSlider>
 
@@ -63,11 +65,29 @@ void Slide::initStyleOption(QStyleOptionSlider* option) const
     option->rect.setWidth(std::min(barWidth(), width()));
 }
 
+/// The groove above and below the handle, and the handle.
+void Slide::drawOutlines(const QStyleOptionSlider& option)
+{
+    const auto place = [&](QStyle::SubControl part) {
+        return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+    };
+    const QRect handle = place(QStyle::SC_SliderHandle);
+    const int middle = handle.center().x();
+    QPainter painter(this);
+    drawDarkOutline(painter, handle, *this);
+    painter.setClipRegion(QRegion(rect()).subtracted(handle));
+    painter.setPen(QPen(outlineColor(*this), 2));
+    const QRect groove = place(QStyle::SC_SliderGroove);
+    painter.drawLine(middle, groove.top(), middle, groove.bottom());
+}
+
 void Slide::paintEvent(QPaintEvent* event)
 {
     QSlider::paintEvent(event);
     QStyleOptionSlider option;
     initStyleOption(&option);
+    if (needsOutline(*this))
+        drawOutlines(option);
     const int handle = style()->pixelMetric(QStyle::PM_SliderLength, &option, this);
     const int left = option.rect.right() + gap;
     const int line = fontMetrics().height();

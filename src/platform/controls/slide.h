@@ -33,6 +33,7 @@ protected:
 
 private:
     int barWidth() const;
+    void drawOutlines(const QStyleOptionSlider& option);
 
     QStringList positions_;
 };

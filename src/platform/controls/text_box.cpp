@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text_box.h"
 
+#include "dark_outline.h"
+
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace orb {
 
@@ -56,6 +59,15 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event)
     if (!keepsSelection_)
         QLineEdit::mouseReleaseEvent(event);
     keepsSelection_ = false;
+}
+
+void TextBox::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    if (!needsOutline(*this) || hasFocus() || !hasFrame())
+        return;
+    QPainter painter(this);
+    drawDarkOutline(painter, rect(), *this);
 }
 
 } // namespace orb
