@@ -259,4 +259,21 @@ TEST_F(PictureButtonTest, AnAssistiveToolPressesAButtonThatCanBeMarkedAndLeavesT
     }
 }
 
+TEST_F(PictureButtonTest, APictureWithoutTransparencyHasTheGroundOfItsButton)
+{
+    const QTemporaryDir folder;
+    QImage opaque(32, 32, QImage::Format_RGB32);
+    opaque.fill(QColor(0xf5, 0xf6, 0xf8));
+    opaque.setPixelColor(1, 0, QColor(0xf0, 0xfb, 0xf4)); // as a lossy file has it
+    opaque.setPixelColor(16, 16, QColor(0x3b, 0x4c, 0x5f));
+    ASSERT_TRUE(opaque.save(folder.filePath("a.png")));
+    PictureButton button;
+    button.setPicture(folder.filePath("a.png"));
+    const QImage shown = button.icon().pixmap(QSize(32, 32)).toImage();
+
+    EXPECT_EQ(shown.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(shown.pixelColor(1, 0).alpha(), 0);
+    EXPECT_EQ(shown.pixelColor(16, 16), QColor(0x3b, 0x4c, 0x5f));
+}
+
 } // namespace

@@ -11,6 +11,9 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace orb {
 
 namespace {
@@ -42,6 +45,25 @@ QImage readPicture(const QString& path)
 
 const QColor ground(0xf5, 0xf6, 0xf8); // the pictures without transparency have it too
 const QColor disabledGround(0x6b, 0x6f, 0x75);
+
+/// A picture without transparency, with that in place of its ground: the button under it may have any color. What lies
+/// near the ground, as a lossy file has it, is partly transparent.
+QImage withoutGround(const QImage& picture)
+{
+    constexpr int same = 8; // of 255
+    constexpr int different = 32;
+    QImage clear = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < clear.height(); ++y)
+        for (int x = 0; x < clear.width(); ++x) {
+            QColor color = clear.pixelColor(x, y);
+            const int distance =
+                std::max({std::abs(color.red() - ground.red()), std::abs(color.green() - ground.green()),
+                          std::abs(color.blue() - ground.blue())});
+            color.setAlpha(std::clamp((distance - same) * 255 / (different - same), 0, 255));
+            clear.setPixelColor(x, y, color);
+        }
+    return clear;
+}
 
 class PictureIcon final : public QIconEngine {
 public:
@@ -82,8 +104,11 @@ private:
 
     const QIcon& icon()
     {
-        if (icon_.isNull())
-            icon_ = QIcon(QPixmap::fromImage(readPicture(path_)));
+        if (icon_.isNull()) {
+            const QImage picture = readPicture(path_);
+            const bool isOpaque = !picture.isNull() && !picture.hasAlphaChannel();
+            icon_ = QIcon(QPixmap::fromImage(isOpaque ? withoutGround(picture) : picture));
+        }
         return icon_;
     }
 
