@@ -60,8 +60,11 @@ void recordingSteps(Tour& tour, FormORB& form)
     tour.then(
         QStringLiteral("the recording has stopped"), [&page] { return !page.logStop.enabled(); }, [] {});
     tour.then(QStringLiteral("zooms into the first seconds"), [&page] {
-        const QPoint timeAxis(page.graphLog.width() / 9, page.graphLog.height() - 30);
-        ui::turnWheel(page.graphLog, timeAxis, 21);
+        constexpr int belowAxis = 8;
+        constexpr double firstSeconds = 0.01; // of the time that is shown
+        const QRect area = page.graphLog.plotArea();
+        const int x = area.left() + qRound(firstSeconds * area.width());
+        ui::turnWheel(page.graphLog, {x, area.bottom() + belowAxis}, 21);
     });
     tour.picture(form, QStringLiteral("data_log_zoomed.png"));
     exportSteps(tour, form, QStringLiteral("log.csv"));

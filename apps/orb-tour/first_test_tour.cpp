@@ -46,6 +46,11 @@ void connectSteps(Tour& tour, FormORB& form, DeviceControl& CORB)
     tour.picture(form, QStringLiteral("first_connected.png"));
 }
 
+bool isReadBack(DeviceControl& CORB)
+{
+    return card(CORB).lblNote.caption() == QLatin1String("Read back");
+}
+
 /// Changes a setting on the card and waits until the instrument has it.
 void setStep(Tour& tour, DeviceControl& CORB, const QString& description, const std::function<void()>& change,
              const std::function<bool()>& done)
@@ -59,14 +64,14 @@ void setSteps(Tour& tour, DeviceControl& CORB)
 {
     setStep(
         tour, CORB, QStringLiteral("sets a constant current"), [&CORB] { ui::pick(card(CORB), QStringLiteral("CC")); },
-        [&CORB] { return card(CORB).lblLimits.caption().endsWith(QStringLiteral("40")); });
+        [&CORB] { return isReadBack(CORB) && card(CORB).txtSetValue.text() == QLatin1String("0.0000"); });
     setStep(
         tour, CORB, QStringLiteral("sets 10 A"),
         [&CORB] {
             ui::type(card(CORB).txtSetValue, QStringLiteral("10"));
             ui::pressKey(card(CORB).txtSetValue, Qt::Key_Return);
         },
-        [&CORB] { return card(CORB).lblNote.caption() == QLatin1String("Read back"); });
+        [&CORB] { return isReadBack(CORB) && card(CORB).txtSetValue.text() == QLatin1String("10.0000"); });
 }
 
 void loadSteps(Tour& tour, FormORB& form, DeviceControl& CORB)
