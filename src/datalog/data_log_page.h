@@ -113,7 +113,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void createLayout();
@@ -159,6 +159,9 @@ private:
     const Paths& paths_;
     ORBCtrl& CORB_;
     Database& dbMain_;
+    void placeBoxes();
+    int heightOfSecondBox() const;
+
     QBoxLayout* side_ = nullptr; ///< the boxes beside the graph; owned by the page
     bool loopIsRunning_ = false; ///< the loop of a recording is on the stack
 };

@@ -3,7 +3,10 @@
 #include "legend_line.h"
 #include "tool_bar.h"
 
+#include <QEvent>
 #include <QGridLayout>
+
+#include <algorithm>
 
 namespace orb {
 
@@ -90,21 +93,35 @@ QLayout* DataLogPage::graphRow()
     return row;
 }
 
-/// In a low window the boxes stand side by side, so that graph and table keep their share of the height.
-void DataLogPage::resizeEvent(QResizeEvent* event)
+/// In a low window the boxes stand side by side, so that graph and table keep their share of the height. The frame of the
+/// cursor needs more of it than the table beside it.
+void DataLogPage::placeBoxes()
 {
-    Frame::resizeEvent(event);
-    const bool isLow = height() < lowPage * fontMetrics().lineSpacing();
+    const int low = lowPage * fontMetrics().lineSpacing();
+    const int stacked = minimumSizeHint().height() + heightOfSecondBox();
+    const bool isLow = height() < (FrameCursor.visible() ? std::max(low, stacked) : low);
     side_->setDirection(isLow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+int DataLogPage::heightOfSecondBox() const
+{
+    return FrameGraphOperations.minimumSizeHint().height() + side_->spacing();
+}
+
+/// The frame of the cursor comes and goes without a change of the page's size.
+bool DataLogPage::event(QEvent* event)
+{
+    const bool isDone = Frame::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+        placeBoxes();
+    return isDone;
 }
 
 /// That of the page with the boxes side by side.
 QSize DataLogPage::minimumSizeHint() const
 {
-    const int lower = side_->direction() == QBoxLayout::TopToBottom
-                          ? FrameGraphOperations.minimumSizeHint().height() + side_->spacing()
-                          : 0;
-    return Frame::minimumSizeHint() - QSize(0, lower);
+    const bool isStacked = side_->direction() == QBoxLayout::TopToBottom;
+    return Frame::minimumSizeHint() - QSize(0, isStacked ? heightOfSecondBox() : 0);
 }
 
 /// One row for each channel, with a piece of the plot's line before each box.
