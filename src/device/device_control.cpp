@@ -14,6 +14,7 @@ namespace {
 
 constexpr int designWidthTwips = 8115;
 constexpr int designHeightTwips = 6675;
+constexpr int designLines = 31; // of text, so that a desktop with a large font gets larger cards
 constexpr int connectTickMs = 20;
 constexpr int pageTickMs = 50;
 constexpr int watchTickMs = 500;
@@ -79,7 +80,8 @@ void DeviceControl::createLayout()
     stack->addWidget(&lblLink);
     stack->addWidget(&controlPage, 1);
     stack->addWidget(&connectPage, 1);
-    resizeTwips(designWidthTwips, designHeightTwips);
+    const int lines = twips(designLines * fontMetrics().lineSpacing());
+    resizeTwips(designWidthTwips, std::max(designHeightTwips, lines));
 }
 
 // Lines and replies.

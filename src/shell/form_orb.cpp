@@ -95,7 +95,7 @@ void FormORB::layoutRowEnd()
     if (!rowEnd_)
         return;
     const PictureButton& last = pageDisplay.visible() ? pageDisplay : pageExit;
-    const int left = last.geometry().right() + rowEndMargin;
+    const int left = last.geometry().right() + rowEndMargin - 1;
     rowEnd_->setGeometry(left, rowEndMargin, width() - left - 2 * rowEndMargin, pageExit.height() - 2 * rowEndMargin);
 }
 

@@ -196,6 +196,47 @@ TEST_F(WindowLookTest, InALowWindowEveryPageIsSmallerThanItsDesignAndReachesOver
     EXPECT_GE(form->frmDatalog.DBGrid1.viewport()->height(), 80) << "four rows";
 }
 
+TEST_F(WindowLookTest, InALowWindowTheBoxesOfTheCurvesKeepTheirHeightBesideTheFrameOfTheCursor)
+{
+    start(9);
+    DataLogPage& page = form->frmDatalog;
+    press(form->pageWave);
+    form->setMinimumSize(0, 0);
+    form->resize(1020, 572);
+    settle();
+    press(page.optGraphMode[2]);
+    settle();
+    ASSERT_TRUE(page.FrameCursor.isVisible());
+    QStringList squeezed;
+    for (const CheckBox* box : page.FrameChannel.findChildren<CheckBox*>())
+        if (box->height() < box->fontMetrics().height())
+            squeezed << box->caption();
+    EXPECT_THAT(squeezed, IsEmpty());
+    EXPECT_TRUE(page.rect().contains(page.FrameCursor.geometry()));
+    EXPECT_GE(page.graphLog.height(), 150);
+
+    press(page.optGraphMode[0]);
+    settle();
+    EXPECT_TRUE(form->rect().contains(page.geometry()));
+}
+
+TEST_F(WindowLookTest, ALargeFontMakesTheControlPageHigherAndItsCardsTextsLarger)
+{
+    start(9);
+    EXPECT_EQ(CORB->height(), pixels(6675));
+    stop();
+    start(14);
+    const int height = DeviceControl(clock).height();
+    EXPECT_GE(height, 30 * QFontMetrics(QApplication::font()).lineSpacing());
+    form->setMinimumSize(0, 0);
+    CORB->resize(619, height);
+    press(form->pageControl);
+    clock.advance(2000);
+    CORB->resize(619, height);
+    settle();
+    EXPECT_GE(QFontInfo(CORB->controlPage.cards.front()->cmdLoad.font()).pixelSize(), 13);
+}
+
 // Colors
 
 /// From 1, not at all different in lightness, to 21, black on white.
@@ -265,7 +306,7 @@ TEST_F(WindowLookTest, TheWordsOfTheBarAtTheEndOfTheRowHaveTheirRoomOnEveryPage)
     QStringList cut;
     onEveryPage([&](const QString& page) {
         for (const Label* label : {&CORB->allOffBar.lblLink, &CORB->allOffBar.lblInputs})
-            if (isCut(*label))
+            if (widthOf(label->font(), label->caption()) + 2 > label->width())
                 cut << page + ": " + label->caption();
     });
     EXPECT_THAT(cut, IsEmpty());

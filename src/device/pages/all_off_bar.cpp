@@ -16,7 +16,7 @@ constexpr int widestButton = 160;
 constexpr int widestStates = 200;
 constexpr int textSize = 10; // in a narrow bar
 constexpr int smallestText = 7;
-constexpr double wideTextScale = 0.85; // of the usual font
+constexpr int textMargin = 1;
 
 const char* const allOffStyle =
     "QToolButton { background: #c01f1f; color: white; border: 2px solid #7d0f0f; border-radius: 5px;"
@@ -54,8 +54,8 @@ AllOffBar::AllOffBar() : keyAllOff(QKeySequence(Qt::Key_F12), this), layout_(new
     cmdAllOff.setAccessibleName(QStringLiteral("ALL OFF, switches the inputs of all channels off"));
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(3);
-    layout_->addLayout(states, 2);
-    layout_->addWidget(&cmdAllOff, 3);
+    layout_->addLayout(states);
+    layout_->addWidget(&cmdAllOff);
     setLayout(layout_);
     // Not the shortcut of a button, which presses it 100 ms later.
     keyAllOff.setContext(Qt::ApplicationShortcut);
@@ -84,6 +84,8 @@ void AllOffBar::resizeEvent(QResizeEvent* event)
     layout_->setContentsMargins(std::max(0, width() - widestButton - widestStates), 0, 0, 0);
     for (Label* label : {&lblLink, &lblInputs})
         label->setSizePolicy(isNarrow ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Expanding);
+    layout_->setStretch(0, isNarrow ? 2 : 1);
+    layout_->setStretch(1, isNarrow ? 3 : 1);
     fitTexts();
 }
 
@@ -91,9 +93,10 @@ void AllOffBar::resizeEvent(QResizeEvent* event)
 void AllOffBar::fitTexts()
 {
     const bool isNarrow = width() < sideBySideWidth;
-    const int room = isNarrow ? width() : width() - layout_->spacing() - cmdAllOff.minimumSizeHint().width();
+    const int beside = isNarrow ? 0 : layout_->spacing() + cmdAllOff.minimumSizeHint().width();
+    const int room = width() - beside - 2 * textMargin;
     QFont text = font();
-    int size = isNarrow ? textSize : qRound(QFontInfo(text).pixelSize() * wideTextScale);
+    int size = isNarrow ? textSize : QFontInfo(text).pixelSize();
     for (text.setPixelSize(size); size > smallestText; text.setPixelSize(--size))
         if (const QFontMetrics metrics(text); metrics.horizontalAdvance(lblLink.caption()) <= room &&
                                               metrics.horizontalAdvance(lblInputs.caption()) <= room)

@@ -132,7 +132,7 @@ void ChannelCard::resizeEvent(QResizeEvent* event)
     const int small = std::clamp(std::min(width() / 12, height() / 20), smallest, largest);
     setSizes(small);
     setValueRow_->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    setValueRow_->setSpacing(width() < narrow ? 0 : rowSpacing);
+    setValueRow_->setSpacing(width() < narrow ? 0 : std::max(rowSpacing, small / 2));
     const QFont font = readingFont(readingSize(small));
     for (Label* reading : readings())
         reading->setFont(font);
