@@ -3,6 +3,7 @@
 #include "run_modes.h"
 #include "values.h"
 
+#include <QEvent>
 #include <QLineEdit>
 
 #include <algorithm>

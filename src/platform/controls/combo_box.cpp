@@ -3,6 +3,7 @@
 
 #include "dark_outline.h"
 
+#include <QLineEdit>
 #include <QPainter>
 
 namespace orb {
