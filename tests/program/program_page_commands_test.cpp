@@ -121,6 +121,24 @@ TEST_F(ProgramPageCommandsTest, AReadShowsItsProgressAndEachStepInTheFrame)
     EXPECT_EQ(lines.last(), "hide frameProgress");
 }
 
+TEST_F(ProgramPageCommandsTest, AReadMarksTheCellOfEachStep)
+{
+    journal.watchText(&page, [this] {
+        QString marked = QStringLiteral("at");
+        for (int index = 0; index < static_cast<int>(page.txtMemSetting.size()); ++index)
+            if (element(page.txtMemSetting, index).isEdited())
+                marked += QStringLiteral(" %1").arg(index);
+        return marked;
+    });
+
+    read();
+
+    const QStringList lines = journal.linesOf({"at"});
+    EXPECT_TRUE(lines.contains("at 0"));
+    EXPECT_TRUE(lines.contains("at 119"));
+    EXPECT_EQ(lines.last(), "at") << "none in the end";
+}
+
 TEST_F(ProgramPageCommandsTest, AReadWithoutALinkAnsweredWithNoDoesNothing)
 {
     instrument.connected = false;

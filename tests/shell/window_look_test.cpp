@@ -202,7 +202,7 @@ TEST_F(WindowLookTest, InALowWindowTheBoxesOfTheCurvesKeepTheirHeightBesideTheFr
     DataLogPage& page = form->frmDatalog;
     press(form->pageWave);
     form->setMinimumSize(0, 0);
-    form->resize(1020, 572);
+    form->resize(722, 600); // a little higher than where the boxes always stand side by side
     settle();
     press(page.optGraphMode[2]);
     settle();
@@ -214,10 +214,11 @@ TEST_F(WindowLookTest, InALowWindowTheBoxesOfTheCurvesKeepTheirHeightBesideTheFr
     EXPECT_THAT(squeezed, IsEmpty());
     EXPECT_TRUE(page.rect().contains(page.FrameCursor.geometry()));
     EXPECT_GE(page.graphLog.height(), 150);
+    EXPECT_GT(page.FrameGraphOperations.x(), page.FrameChannel.geometry().right());
 
     press(page.optGraphMode[0]);
     settle();
-    EXPECT_TRUE(form->rect().contains(page.geometry()));
+    EXPECT_GT(page.FrameGraphOperations.y(), page.FrameChannel.geometry().bottom()) << "the graph has its width again";
 }
 
 TEST_F(WindowLookTest, ALargeFontMakesTheControlPageHigherAndItsCardsTextsLarger)
@@ -234,7 +235,9 @@ TEST_F(WindowLookTest, ALargeFontMakesTheControlPageHigherAndItsCardsTextsLarger
     clock.advance(2000);
     CORB->resize(619, height);
     settle();
-    EXPECT_GE(QFontInfo(CORB->controlPage.cards.front()->cmdLoad.font()).pixelSize(), 13);
+    const ChannelCard& card = *CORB->controlPage.cards.front();
+    EXPECT_GE(QFontInfo(card.cmdLoad.font()).pixelSize(), 13);
+    EXPECT_GE(card.lblLimits.x() - card.lblUnit.geometry().right(), 13 / 2);
 }
 
 // Colors
