@@ -62,12 +62,13 @@ void syncFile(const QString& path)
 
 bool renameDurably(const QString& from, const QString& to)
 {
-    if (QFileInfo::exists(to))
+    if (!QFileInfo::exists(to) && QFile::rename(from, to)) {
+        syncFolder(QFileInfo(to).path());
+        return true;
+    }
+    if (QFileInfo::exists(to)) // perhaps only since the question above
         return false;
-    if (!QFile::rename(from, to))
-        throw RuntimeFailure(failure::DeviceIOError);
-    syncFolder(QFileInfo(to).path());
-    return true;
+    throw RuntimeFailure(failure::DeviceIOError);
 }
 
 } // namespace orb

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "paths.h"
 
+#include "durable_file.h"
 #include "failure.h"
 
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryFile>
+
+#include <optional>
 
 #ifndef Q_OS_WIN
 #include <unistd.h>
@@ -115,19 +118,31 @@ bool canBeWritten(const QString& path)
     return file.isWritable() && file.permission(QFile::WriteOwner);
 }
 
-/// Copies the file, whole or not at all, unless there is one of the new name. The copy can be written.
+/// The bytes of the file. None where it can't be opened, and a failure where it can't be read to its end.
+std::optional<QByteArray> contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray content = file.readAll();
+    if (file.error() != QFile::NoError)
+        throw RuntimeFailure(failure::PathFileAccessError);
+    return content;
+}
+
+/// Copies the file, unless there is one of the new name. The name is given to a copy that the disk holds whole, so that
+/// no interruption leaves a part of a file under it. The copy can be written.
 void copyUnlessThere(const QString& from, const QString& to)
 {
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
+    const auto content = QFileInfo::exists(to) ? std::nullopt : contentOf(from);
+    if (!content)
         return;
     QTemporaryFile draft(to + QStringLiteral(".XXXXXX"));
-    const QByteArray content = source.readAll();
-    const bool isWhole = draft.open() && draft.write(content) == content.size() && draft.flush();
-    const bool isNamed = isWhole && draft.rename(to); // which never replaces a file
-    if (!isNamed && !QFileInfo::exists(to))
+    if (!draft.open() || draft.write(*content) != content->size() || !draft.flush())
         throw RuntimeFailure(failure::PathFileAccessError);
-    draft.setAutoRemove(!isNamed);
+    syncFile(draft.fileName());
+    if (renameDurably(draft.fileName(), to))
+        draft.setAutoRemove(false); // nothing has the draft's name any more
 }
 
 void createFolderUnlessThere(const QString& path)

@@ -52,8 +52,9 @@ public:
     QString toWrite(const QString& literal) const { return ownDirectory_ + literal; }
 
     /// Creates the user's folder where it is in force and missing, with a copy of the `orb.mdb` that stands beside the
-    /// executable and of the folder `examples`. What is there is never overwritten. Throws `RuntimeFailure` 75 where
-    /// that fails.
+    /// executable and of the folder `examples`. What is there is never overwritten. Each copy has its name only once the
+    /// disk holds it whole, so that a later start completes what was interrupted. Throws `RuntimeFailure` 75, 61 (the
+    /// disk is full) or 57 where that fails.
     void createOwnDirectory() const;
 
 private:

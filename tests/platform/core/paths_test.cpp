@@ -3,16 +3,43 @@
 #include "paths.h"
 #include "printing.h"
 #include "text_file.h"
+#include "watched_sync.h"
 
 #include <QDir>
 #include <QDirIterator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace orb;
 
 namespace {
+
+/// While it lives no file of this process grows beyond `bytes`, as on a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
 
 TEST(PathsTest, TheApplicationDirectoryWithALiteralFindsTheFileInAnyLetterCase)
 {
@@ -100,6 +127,15 @@ protected:
         ASSERT_TRUE(QFile::setPermissions(executable.filePath("orb.mdb"), QFile::ReadOwner | QFile::ReadOther));
     }
     QString own(const QString& name) const { return home.filePath("data/orb/" + name); }
+    static int numberOf(const std::function<void()>& action)
+    {
+        try {
+            action();
+        } catch (const RuntimeFailure& failure) {
+            return failure.number();
+        }
+        return 0;
+    }
     /// All files of the user's folder.
     QStringList ownFiles() const
     {
@@ -197,6 +233,69 @@ TEST_F(InstalledPathsTest, AStartAfterAnUnfinishedFirstOneCopiesWhatIsMissing)
     EXPECT_EQ(QFile::permissions(own("examples")), permissions) << "the user's choice";
 }
 
+TEST_F(InstalledPathsTest, ACopyHasItsNameOnlyOnceTheDiskHoldsIt)
+{
+    makeDatabaseReadOnly();
+    QStringList synced;
+    const WatchedSync watch([&](const QString& path) {
+        const QString name =
+            QDir(home.filePath("data")).relativeFilePath(path).replace(QRegularExpression("\\.\\w{6}$"), ".new");
+        synced << QString("%1: %2").arg(name, ownFiles().filter(QRegularExpression("(\\.a|\\.mdb)$")).join(' '));
+    });
+
+    Paths::forUser(executable.path()).createOwnDirectory();
+
+    EXPECT_EQ(synced, (QStringList{"orb/examples/stair.a.new: ", "orb/examples: examples/stair.a",
+                                   "orb/orb.mdb.new: examples/stair.a", "orb: examples/stair.a orb.mdb"}));
+}
+
+TEST_F(InstalledPathsTest, AFullDiskLeavesNoPartOfAFileAndTheNextStartCompletesTheCopy)
+{
+    const QByteArray large(100'000, 'x');
+    write(executable.filePath("orb.mdb"), large);
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+    {
+        const FullDisk full(50'000);
+        EXPECT_EQ(numberOf([&] { paths.createOwnDirectory(); }), failure::PathFileAccessError);
+    }
+    EXPECT_EQ(ownFiles(), QStringList{"examples/stair.a"});
+
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), (QStringList{"examples/stair.a", "orb.mdb"}));
+    EXPECT_TRUE(read(own("orb.mdb")) == large);
+}
+
+TEST_F(InstalledPathsTest, AFileThatCanNotBeReadToItsEndIsNotCopiedBeforeItCan)
+{
+    makeDatabaseReadOnly();
+    const Paths paths = Paths::forUser(executable.path());
+    const QString example = executable.filePath("examples/stair.a");
+    ASSERT_TRUE(QFile::remove(example) && QFile::link("/proc/self/mem", example)); // its first byte is an error
+    EXPECT_EQ(numberOf([&] { paths.createOwnDirectory(); }), failure::PathFileAccessError);
+    EXPECT_EQ(ownFiles(), QStringList());
+
+    ASSERT_TRUE(QFile::remove(example));
+    write(example, "points");
+    paths.createOwnDirectory();
+
+    EXPECT_EQ(ownFiles(), (QStringList{"examples/stair.a", "orb.mdb"}));
+    EXPECT_EQ(read(own("examples/stair.a")), "points");
+}
+
+TEST_F(InstalledPathsTest, WhatAKilledStartLeftIsNotTakenForACopy)
+{
+    makeDatabaseReadOnly();
+    QDir().mkpath(own(""));
+    write(own("orb.mdb.x7Yz12"), "empty ta");
+
+    Paths::forUser(executable.path()).createOwnDirectory();
+
+    EXPECT_EQ(read(own("orb.mdb")), "empty tables");
+    EXPECT_EQ(read(own("examples/stair.a")), "points");
+}
+
 TEST_F(InstalledPathsTest, WithoutExamplesToCopyThereIsNoFolderForThem)
 {
     makeDatabaseReadOnly();
@@ -229,12 +328,7 @@ TEST_F(InstalledPathsTest, AFolderThatCanNotBeCreatedIsAPathError)
 {
     makeDatabaseReadOnly();
     write(home.filePath("data"), "a file in the way");
-    try {
-        Paths::forUser(executable.path()).createOwnDirectory();
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.number(), failure::PathFileAccessError);
-    }
+    EXPECT_EQ(numberOf([&] { Paths::forUser(executable.path()).createOwnDirectory(); }), failure::PathFileAccessError);
 }
 
 TEST_F(InstalledPathsTest, AFileOfTheUsersFolderIsReadBeforeTheOneBesideTheExecutable)
