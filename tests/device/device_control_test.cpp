@@ -283,6 +283,21 @@ TEST_F(DeviceControlTest, AnInactiveControlSendsNothingWhicheverPageItShows)
     }
 }
 
+TEST_F(DeviceControlTest, TheRestOfSeparateQueriesIsNotSentOnceThePageIsLeft)
+{
+    connectInstrument([](const QByteArray&) { return QByteArray("1\n"); }); // to joined queries too
+    for (const bool isActive : {false, true}) {
+        control->ShowControlPage();
+        clock.advance(1'500);
+        ASSERT_THAT(line.sent, Contains(":LOAD1:PROT?"));
+        ASSERT_NE(line.sent.last(), ":LOAD3:PROT?") << "the last one of a round";
+        isActive ? control->setVisible(false) : control->PanelActive(false);
+        line.sent.clear();
+        clock.advance(60'000);
+        EXPECT_THAT(line.sent, IsEmpty());
+    }
+}
+
 TEST_F(DeviceControlTest, TheConnectPageDoesNotPollTheChannels)
 {
     connectInstrument();

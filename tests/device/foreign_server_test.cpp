@@ -19,6 +19,9 @@ namespace {
 using testing::AnyOf;
 using testing::ElementsAreArray;
 
+/// How joined queries are answered.
+enum class Joined { InOneLine, InALineEach, OnlyTheFirst };
+
 /// How a server delivers its answers.
 struct Manners {
     const char* name;
@@ -27,7 +30,8 @@ struct Manners {
     std::size_t packet = 0; ///< bytes of each packet, 0 for a whole answer
     int pauseMs = 0;        ///< between the packets of one answer
     int lateMs = 0;         ///< before each answer
-    int gatheredMs = 0;     ///< answers are held until no query has come for so long, and then leave together
+    Joined joined = Joined::InOneLine;
+    int gatheredMs = 0; ///< answers are held until no query has come for so long, and then leave together
 };
 
 std::ostream& operator<<(std::ostream& stream, const Manners& manners)
@@ -74,8 +78,10 @@ private:
             const std::string each = answerToOne(query.toStdString());
             if (each.empty())
                 continue;
-            answer += answer.empty() ? "" : ";";
+            answer += answer.empty() ? "" : manners_.joined == Joined::InOneLine ? ";" : manners_.lineEnd;
             answer += each;
+            if (manners_.joined == Joined::OnlyTheFirst)
+                break;
         }
         return answer.empty() ? answer : answer + manners_.lineEnd;
     }
@@ -127,6 +133,8 @@ const Manners allManners[] = {
     {.name = "Slow", .lateMs = 120},
     {.name = "SlowInPieces", .lineEnd = "\r\n", .packet = 7, .pauseMs = 30, .lateMs = 80},
     {.name = "Together", .gatheredMs = 100},
+    {.name = "ALineForEachOfJoinedQueries", .joined = Joined::InALineEach},
+    {.name = "OnlyTheFirstOfJoinedQueries", .joined = Joined::OnlyTheFirst},
     {.name = "Banner", .banner = "LOAD 2 remote interface\r\nType HELP for help.\r\n\r\n", .lineEnd = "\r\n"},
     {.name = "BannerOfFields", .banner = "LOAD 2, remote interface, 2 channels, ready\r\n", .lineEnd = "\r\n"},
 };

@@ -4,6 +4,8 @@
 #include "scripted_line.h"
 #include "virtual_clock.h"
 
+#include <QHash>
+
 #include <gmock/gmock.h>
 
 namespace orb {
@@ -175,6 +177,144 @@ TEST_F(ChannelPollTest, ARoundWithoutAKnownModeEndsBeforeTheSetValues)
     line.sent.clear();
     pollTimes(50);
     EXPECT_THAT(line.sent, ElementsAre(readings, modes));
+}
+
+/// The same for an instrument that answers the queries of a line each in a line of its own.
+class SeparatePollTest : public ChannelPollTest {
+protected:
+    SeparatePollTest()
+    {
+        line.onLine = [this](const QByteArray& text) {
+            for (const QByteArray& query : text.split(';'))
+                line.say(answers.value(query, "ZN,ORB3000,0001,1.0") + '\n', answerMs);
+        };
+    }
+    /// Until each query goes out by itself and the next round is the third one of these.
+    void becomeSeparate()
+    {
+        pollTimes(148);
+        line.sent.clear();
+        poll.hurry();
+    }
+
+    QHash<QByteArray, QByteArray> answers{{modules, "K11"},        {":FETC:ALLV?", "48,"},   {":FETC:ALLC?", "2,"},
+                                          {":FETC:ALLP?", "96,"},  {":LOAD:ALL?", "1"},      {":MODE1?", "CCH"},
+                                          {":VOLT1:RANG?", "LOW"}, {":LEV1?", "2"},          {":LOAD1:PROT?", "NONE"},
+                                          {":CURR1:L2? MIN", "0"}, {":CURR1:L2? MAX", "20"}, {setValues, "2.5"}};
+    const QList<QByteArray> eachReading = readings.split(';');
+    const QList<QByteArray> eachMode = modes.split(';');
+};
+
+TEST_F(SeparatePollTest, TheSecondLoneAnswerToTheReadingsMakesEachQueryGoOutByItself)
+{
+    const QByteArray marker = "*IDN?";
+    const QList<QByteArray> joined{modules, readings, marker, modes, marker, readings, marker};
+    const QList<QByteArray> separate = (readings + ';' + modes + ';' + limits + ';' + setValues).split(';');
+    pollTimes(90);
+    EXPECT_EQ(line.sent.join('\n'), (joined + separate).join('\n'));
+}
+
+TEST_F(SeparatePollTest, TheAnswersToSeparateQueriesAreTheReadouts)
+{
+    becomeSeparate();
+    const ChannelReadout& readout = poll.readouts().at(0);
+    EXPECT_EQ(readout.volts, 48.0);
+    EXPECT_EQ(readout.amperes, 2.0);
+    EXPECT_EQ(readout.watts, 96.0);
+    EXPECT_EQ(readout.loadOn, true);
+    EXPECT_EQ(readout.mode, "CCH");
+    EXPECT_EQ(readout.level, 2);
+    EXPECT_EQ(readout.setValue, 2.5);
+    EXPECT_EQ(readout.limits, (SetLimits{0, 20}));
+}
+
+TEST_F(SeparatePollTest, TheReadoutsAreNewWithTheLastAnswerOfTheirKind)
+{
+    becomeSeparate();
+    answers[":FETC:ALLV?"] = "47,";
+    for (int i = 0; i < 4; ++i)
+        EXPECT_FALSE(pollAfter(10)) << i;
+    EXPECT_EQ(poll.readouts().at(0).volts, 48.0);
+    EXPECT_TRUE(pollAfter(10));
+    EXPECT_EQ(poll.readouts().at(0).volts, 47.0);
+}
+
+TEST_F(SeparatePollTest, ReadoutsCarryTheNumberOfTheFirstOfTheirQueries)
+{
+    becomeSeparate();
+    const int before = poll.sentCount();
+    pollTimes(5);
+    EXPECT_EQ(line.sent, (eachReading + QList<QByteArray>{eachMode[0]}));
+    EXPECT_EQ(poll.numberOf(ChannelQueryKind::Readings), before + 1);
+}
+
+TEST_F(SeparatePollTest, AnAnswerThatStaysAwayLeavesItsOwnValueUnknown)
+{
+    becomeSeparate();
+    const auto answer = line.onLine;
+    line.onLine = [&](const QByteArray& text) { text == ":FETC:ALLC?" ? void() : answer(text); };
+    pollTimes(2);
+    pollAfter(static_cast<int>(Session::patienceMs));
+    pollTimes(3);
+    EXPECT_EQ(poll.readouts().at(0).volts, 48.0);
+    EXPECT_EQ(poll.readouts().at(0).amperes, std::nullopt);
+    EXPECT_EQ(poll.readouts().at(0).watts, 96.0);
+}
+
+TEST_F(SeparatePollTest, AHurriedRoundDoesNotWaitForTheEndOfALongOne)
+{
+    becomeSeparate();
+    pollTimes(6);
+    ASSERT_EQ(line.sent.back(), eachMode[1]);
+    poll.hurry();
+    line.sent.clear();
+    pollTimes(5);
+    EXPECT_EQ(line.sent, (eachReading + QList<QByteArray>{eachMode[0]}));
+}
+
+TEST_F(SeparatePollTest, AnAbandonedRoundBeginsWithItsFirstQuery)
+{
+    becomeSeparate();
+    pollTimes(3);
+    poll.abandon();
+    line.sent.clear();
+    poll.hurry();
+    pollTimes(4);
+    EXPECT_EQ(line.sent, eachReading);
+}
+
+TEST_F(SeparatePollTest, OneLoneAnswerChangesNothing)
+{
+    pollTimes(3);
+    const auto separately = line.onLine;
+    line.onLine = [this](const QByteArray& text) {
+        line.say(text == readings ? "48,;2,;96,;1\n" : text == modes ? "CCH;LOW;2;NONE\n" : "ZN,ORB3000,0001,1.0\n");
+    };
+    pollTimes(60);
+    line.onLine = separately;
+    line.sent.clear();
+    poll.hurry();
+    pollTimes(1);
+    EXPECT_THAT(line.sent, ElementsAre(readings));
+}
+
+TEST_F(SeparatePollTest, AnswersThatStayAwayChangeNothing)
+{
+    line.onLine = nullptr;
+    for (int i = 0; i < 12; ++i)
+        pollAfter(static_cast<int>(Session::patienceMs));
+    EXPECT_THAT(line.sent, testing::Contains(readings).Times(testing::Ge(3)));
+    EXPECT_THAT(line.sent, testing::Not(testing::Contains(eachReading[1])));
+}
+
+TEST_F(SeparatePollTest, TheNextConnectionBeginsWithJoinedQueries)
+{
+    becomeSeparate();
+    pollTimes(2);
+    poll.restart(1);
+    line.sent.clear();
+    pollTimes(2);
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings));
 }
 
 TEST_F(ChannelPollTest, ARestartForgetsEverything)
