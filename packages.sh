@@ -41,6 +41,8 @@ test_packages=(
     dbus                    # a session,
     at-spi2-core            # the accessibility bus
     python3-pyatspi         # and a reader of what is on it
+    avahi-daemon            # announces instruments that the program searches for,
+    iproute2                # on a network of the test's own
 )
 
 # What a session without an X server needs besides.
