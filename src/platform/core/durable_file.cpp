@@ -62,11 +62,11 @@ void syncFile(const QString& path)
 
 bool renameDurably(const QString& from, const QString& to)
 {
-    if (!QFileInfo::exists(to) && QFile::rename(from, to)) {
+    if (QFile::rename(from, to)) { // which replaces no file
         syncFolder(QFileInfo(to).path());
         return true;
     }
-    if (QFileInfo::exists(to)) // perhaps only since the question above
+    if (QFileInfo::exists(to))
         return false;
     throw RuntimeFailure(failure::DeviceIOError);
 }

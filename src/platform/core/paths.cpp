@@ -134,15 +134,14 @@ std::optional<QByteArray> contentOf(const QString& path)
 /// no interruption leaves a part of a file under it. The copy can be written.
 void copyUnlessThere(const QString& from, const QString& to)
 {
-    const auto content = QFileInfo::exists(to) ? std::nullopt : contentOf(from);
+    const auto content = contentOf(from);
     if (!content)
         return;
     QTemporaryFile draft(to + QStringLiteral(".XXXXXX"));
     if (!draft.open() || draft.write(*content) != content->size() || !draft.flush())
         throw RuntimeFailure(failure::PathFileAccessError);
     syncFile(draft.fileName());
-    if (renameDurably(draft.fileName(), to))
-        draft.setAutoRemove(false); // nothing has the draft's name any more
+    renameDurably(draft.fileName(), to);
 }
 
 void createFolderUnlessThere(const QString& path)

@@ -283,7 +283,7 @@ TEST_F(SeparatePollTest, AnAbandonedRoundBeginsWithItsFirstQuery)
     EXPECT_EQ(line.sent, eachReading);
 }
 
-TEST_F(SeparatePollTest, OneLoneAnswerChangesNothing)
+TEST_F(SeparatePollTest, LoneAnswersWithAWholeOneBetweenThemChangeNothing)
 {
     pollTimes(3);
     const auto separately = line.onLine;
@@ -294,8 +294,8 @@ TEST_F(SeparatePollTest, OneLoneAnswerChangesNothing)
     line.onLine = separately;
     line.sent.clear();
     poll.hurry();
-    pollTimes(1);
-    EXPECT_THAT(line.sent, ElementsAre(readings));
+    pollTimes(2);
+    EXPECT_THAT(line.sent, ElementsAre(readings, "*IDN?", modes));
 }
 
 TEST_F(SeparatePollTest, AnswersThatStayAwayChangeNothing)
@@ -313,8 +313,10 @@ TEST_F(SeparatePollTest, TheNextConnectionBeginsWithJoinedQueries)
     pollTimes(2);
     poll.restart(1);
     line.sent.clear();
-    pollTimes(2);
-    EXPECT_THAT(line.sent, ElementsAre(modules, readings));
+    pollTimes(4);
+    EXPECT_THAT(line.sent, ElementsAre(modules, readings, "*IDN?", modes));
+    pollTimes(86);
+    EXPECT_EQ(line.sent.last(), setValues) << "found out anew, by two lone answers";
 }
 
 TEST_F(ChannelPollTest, ARestartForgetsEverything)
