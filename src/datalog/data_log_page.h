@@ -117,6 +117,8 @@ protected:
 
 private:
     void createLayout();
+    void placeBoxes();
+    int heightOfSecondBox() const;
     void bindGrid();
     QWidget* toolBar();
     QLayout* graphRow();
@@ -159,9 +161,6 @@ private:
     const Paths& paths_;
     ORBCtrl& CORB_;
     Database& dbMain_;
-    void placeBoxes();
-    int heightOfSecondBox() const;
-
     QBoxLayout* side_ = nullptr; ///< the boxes beside the graph; owned by the page
     bool loopIsRunning_ = false; ///< the loop of a recording is on the stack
 };
