@@ -27,7 +27,12 @@ using namespace orb;
 constexpr qint64 faultEveryMs = 10'000;
 constexpr int longestMinutes = 24 * 60;
 const QString timeFormat = QStringLiteral("yyyy/MM/dd HH:mm:ss");
-constexpr double mostGrowthMiB = 4; ///< from the first quarter of the recording to its end
+/// From the first quarter of the recording to its end.
+#ifdef __SANITIZE_ADDRESS__
+constexpr double mostGrowthMiB = 1024; // the sanitizer keeps what was freed
+#else
+constexpr double mostGrowthMiB = 4;
+#endif
 
 /// The faults that a recording outlives.
 const std::vector<FaultRule> survivable =
